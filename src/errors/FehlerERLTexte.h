@@ -1,0 +1,23 @@
+// The rows of the error table: code, severity, field reference and the message in three languages.
+#pragma once
+
+#include "support/Text.h"
+
+#include <span>
+
+namespace zepholt {
+
+// One code and all that is known about it.
+struct FehlerZeile {
+    std::int32_t Code;      // four decimal digits
+    TextSicht Schwere;      // u"A" an error, u"B" a warning, empty for the codes of the command line
+    TextSicht Feld;         // field reference such as u"G1:2a", empty when the code speaks of no one field
+    TextSicht Deutsch;
+    TextSicht Franzoesisch;
+    TextSicht Italienisch;
+};
+
+// All rows in ascending order of their codes.
+std::span<const FehlerZeile> FehlerTexte();
+
+} // namespace zepholt
