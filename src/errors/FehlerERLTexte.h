@@ -9,9 +9,9 @@ namespace zepholt {
 
 // One code and all that is known about it.
 struct FehlerZeile {
-    std::int32_t Code;      // four decimal digits
-    TextSicht Schwere;      // u"A" an error, u"B" a warning, empty for the codes of the command line
-    TextSicht Feld;         // field reference such as u"G1:2a", empty when the code speaks of no one field
+    std::int32_t Code; // four decimal digits
+    TextSicht Schwere; // u"A" an error, u"B" a warning, empty for the codes of the command line
+    TextSicht Feld;    // field reference such as u"G1:2a", empty when the code speaks of no one field
     TextSicht Deutsch;
     TextSicht Franzoesisch;
     TextSicht Italienisch;

@@ -1,0 +1,40 @@
+// The one store of findings. Tests report bare codes; severity, field and text are looked up when the protocol is
+// written. Nobody else writes the list.
+#pragma once
+
+#include "support/Text.h"
+
+#include <vector>
+
+namespace zepholt {
+
+struct FehlerEintrag {
+    std::int32_t Code = 0;     // four digits
+    std::int32_t Zeile = 0;    // line of the exchange file from 0, or -1 when the entry belongs to no line
+    std::int32_t Spalte = 0;   // first column of the field, from 1; 0 when none was named
+    std::int32_t Kapitel = 0;  // chapter that the entry concerns, 0 when none
+    std::int32_t Position = 0; // position that it concerns (columns 8 to 13 of a G record), 0 when none
+};
+
+struct FehlerSpeicher {
+    std::vector<FehlerEintrag> FehlerListe; // in the order of adding, until the protocol sorts it
+};
+
+inline FehlerSpeicher fehlerSpeicher;
+
+// The number of entries.
+inline std::int32_t FehlerAnzahl() {
+    return static_cast<std::int32_t>(fehlerSpeicher.FehlerListe.size());
+}
+
+// Empties the store.
+void FehlerLoeschen();
+
+// Adds an entry without a column, stamped with ZeilenNr, FehlerKapitel and FehlerPosition of this moment.
+void FehlerMelden(std::int32_t code);
+
+// The same with the first column (from 1) of the offending field. In the old interface (Revision below 12) the codes
+// 3003, 3224, 3234, 6901, 6902 and 6102 are dropped.
+void FehlerHinzufuegen(std::int32_t code, std::int32_t spalte);
+
+} // namespace zepholt

@@ -1,0 +1,33 @@
+// The layout of the record types: which fields a record has, in which columns and how long.
+//
+// It serves the character test, which walks it forward, and the protocol, which turns a column into a field reference.
+// The record tests name their columns themselves.
+#pragma once
+
+#include "support/Text.h"
+
+#include <algorithm>
+#include <span>
+
+namespace zepholt {
+
+struct RecordLayout {
+    TextSicht Feldbezug; // such as u"G6:24h"; its first two characters are the record type, u"A:" and u"Z:" for A and Z
+    std::int32_t Spalte; // first column, from 1
+    std::int32_t Laenge; // columns
+};
+
+// The substring of `zeile` at `spalte` (from 1) of length `laenge`; shorter or empty when the line ends early.
+inline TextSicht Feld(TextSicht zeile, std::int32_t spalte, std::int32_t laenge) {
+    const auto anfang = static_cast<std::size_t>(spalte - 1);
+    return anfang < zeile.size() ? zeile.substr(anfang, static_cast<std::size_t>(laenge)) : TextSicht();
+}
+
+// The rows of all record types that hold for the current Revision and kind of file, those of one type together and in
+// ascending order of column.
+std::span<const RecordLayout> RecordLayouts();
+
+// The rows of the type of one line, found by columns 1 and 42; empty for an undefined type.
+std::span<const RecordLayout> LayoutsVon(TextSicht zeile);
+
+} // namespace zepholt

@@ -1,0 +1,22 @@
+// The tests of the item records G1 to G6 and the checks over the finished tree.
+#pragma once
+
+#include "support/Text.h"
+
+namespace zepholt {
+
+void PruefeG1(); // chapter: 4101 to 4103 (each stops), 4104
+void PruefeG2(); // position: 4201, 4211 to 4217, 4221 (each stops), 4231
+void PruefeG3(); // variable line: 4301 to 4303 (each stops), 4304, 4307, 4308, 4311, 4321, 4331, 4231
+void PruefeG4(); // preliminary-remark assignment: 3208, 4401 to 4403 (each stops), 4411 to 4496, 4481
+void PruefeG5(); // unit and price: 4501 to 4503 (each stops), 4504 to 4507, 4511, 4521
+
+// Quantity, or detail measurement line when G6:4 or G6:5 is filled: 3208, 4601, 4602 (each stops), 4521, 4611 to 4694,
+// 2032. `zeilenGruppeG6` tells whether a neighbouring line has a 6 in column 42; the test makes no use of it.
+void PruefeG6(bool zeilenGruppeG6);
+
+// The checks over the finished tree, run once behind the last G record: 4711, 4721, 4731, 4741, 4742. No line;
+// stamped with chapter and position.
+void PruefeNachlauf();
+
+} // namespace zepholt

@@ -1,0 +1,59 @@
+// The searches over the tree and the structure tables, and the digit rules of chapter and position numbers.
+//
+// Nothing here reports. Each search gives the result of a scan from the first entry, first match first; lookups that
+// grow with the document use an index that is filled where the tree grows.
+#pragma once
+
+#include "doctest/SIA451Datei.h"
+#include "support/Text.h"
+
+namespace zepholt {
+
+// --- Tree: index from 0, or -1. The indices handed in must be valid.
+
+std::int32_t SucheKapitel(std::int32_t nummer);
+std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer);
+std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer);
+std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile);
+
+// --- Structure tables. The text before the first '*' of a code is a prefix; what follows the '*' is ignored, and '*'
+// at the first place matches everything, an empty table too. A structure that no B0 announced has no entries that
+// count.
+
+bool OGLGefunden(TextSicht code);
+bool KAGGefunden(TextSicht code);
+bool EKGGefunden(TextSicht code);
+bool VariantengruppeGefunden(TextSicht code);
+bool EinrichtungGefunden(TextSicht code);
+
+// Two levels: the first argument is matched exactly, a '*' in it too; the second takes a joker.
+bool PSLGefunden(TextSicht ogl, TextSicht psl);
+bool VarianteGefunden(TextSicht gruppe, TextSicht variante);
+
+// Exact only: '*' is an ordinary character.
+bool NutzungGefunden(TextSicht code);
+bool RaumGefunden(TextSicht code);
+
+// A chapter as text, joker permitted, against the decimal text of the document's chapters without leading zeros.
+bool KapitelGefunden(TextSicht kapitel);
+
+// True when the text holds a '*'.
+bool HatJoker(TextSicht text);
+
+// --- Numbers: pure arithmetic on digits.
+
+// A chapter with a 9 in any of its three digits.
+bool IstReserveKapitel(std::int32_t nummer);
+
+// A position with a 9 in its second, third, fourth or fifth digit of six.
+bool IstReservePosition(std::int32_t nummer);
+
+// True when a preliminary remark lies in one of the four digit ranges that cover `position`: its main position, its
+// sub-section, its section, the chapter.
+bool ImGueltigkeitsbereich(std::int32_t kapitel, std::int32_t position, std::int32_t vorbemerkung);
+
+// Sets the bar to the fixed value of a phase of loading a chapter: 0 and 6 give 0, 1 gives 45, 2 gives 165, 3 gives
+// 185, 4 gives 200; any other does nothing.
+void FortschrittPhase(std::int32_t phase);
+
+} // namespace zepholt

@@ -1,0 +1,119 @@
+// The one door to the platform: files, folders, the clock, the command line, standard error.
+//
+// One header, one source per platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake. Paths are Text. On Linux
+// a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so that every name opens and
+// comes back as it was; on Windows a path is the platform's own text and may be longer than 260 characters.
+#pragma once
+
+#include "support/Text.h"
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace zepholt {
+
+// The bytes of a file, or of a stretch of one. Not initialised before they are read: a large file is touched once.
+class Bytes {
+public:
+    Bytes() = default;
+    explicit Bytes(std::size_t anzahl);
+
+    unsigned char* data() { return m_daten.get(); }
+    const unsigned char* data() const { return m_daten.get(); }
+    std::size_t size() const { return m_anzahl; }
+    bool empty() const { return m_anzahl == 0; }
+    unsigned char operator[](std::size_t i) const { return m_daten[i]; }
+    std::span<const unsigned char> Sicht() const { return {m_daten.get(), m_anzahl}; }
+
+private:
+    std::unique_ptr<unsigned char[]> m_daten;
+    std::size_t m_anzahl = 0;
+};
+
+enum class DateiArt { Nichts, Datei, Ordner, Anderes }; // Anderes: a device, a pipe, a socket
+
+struct OrdnerEintrag {
+    Text Name; // without its folder
+    DateiArt Art = DateiArt::Nichts;
+    bool Versteckt = false; // Windows: the hidden or the system attribute; Linux: never (a name counts as it stands)
+};
+
+// What stands at a path, links followed. No wildcards here. Any failure of the query gives Nichts.
+DateiArt ArtVon(const Text& pfad);
+
+// The entries of the folder of `muster` whose names match the last part of `muster`, in ascending order of the names'
+// bytes. `*` and `?` act in that last part only; on Linux a leading dot hides a name from a wildcard. A path without
+// wildcards gives the one entry itself. A failure on the way gives what was found until then.
+std::vector<OrdnerEintrag> EintraegeSuchen(const Text& muster);
+
+// The character between the parts of a path, and whether a character is one (on Windows '/' too).
+char16_t PfadTrenner();
+bool IstPfadTrenner(char16_t zeichen);
+
+// An open file for reading at any place; closed by its end. Every failure is a LaufzeitFehler.
+class LeseDatei {
+public:
+    explicit LeseDatei(const Text& pfad);
+    ~LeseDatei();
+    LeseDatei(const LeseDatei&) = delete;
+    LeseDatei& operator=(const LeseDatei&) = delete;
+
+    std::uint64_t Groesse() const { return m_groesse; } // bytes
+
+    // Up to `anzahl` bytes from the offset `stelle` (from 0) on, fewer where the file ends before.
+    Bytes Lies(std::uint64_t stelle, std::size_t anzahl);
+
+private:
+    std::intptr_t m_griff = -1;
+    std::uint64_t m_groesse = 0;
+};
+
+// An output file that comes out complete or not at all: written beside its place, renamed into it by Abschliessen.
+// An end without Abschliessen, or a failure on the way, leaves neither file nor remnant. Nothing here throws.
+class AusgabeDatei {
+public:
+    explicit AusgabeDatei(const Text& pfad);
+    ~AusgabeDatei();
+    AusgabeDatei(const AusgabeDatei&) = delete;
+    AusgabeDatei& operator=(const AusgabeDatei&) = delete;
+
+    void Schreiben(std::string_view bytes); // collected and written in large pieces
+    bool Abschliessen();                    // true when the file stands at its place, whole
+
+private:
+    void Leeren();
+    void Verwerfen();
+
+    Text m_pfad;
+    Text m_nebenan; // where the bytes go until the file is complete
+    std::intptr_t m_griff = -1;
+    bool m_gut = false;
+    std::string m_puffer;
+};
+
+// True when a file can be created at `pfad`: it is opened for writing, closed and deleted. Nothing is left behind.
+// Never opens what exists already and is no ordinary file.
+bool DateiAnlegbar(const Text& pfad);
+
+// Local date and time.
+struct Zeitpunkt {
+    int Jahr = 0;
+    int Monat = 0; // 1 to 12
+    int Tag = 0;   // 1 to 31
+    int Stunde = 0;
+    int Minute = 0;
+};
+Zeitpunkt Jetzt();
+
+// The command text behind the program's own name. Windows takes it from the system as it stands; Linux rebuilds it from
+// the arguments, joined by one blank: an argument that holds a blank and no quotation mark gets its value (behind the
+// first '='), or without '=' the whole argument, wrapped in quotation marks; an empty argument becomes two of them.
+Text Kommandozeile(int anzahl, char** argumente);
+
+// One line on standard error, and whether that is a terminal. Never touches standard output.
+void MeldungAusgeben(TextSicht text);
+bool MeldungIstTerminal();
+
+} // namespace zepholt
