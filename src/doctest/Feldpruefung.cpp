@@ -1,0 +1,137 @@
+#include "doctest/Feldpruefung.h"
+
+#include "errors/TestFehler.h"
+#include "intake/SIA451Felder.h"
+#include "intake/TestDaten.h"
+#include "support/HilfsFunktionen.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+namespace zepholt {
+
+namespace {
+
+void LeeresFeldMelden(std::int32_t spalte, Pflicht pflicht) {
+    if (pflicht == Zwingend) {
+        FehlerHinzufuegen(3002, spalte);
+    } else if (pflicht == Erwartet) {
+        FehlerHinzufuegen(3003, spalte);
+    }
+}
+
+// The digits of a field that is not blank; 3001 and no text when a character is no digit, or when the record ends
+// inside the field, whose missing columns count as blanks.
+std::optional<TextSicht> Ziffern(std::int32_t spalte, std::int32_t laenge) {
+    const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
+    const bool gefuellt = feld.size() == static_cast<std::size_t>(laenge);
+    if (!gefuellt || !std::ranges::all_of(feld, [](char16_t z) { return z >= u'0' && z <= u'9'; })) {
+        FehlerHinzufuegen(3001, spalte);
+        return std::nullopt;
+    }
+    return feld;
+}
+
+// Exact up to 15 digits, more than any field has.
+double Ziffernwert(TextSicht ziffern) {
+    double wert = 0;
+    for (const char16_t ziffer : ziffern) {
+        wert = wert * 10 + (ziffer - u'0');
+    }
+    return wert;
+}
+
+// Days since 1970-01-01 of the first day of a month in the proleptic Gregorian calendar; `monat` from 1 to 12.
+std::int32_t TageBisMonat(std::int32_t jahr, std::int32_t monat) {
+    // Counted from 1 March of year 0, so that the leap day is the last of its year.
+    const std::int32_t maerzJahr = monat > 2 ? jahr : jahr - 1;
+    const std::int32_t maerzMonat = (monat + 9) % 12;
+    const std::int32_t tage = 365 * maerzJahr + maerzJahr / 4 - maerzJahr / 100 + maerzJahr / 400;
+    return tage + (153 * maerzMonat + 2) / 5 - 719468;
+}
+
+// Month 0 is December of the year before, a month above 12 runs on into the next years; days carry by plain addition.
+std::int32_t Datum(std::int32_t jahr, std::int32_t monat, std::int32_t tag) {
+    const std::int32_t monate = jahr * 12 + monat - 1;
+    return TageBisMonat(monate / 12, monate % 12 + 1) + tag - 1;
+}
+
+} // namespace
+
+bool FeldLeer(std::int32_t spalte, std::int32_t laenge) {
+    return OhneLeerzeichenRechts(Feld(testDaten.Record, spalte, laenge)).empty();
+}
+
+TextSicht TextFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
+    const TextSicht text = OhneLeerzeichenRechts(Feld(testDaten.Record, spalte, laenge));
+    if (text.empty()) {
+        LeeresFeldMelden(spalte, pflicht);
+    }
+    return text;
+}
+
+TextSicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel regel, Pflicht pflicht) {
+    const TextSicht text = TextFeld(spalte, laenge, pflicht);
+    if (text.empty() || regel == JokerUngeprueft) {
+        return text;
+    }
+
+    const std::size_t joker = text.find(u'*');
+    const std::size_t erlaubt = regel == JokerAmEnde ? text.size() - 1 : TextSicht::npos;
+    if (joker != TextSicht::npos && joker != erlaubt) {
+        FehlerHinzufuegen(3001, spalte);
+    }
+
+    if (text.front() == u' ') {
+        FehlerHinzufuegen(3001, spalte);
+    }
+    return text;
+}
+
+std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
+    if (FeldLeer(spalte, laenge)) {
+        LeeresFeldMelden(spalte, pflicht);
+        return 0;
+    }
+    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    if (!ziffern) {
+        return 0;
+    }
+    const double wert = Ziffernwert(*ziffern);
+    if (wert > std::numeric_limits<std::int32_t>::max()) {
+        FehlerHinzufuegen(3001, spalte);
+        return 0;
+    }
+    return static_cast<std::int32_t>(wert);
+}
+
+double DezimalFeld(std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
+    if (FeldLeer(spalte, laenge)) {
+        return 0;
+    }
+    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    double wert = ziffern ? Ziffernwert(*ziffern) : 0;
+    for (std::int32_t i = 0; i < stellen; ++i) {
+        wert /= 10.0; // one after the other: the last bit can differ from a single division
+    }
+    return wert;
+}
+
+std::int32_t DatumFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
+    if (FeldLeer(spalte, laenge)) {
+        LeeresFeldMelden(spalte, pflicht);
+        return 0;
+    }
+    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    if (!ziffern) {
+        return 0;
+    }
+    const auto zweistellig = [&](std::size_t ab) {
+        return static_cast<std::int32_t>(Ziffernwert(ziffern->substr(ab, 2)));
+    };
+    const std::int32_t jahr = zweistellig(4);
+    return Datum(jahr < 89 ? 2000 + jahr : 1900 + jahr, zweistellig(2), zweistellig(0));
+}
+
+} // namespace zepholt

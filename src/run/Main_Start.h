@@ -1,0 +1,20 @@
+// The start of the program: command line, parameter test, the three roads of a run.
+#pragma once
+
+#include "support/Text.h"
+
+#include <vector>
+
+namespace zepholt {
+
+// A whole run on the command text behind the program's own name. Returns the exit status: 0 on every road, but 1 when a
+// run-time failure that no rule catches has ended the run without a protocol.
+int Main(TextSicht kommandozeile);
+
+// The arguments of a command text: separated by blanks outside quotation marks; the marks stay. Never an empty list.
+std::vector<Text> KommandozeileZerlegen(TextSicht kommandozeile);
+
+// The lines of the parameter message for a code 1001 to 1007, in `sprache` (1 to 3) where the code has one language.
+Text ParameterMeldung(std::int32_t code, std::int32_t sprache);
+
+} // namespace zepholt
