@@ -1,0 +1,36 @@
+// What a person sees of a run: the progress window with its cancel button, and the message box.
+//
+// One small interface; behind it the platform's window, or, where none can be shown, lines on standard error.
+#pragma once
+
+#include "support/Text.h"
+
+#include <memory>
+
+namespace zepholt {
+
+class Fenster {
+public:
+    virtual ~Fenster() = default;
+
+    virtual void ZeigeAustauschdatei(TextSicht text) = 0;
+    virtual void ZeigeProjekt(TextSicht text) = 0;
+    virtual void ZeigeDokument(TextSicht text) = 0;
+
+    // The caption of a phase. The bar is set apart from it.
+    virtual void ZeigeSchritt(TextSicht text) = 0;
+
+    // The filled share of the bar, from 0 (hidden) to 1 (full). Bounds by itself how often it repaints and lets waiting
+    // events through; a confirmed cancel sets testDaten.Abbruch.
+    virtual void ZeigeBalken(double anteil) = 0;
+};
+
+// Opens the progress window, shown without blocking. Never none: without a display the run goes on with lines on
+// standard error.
+std::unique_ptr<Fenster> FensterOeffnen();
+
+// Shows the parameter message (lines ended by CR LF) in a box with the stop icon and one OK button, or on standard
+// error where no box can be shown. Returns when it is answered.
+void MeldungsboxZeigen(TextSicht text);
+
+} // namespace zepholt
