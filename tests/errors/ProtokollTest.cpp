@@ -306,8 +306,8 @@ TEST_F(ProtokollTest, EqualKeysComeOutAsTheDefinedSortGivesThem) {
     FehlerSortieren();
     EXPECT_EQ(Spalten(), (std::vector<std::int32_t>{3, 2, 1}));
 
-    // 1 2 3 (equal) before 4: the pivot is the second; first pass swaps 1 and 3, then the range 1..3 of three entries
-    // is done: places 0 and 1 hold 3 2, a second pass over them swaps again.
+    // Three equal ones before a higher: the second is the pivot; the first and the third are swapped, then both scans
+    // meet at the second.
     FehlerLoeschen();
     Melde({2031, 0, 1, 0, 0});
     Melde({2031, 0, 2, 0, 0});
