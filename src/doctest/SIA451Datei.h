@@ -8,6 +8,8 @@
 #include "doctest/CodeListe.h"
 #include "support/Text.h"
 
+#include <map>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -119,6 +121,7 @@ struct KonditionEintrag {
     TextSicht Bezeichnung;          // C1:23
     TextSicht Text;                 // C1:24e
     std::vector<EinschraenkungEintrag> Einschraenkungen;
+    std::set<std::int32_t> Reihenfolgen; // those of Einschraenkungen but 0
 };
 
 // --- The tree (records G1 to G6) -------------------------------------------------------------------------------------
@@ -256,8 +259,10 @@ struct SIA451Datei {
     std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, parallel to GliederungNummern
 
     CodeListe<KAGEintrag> KAGTabelle;
+    std::set<TextSicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
     CodeListe<OGLEintrag> OGLTabelle;
     CodeListe<EKGEintrag> EKGTabelle;
+    std::set<TextSicht> EKGECodes; // the same of EKGTabelle
     CodeListe<EinrichtungEintrag> EinrichtungTabelle;
     CodeListe<VariantengruppeEintrag> VariantenTabelle;
     CodeListe<NutzungEintrag> NutzungTabelle;
@@ -268,7 +273,10 @@ struct SIA451Datei {
     bool BruttoVorhanden = false; // a C0 was seen
     double Bruttobetrag = 0;      // C0:15-16 with the sign of C0:14
     double BruttoRest = 0;
-    std::vector<KonditionEintrag> KonditionTabelle;
+    std::vector<KonditionEintrag> KonditionTabelle;           // in file order
+    std::map<std::int32_t, std::int32_t> KonditionNachNummer; // Nummer, index of its first condition
+    std::set<std::int32_t> KonditionStufen;                   // every Stufe that occurs
+    std::int32_t ErsteSteuerkondition = -1;                   // index of the first of Konditionsart 2
 
     // G1 to G6.
     std::vector<KapitelEintrag> DokumentKapitel;
