@@ -15,6 +15,11 @@ namespace {
 constexpr std::int32_t Mehrwertsteuer = 2; // values of Konditionsart
 constexpr std::int32_t Skonto = 3;
 
+// The place of a level or an order, fields of two digits, in a set of a hundred.
+std::size_t Platz(std::int32_t zweistellig) {
+    return static_cast<std::size_t>(zweistellig);
+}
+
 // --- C1
 
 struct Konditionsbetraege {
@@ -52,7 +57,7 @@ void NummerUndStufenPruefen(const KonditionEintrag& kondition) {
     if (kondition.Stufe < 1 || kondition.Stufe > 99) {
         FehlerMelden(5211);
     }
-    if (sia451Datei.KonditionStufen.contains(kondition.Stufe)) {
+    if (sia451Datei.KonditionStufen[Platz(kondition.Stufe)]) {
         FehlerMelden(5212);
     }
     if (kondition.Bezugsstufe < 0 || kondition.Bezugsstufe >= kondition.Stufe) {
@@ -107,7 +112,7 @@ void MehrwertsteuerPruefen(const KonditionEintrag& kondition) {
 void KonditionAnfuegen(const KonditionEintrag& kondition) {
     const auto index = static_cast<std::int32_t>(sia451Datei.KonditionTabelle.size());
     sia451Datei.KonditionNachNummer.emplace(kondition.Nummer, index); // a number that stands keeps its first entry
-    sia451Datei.KonditionStufen.insert(kondition.Stufe);
+    sia451Datei.KonditionStufen.set(Platz(kondition.Stufe));
     if (kondition.Konditionsart == Mehrwertsteuer && sia451Datei.ErsteSteuerkondition < 0) {
         sia451Datei.ErsteSteuerkondition = index;
     }
@@ -199,9 +204,12 @@ void PruefeC5() {
     VerweisPruefen(einschraenkung.Einrichtungstyp, EinrichtungGefunden, 5351);
     VerweisPruefen(einschraenkung.Kapitelangabe, KapitelGefunden, 5361);
 
-    if (einschraenkung.Reihenfolge != 0 && !kondition.Reihenfolgen.insert(einschraenkung.Reihenfolge).second) {
+    const std::size_t reihenfolge = Platz(einschraenkung.Reihenfolge);
+    if (reihenfolge != 0 && kondition.Reihenfolgen[reihenfolge]) {
         FehlerMelden(5371);
     }
+    kondition.Reihenfolgen.set(reihenfolge);
+
     if (testDaten.Revision >= 12) {
         NurOGLUndKAG(einschraenkung);
     }
