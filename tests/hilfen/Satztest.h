@@ -1,0 +1,81 @@
+// A run of single records for a test: each record is handed to its test as the driver would, and what it reported is
+// taken from the store.
+//
+// The records live as long as the run, so that the tables that view into them stay good. Beginne starts afresh.
+#pragma once
+
+#include "doctest/SIA451Datei.h"
+#include "errors/TestFehler.h"
+#include "hilfen/Zeilenbau.h"
+#include "intake/TestDaten.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <ostream>
+#include <utility>
+#include <vector>
+
+namespace zepholt::hilfen {
+
+constexpr std::int32_t Alt = 11; // the interface of 01S files
+constexpr std::int32_t Neu = 21; // the interface of E1S files
+
+// A finding: its code, its line from 0 (-1 for none), its column from 1 (0 for none).
+struct Fund {
+    std::int32_t Code;
+    std::int32_t Zeile;
+    std::int32_t Spalte = 0;
+
+    bool operator==(const Fund&) const = default;
+
+    friend std::ostream& operator<<(std::ostream& aus, const Fund& fund) {
+        return aus << fund.Code << "@" << fund.Zeile << ":" << fund.Spalte;
+    }
+};
+
+using Funde = std::vector<Fund>;
+
+class Satztest : public ::testing::Test {
+protected:
+    Satztest() { Beginne(Neu); }
+
+    // A fresh run of the given interface.
+    void Beginne(std::int32_t revision) {
+        testDaten = {};
+        sia451Datei = {};
+        FehlerLoeschen();
+        m_saetze.clear();
+        testDaten.Revision = revision;
+        testDaten.IstE1S = revision >= 12;
+    }
+
+    // Puts `satz` behind the lines so far (the first is line 0), makes it the current record and calls its test.
+    // Returns what the test reported, in the order of reporting.
+    template <class Test>
+    Funde Pruefe(Test test, Text satz) {
+        testDaten.Record = m_saetze.emplace_back(std::move(satz));
+        testDaten.ZeilenNr = testDaten.ZeilenAnzahl++;
+        testDaten.Zeilen.push_back(testDaten.Record);
+        testDaten.ZeilenNummern.push_back(testDaten.ZeilenNr);
+        return Rufe(test);
+    }
+
+    // Calls a test that has no record of its own.
+    template <class Test>
+    Funde Rufe(Test test) {
+        const auto bisher = static_cast<std::ptrdiff_t>(fehlerSpeicher.FehlerListe.size());
+        test();
+        Funde funde;
+        for (auto fehler = fehlerSpeicher.FehlerListe.begin() + bisher; fehler != fehlerSpeicher.FehlerListe.end();
+             ++fehler) {
+            funde.push_back({fehler->Code, fehler->Zeile, fehler->Spalte});
+        }
+        return funde;
+    }
+
+private:
+    std::deque<Text> m_saetze;
+};
+
+} // namespace zepholt::hilfen
