@@ -11,7 +11,7 @@ convert -size 256x256 xc:none \
     -fill none -stroke '#2e8b3d' -strokewidth 34 -draw 'stroke-linecap round stroke-linejoin round polyline 92,176 132,216 222,112' \
     "$ordner/256.png"
 for seite in 16 24 32 48 64; do
-    convert "$ordner/256.png" -filter Lanczos -resize ${seite}x${seite} -strip -define png:exclude-chunks=date,time \
+    convert "$ordner/256.png" -filter Box -resize ${seite}x${seite} -depth 8 -strip -define png:exclude-chunks=date,time \
         "$ordner/$seite.png"
 done
 convert "$ordner/16.png" "$ordner/24.png" "$ordner/32.png" "$ordner/48.png" "$ziel/zepholt.ico"

@@ -1,8 +1,8 @@
 // The border between the program and the module that shows its windows on Linux.
 //
-// The module is loaded only by a run with a dialog, and its toolkit with it. Both sides have a C++ runtime of their own:
-// only plain data crosses, no exception, and who has allocated frees. Texts are UTF-16 and end in a zero; they belong to
-// the caller and live as long as the call, those of FensterTexte as long as the window.
+// The module is loaded only by a run with a dialog, and its toolkit with it. Both sides have a C++ runtime of their
+// own: only plain data crosses, no exception, and who has allocated frees. Texts are UTF-16 and end in a zero; they
+// belong to the caller and live as long as the call, those of FensterTexte as long as the window.
 #pragma once
 
 #include "run/Formulare.h"

@@ -93,9 +93,7 @@ public:
     }
 
 private:
-    void Beschrifte(std::int32_t element, TextSicht text) {
-        m_modul.Beschriften(m_griff, element, Text(text).c_str());
-    }
+    void Beschrifte(std::int32_t element, TextSicht text) { m_modul.Beschriften(m_griff, element, Text(text).c_str()); }
 
     const Formulartexte m_zepholt = TexteZEPHOLT();
     const Formulartexte m_info = TexteInfo();

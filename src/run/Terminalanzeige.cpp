@@ -15,7 +15,7 @@ namespace zepholt {
 
 namespace {
 
-constexpr std::size_t kStriche = 30; // of the full bar
+constexpr std::size_t kStriche = 20; // of the full bar
 
 // Set by Ctrl+C, taken back when the question is answered. A signal handler can reach nothing but a static.
 volatile std::sig_atomic_t g_unterbrochen = 0;

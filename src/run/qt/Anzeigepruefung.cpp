@@ -75,7 +75,9 @@ bool WaylandBrauchbar() {
     return WaylandAntwortet() && (PlattformLadbar("wayland-generic") || PlattformLadbar("wayland-egl"));
 }
 
-bool XBrauchbar() { return XServerAntwortet() && PlattformLadbar("xcb"); }
+bool XBrauchbar() {
+    return XServerAntwortet() && PlattformLadbar("xcb");
+}
 
 } // namespace
 
@@ -94,6 +96,8 @@ bool AnzeigeVorhanden() {
     return name.isEmpty() && WaylandBrauchbar() && qputenv("QT_QPA_PLATFORM", "wayland");
 }
 
-bool VerbindungGestoert(xcb_connection_t* verbindung) { return xcb_connection_has_error(verbindung) != 0; }
+bool VerbindungGestoert(xcb_connection_t* verbindung) {
+    return xcb_connection_has_error(verbindung) != 0;
+}
 
 } // namespace zepholt

@@ -31,13 +31,21 @@ constexpr int kSchriftGroesste = 12; // pixels at 100 percent
 constexpr int kSchriftKleinste = 9;
 constexpr int kKnopfRand = 6; // pixels that a button needs on each side of its caption
 
-int Pixel(double twips) { return static_cast<int>(std::lround(twips / kTwipsJePixel)); }
+int Pixel(double twips) {
+    return static_cast<int>(std::lround(twips / kTwipsJePixel));
+}
 
-QRect Platz(const Steuerelement& e) { return {Pixel(e.Links), Pixel(e.Oben), Pixel(e.Breite), Pixel(e.Hoehe)}; }
+QRect Platz(const Steuerelement& e) {
+    return {Pixel(e.Links), Pixel(e.Oben), Pixel(e.Breite), Pixel(e.Hoehe)};
+}
 
-bool IstAbsatz(const Steuerelement& e) { return e.Art == ElementArt::Beschriftung && e.Hoehe > 300; }
+bool IstAbsatz(const Steuerelement& e) {
+    return e.Art == ElementArt::Beschriftung && e.Hoehe > 300;
+}
 
-QString AusText(const char16_t* text) { return QString::fromUtf16(text); }
+QString AusText(const char16_t* text) {
+    return QString::fromUtf16(text);
+}
 
 // --- The widgets of a form -------------------------------------------------------------------------------------------
 
