@@ -17,22 +17,27 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
     return 0;
 }
 
-double MitVorzeichen(TextSicht vorzeichen, double betrag, bool betragLeer, const VorzeichenCodes& codes) {
-    if (vorzeichen.empty()) {
-        if (!betragLeer) {
+Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
+    const TextSicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
+    return {vorzeichen, DezimalFeld(spalte, laenge, stellen), FeldLeer(spalte, laenge)};
+}
+
+double MitVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {
+    if (betrag.Vorzeichen.empty()) {
+        if (!betrag.Leer) {
             FehlerMelden(codes.VorzeichenFehlt);
         }
-        return betrag;
+        return betrag.Wert;
     }
 
-    if (vorzeichen != u"-" && vorzeichen != u"+") {
+    if (betrag.Vorzeichen != u"-" && betrag.Vorzeichen != u"+") {
         FehlerMelden(codes.Unzulaessig);
     }
-    if (betragLeer) {
+    if (betrag.Leer) {
         FehlerMelden(codes.BetragFehlt);
-        return betrag;
+        return betrag.Wert;
     }
-    return vorzeichen == u"-" ? -betrag : betrag;
+    return betrag.Vorzeichen == u"-" ? -betrag.Wert : betrag.Wert;
 }
 
 } // namespace zepholt

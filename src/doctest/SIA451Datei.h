@@ -12,6 +12,7 @@
 
 #include <bitset>
 #include <functional>
+#include <map>
 #include <set>
 #include <unordered_map>
 #include <vector>
@@ -124,6 +125,7 @@ struct KonditionEintrag {
     TextSicht Bezeichnung;          // C1:23
     TextSicht Text;                 // C1:24e
     std::vector<EinschraenkungEintrag> Einschraenkungen;
+    std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Einschraenkungen
 };
 
 // --- The tree (records G1 to G6) -------------------------------------------------------------------------------------
@@ -279,8 +281,10 @@ struct SIA451Datei {
     std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, parallel to GliederungNummern
 
     CodeListe<KAGEintrag> KAGTabelle;
+    std::set<TextSicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
     CodeListe<OGLEintrag> OGLTabelle;
     CodeListe<EKGEintrag> EKGTabelle;
+    std::set<TextSicht> EKGECodes; // the same of EKGTabelle
     CodeListe<EinrichtungEintrag> EinrichtungTabelle;
     CodeListe<VariantengruppeEintrag> VariantenTabelle;
     CodeListe<NutzungEintrag> NutzungTabelle;
@@ -291,7 +295,10 @@ struct SIA451Datei {
     bool BruttoVorhanden = false; // a C0 was seen
     double Bruttobetrag = 0;      // C0:15-16 with the sign of C0:14
     double BruttoRest = 0;
-    std::vector<KonditionEintrag> KonditionTabelle;
+    std::vector<KonditionEintrag> KonditionTabelle;           // in file order
+    std::map<std::int32_t, std::int32_t> KonditionNachNummer; // Nummer, index of its first condition
+    std::bitset<100> KonditionStufen;                         // the values of Stufe that occur
+    std::int32_t ErsteSteuerkondition = -1;                   // index of the first of Konditionsart 2
 
     // G1 to G6.
     std::vector<KapitelEintrag> DokumentKapitel;

@@ -1,0 +1,38 @@
+#include "run/Test.h"
+
+#include "catalogue/TestVLT.h"
+#include "doctest/TestInhalt.h"
+#include "errors/Protokoll.h"
+#include "intake/TestDaten.h"
+#include "intake/TestTechnisch.h"
+#include "run/DialogDeFrIt.h"
+#include "run/Fortschritt.h"
+
+namespace zepholt {
+
+void TestAusfuehren() {
+    ZeigeAustauschdatei(testDaten.Austauschdatei);
+    ZeigeProjekt(u"");
+    ZeigeDokument(u"");
+    ZeigeSchritt(u"", 0);
+
+    if (!DateiTesten()) {
+        if (!testDaten.Abbruch) {
+            ProtokollSchreiben(); // what was found so far; the phase is not displayed
+        }
+        return;
+    }
+    if (!testDaten.Abbruch) {
+        DokumentTesten();
+    }
+    if (!testDaten.Abbruch && testDaten.KatalogArt != 0) {
+        TesteKatalog();
+    }
+    if (!testDaten.Abbruch) {
+        ZeigeSchritt(Uebersetze(u"Schreibt Fehlerprotokoll"), 0);
+        ProtokollSchreiben();
+        ZeigeSchritt(u"", 0);
+    }
+}
+
+} // namespace zepholt
