@@ -140,6 +140,14 @@ std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const Menge
     return Finde(index, mengen, Streuwert(texte), texte);
 }
 
+bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge) {
+    return reihenfolge != 0 && position.Reihenfolgen.test(static_cast<std::size_t>(reihenfolge));
+}
+
+void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
+    position.Reihenfolgen.set(static_cast<std::size_t>(reihenfolge));
+}
+
 bool LaufnummerVergeben(TextSicht nummer) {
     const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
     return platz && *platz < sia451Datei.Laufnummern.size() && sia451Datei.Laufnummern[*platz];
@@ -195,7 +203,7 @@ bool RaumGefunden(TextSicht code) {
 }
 
 bool KapitelGefunden(TextSicht kapitel) {
-    KapitelTexte& index = sia451Datei.TexteDerKapitel;
+    Kapitelnummerntexte& index = sia451Datei.TexteDerKapitel;
     for (; index.Gelesen < sia451Datei.DokumentKapitel.size(); ++index.Gelesen) {
         index.Texte.insert(ZahlText(sia451Datei.DokumentKapitel[index.Gelesen].Nummer));
     }
