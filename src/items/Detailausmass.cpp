@@ -24,9 +24,7 @@ void PruefeDetailausmass(std::int32_t kapitel, std::int32_t position, std::int32
     eintrag.Text2 = TextFeld(138, 30, Freiwillig);
     eintrag.Text3 = TextFeld(208, 30, Freiwillig);
     const TextSicht mengenart = TextFeld(44, 1, Zwingend);
-    const TextSicht vorzeichen = TextFeld(45, 1, Freiwillig);
-    const double betrag = DezimalFeld(46, 13, 3);
-    const bool betragLeer = FeldLeer(46, 13);
+    const Betrag betrag = BetragFeld(45, 46, 13, 3);
 
     if (mengenart != u"A") {
         FehlerMelden(4693);
@@ -35,7 +33,7 @@ void PruefeDetailausmass(std::int32_t kapitel, std::int32_t position, std::int32
         FehlerMelden(4694);
     }
     // The sign has been tested with the quantity already: its faults count for both.
-    eintrag.Menge = MitVorzeichen(vorzeichen, betrag, betragLeer, {4613, 4614, 4615});
+    eintrag.Menge = MitVorzeichen(betrag, {4613, 4614, 4615});
     PruefeLeereFelder({{36, 6}, {61, 1}, {62, 1}, {63, 12}, {75, 7}, {123, 6}}); // 2032
 
     auto& mengen = Positionsort{kapitel, position}.Eintrag().Mengen;

@@ -22,18 +22,17 @@ std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position
     return Positionsort{kapitelIndex, positionIndex};
 }
 
-double PreisMitVorzeichen(TextSicht vorzeichen, double preis, bool preisLeer, std::int32_t unzulaessig,
-                          std::int32_t vorzeichenFehlt) {
-    if (vorzeichen.empty()) {
-        if (!preisLeer) {
+double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt) {
+    if (preis.Vorzeichen.empty()) {
+        if (!preis.Leer) {
             FehlerMelden(vorzeichenFehlt);
         }
-        return preis;
+        return preis.Wert;
     }
-    if (vorzeichen != u"-" && vorzeichen != u"+") {
+    if (preis.Vorzeichen != u"-" && preis.Vorzeichen != u"+") {
         FehlerMelden(unzulaessig);
     }
-    return vorzeichen == u"-" && !preisLeer ? -preis : preis;
+    return preis.Vorzeichen == u"-" && !preis.Leer ? -preis.Wert : preis.Wert;
 }
 
 void PruefePreisart(TextSicht preisart) {

@@ -1,6 +1,7 @@
 // Rules that several item records share: the position that a record belongs to, the sign of a price, its kind.
 #pragma once
 
+#include "doctest/Feldregeln.h"
 #include "doctest/SIA451Datei.h"
 #include "support/Text.h"
 
@@ -25,10 +26,9 @@ struct Positionsort {
 std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position, std::int32_t kapitelFehlt,
                                      std::int32_t positionFehlt);
 
-// `preis` with its sign; positive behind a bad sign, which is reported as `unzulaessig`, or behind none, which is
+// The price with its sign; positive behind a bad sign, which is reported as `unzulaessig`, or behind none, which is
 // reported as `vorzeichenFehlt` when there is a price. A sign without a price is no fault.
-double PreisMitVorzeichen(TextSicht vorzeichen, double preis, bool preisLeer, std::int32_t unzulaessig,
-                          std::int32_t vorzeichenFehlt);
+double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt);
 
 // The price kind of G5:17 and G6:17, which only the new interface tests: 4521.
 void PruefePreisart(TextSicht preisart);

@@ -37,9 +37,7 @@ void PruefeG5() {
     const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
     const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);
     const TextSicht einheit = TextFeld(59, 2, Freiwillig);
-    const TextSicht vorzeichen = TextFeld(62, 1, Freiwillig);
-    const double preis = DezimalFeld(63, 12, 2);
-    const bool preisLeer = FeldLeer(63, 12);
+    const Betrag preis = BetragFeld(62, 63, 12, 2);
     const TextSicht preisart = TextFeld(61, 1, Freiwillig);
 
     const std::optional<Positionsort> ort = SucheOrt(kapitel, nummer, 4501, 4502);
@@ -51,7 +49,7 @@ void PruefeG5() {
     }
     const KapitelEintrag& kapitelEintrag = sia451Datei.DokumentKapitel[static_cast<std::size_t>(ort->Kapitel)];
     PruefeEinheit(einheit, kapitel, kapitelEintrag.Versionsjahr, nummer);
-    const double preisMitVorzeichen = PreisMitVorzeichen(vorzeichen, preis, preisLeer, 4506, 4507);
+    const double preisMitVorzeichen = PreisMitVorzeichen(preis, 4506, 4507);
     PruefePreisart(preisart); // 4521
 
     // A second record of the same position takes the place of the first.
@@ -59,7 +57,7 @@ void PruefeG5() {
     position.HatG5 = true;
     position.Mengeneinheit = einheit;
     position.Preis = preisMitVorzeichen;
-    position.HatPreisVorzeichen = !vorzeichen.empty();
+    position.HatPreisVorzeichen = !preis.Vorzeichen.empty();
     position.Preisart = preisart;
 }
 

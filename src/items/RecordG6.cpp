@@ -22,12 +22,10 @@ struct Mengensatz {
     std::int32_t Kapitel;
     std::int32_t Position;
     bool IstDetail; // a detail measurement line
-    TextSicht Vorzeichen;
-    bool MengeLeer;
-    TextSicht PreisVorzeichen;
-    bool PreisLeer;
+    Betrag Menge;
+    Betrag Preis;
     TextSicht Preisart;
-    MengeEintrag Eintrag; // as far as the fields give it; the tests set the signs
+    MengeEintrag Eintrag; // but for Menge and Preis, which the tests give their signs
 };
 
 TextSicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
@@ -46,12 +44,8 @@ Mengensatz LiesMenge() {
     eintrag.Variante = Schluessel(33, 3);
     eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);
     eintrag.Mengenart = satz.IstDetail ? TextSicht() : TextFeld(44, 1, Zwingend);
-    satz.Vorzeichen = TextFeld(45, 1, Freiwillig);
-    eintrag.Menge = DezimalFeld(46, 13, 3);
-    satz.MengeLeer = FeldLeer(46, 13);
-    satz.PreisVorzeichen = TextFeld(62, 1, Freiwillig);
-    eintrag.Preis = DezimalFeld(63, 12, 2);
-    satz.PreisLeer = FeldLeer(63, 12);
+    satz.Menge = BetragFeld(45, 46, 13, 3);
+    satz.Preis = BetragFeld(62, 63, 12, 2);
     eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);
     eintrag.KAG = Schluessel(82, 5);
     eintrag.Element = Schluessel(87, 6);
@@ -96,14 +90,14 @@ void PruefePrimaervariante(const MengeEintrag& menge) {
 
 // The price of a quantity that has one of its own.
 void PruefePreis(Mengensatz& satz) {
-    double& preis = satz.Eintrag.Preis;
-    preis = PreisMitVorzeichen(satz.PreisVorzeichen, preis, satz.PreisLeer, 4622, 4623);
+    satz.Eintrag.Preis = PreisMitVorzeichen(satz.Preis, 4622, 4623);
     PruefePreisart(satz.Preisart); // 4521
 }
 
 // A quantity of a position that has the price already. The price stays positive, whatever its sign.
-void PruefeOhnePreis(const Mengensatz& satz) {
-    const bool mitPreis = !satz.PreisVorzeichen.empty() || !satz.PreisLeer;
+void PruefeOhnePreis(Mengensatz& satz) {
+    satz.Eintrag.Preis = satz.Preis.Wert;
+    const bool mitPreis = !satz.Preis.Vorzeichen.empty() || !satz.Preis.Leer;
     if (testDaten.Revision >= 12) {
         if (mitPreis || !satz.Preisart.empty()) {
             FehlerMelden(4624);
@@ -208,7 +202,7 @@ void PruefeG6(bool /*zeilenGruppeG6*/) {
 
     PruefeMengenart(menge.Mengenart);
     PruefePrimaervariante(menge);
-    menge.Menge = MitVorzeichen(satz.Vorzeichen, menge.Menge, satz.MengeLeer, {4613, 4614, 4615});
+    menge.Menge = MitVorzeichen(satz.Menge, {4613, 4614, 4615});
     if (!satz.IstDetail) {
         PruefeEinfacheMenge(satz, position);
     }

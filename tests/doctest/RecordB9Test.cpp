@@ -15,7 +15,7 @@ protected:
         GliederungenAnlegen();
     }
 
-    Funde B9(std::initializer_list<Feldwert> felder) { return Pruefe(PruefeB9, Zeile(u"B9", felder)); }
+    Funde B9(const std::vector<Feldwert>& felder) { return Pruefe(PruefeB9, Geaendert(Zeile(u"B9", {}), felder)); }
 
     static const KostenkontoEintrag& Letztes() { return sia451Datei.KostenkontoTabelle.back(); }
 };
@@ -74,14 +74,9 @@ TEST_F(RecordB9Test, References) {
         {{{24, u" 3"}, {82, u"**"}}, {{3001, 0, 24}, {3001, 0, 82}, {3272, 0}}},
     };
     for (const auto& fall : faelle) {
-        Text satz = Zeile(u"B9", {});
-        for (const Feldwert& feld : fall.Felder) {
-            satz.resize(std::max(satz.size(), static_cast<std::size_t>(feld.Spalte) - 1 + feld.Wert.size()), u' ');
-            satz.replace(static_cast<std::size_t>(feld.Spalte) - 1, feld.Wert.size(), feld.Wert);
-        }
         Beginne(0);
         GliederungenAnlegen();
-        EXPECT_EQ(Pruefe(PruefeB9, satz), fall.Erwartet);
+        EXPECT_EQ(B9(fall.Felder), fall.Erwartet);
         EXPECT_EQ(sia451Datei.KostenkontoTabelle.size(), 1U);
     }
 }

@@ -73,16 +73,11 @@ protected:
     void BeginneMitB0(std::int32_t revision) { BeginneMit(revision, {art.Nummer}); }
 
     // A record that all checks pass, but for what `felder` changes.
-    Funde Satz(TextSicht code, std::initializer_list<Feldwert> felder = {}) {
-        Text satz = Zeile(art.Name, {{2, art.Nummer}, {93, u"Name"}, {224, u" "}});
-        if (art.Name == u"B5") {
-            satz.replace(134, 3, u"A01");
-        }
-        satz.replace(static_cast<std::size_t>(art.Codespalte - 1), code.size(), code);
-        for (const Feldwert& feld : felder) {
-            satz.replace(static_cast<std::size_t>(feld.Spalte - 1), feld.Wert.size(), feld.Wert);
-        }
-        return Pruefe(art.Test, satz);
+    Funde Satz(TextSicht code, const std::vector<Feldwert>& felder = {}) {
+        const TextSicht primaervariante = art.Name == u"B5" ? u"A01" : u"";
+        const Text satz =
+            Zeile(art.Name, {{2, art.Nummer}, {93, u"Name"}, {135, primaervariante}, {art.Codespalte, code}});
+        return Pruefe(art.Test, Geaendert(satz, felder));
     }
 
     const Art& art = GetParam();
