@@ -104,10 +104,6 @@ inline KapitelDaten kapitelDaten;
 // entries in one list. There is no current chapter then.
 bool KapitelEinlesen(TextSicht text);
 
-// The steps of KapitelEinlesen. A failure of KapitelStruktur may also come as a LaufzeitFehler.
-bool KapitelStruktur(TextSicht dokument);
-void KapitelTexte(TextSicht dokument);
-
 // Makes Endknoten: all positions in catalogue order, but one that is refined by the next is replaced by it. More than
 // KapitelHAnzahl * 729 + 1 of them empty the list.
 void BildeEndknoten();

@@ -19,20 +19,22 @@ namespace zepholt {
 
 using ByteSicht = std::span<const unsigned char>;
 
-// Where the collected file has its chapters: found once by walking from head to head, kept for the run.
+// Where the collected file has its chapters: found once by walking from head to head, kept for the run. Each load reads
+// its chapter from the file again.
 struct KatalogInhalt {
     struct Platz {
-        std::uint64_t Stelle = 0; // byte offset from 0
-        std::int32_t Laenge = 0;  // bytes, head included
+        std::uint64_t Stelle = 0; // byte offset, from 0
+        std::size_t Laenge = 0;   // bytes, head included
     };
 
-    Text Pfad; // of the file that was walked
-    std::uint64_t Groesse = 0;
+    Text Pfad;                                      // of the file that was walked
+    std::uint64_t Groesse = 0;                      // and its size then, in bytes
     std::unordered_map<std::string, Platz> Plaetze; // by columns 5 to 12 of the head; the first of a key counts
 };
 
 struct KatalogDaten {
     Bytes KapitelRoh;             // the raw chapter; empty when nothing was fetched
+    Text Quelle;                  // where it comes from, for messages
     std::size_t LesePosition = 1; // in KapitelRoh, from 1
     Text KapitelXML;              // the expanded text, XML declaration included
     Text KapitelVerzeichnisText;

@@ -215,7 +215,7 @@ struct BezugIndex {
 };
 
 // The chapter numbers as decimal texts.
-struct KapitelTexte {
+struct Kapitelnummerntexte {
     std::size_t Gelesen = 0; // chapters taken in
     std::set<Text, std::less<>> Texte;
 };
@@ -303,7 +303,7 @@ struct SIA451Datei {
     // G1 to G6.
     std::vector<KapitelEintrag> DokumentKapitel;
     NummernIndex KapitelNachNummer;
-    KapitelTexte TexteDerKapitel;
+    Kapitelnummerntexte TexteDerKapitel;
     BezugIndex MengenNachBezug;
     std::vector<bool> Laufnummern; // running numbers that stand in the tree, see LaufnummerVergeben
 };

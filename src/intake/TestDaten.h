@@ -8,6 +8,7 @@
 #include "support/OS_API.h"
 #include "support/Text.h"
 
+#include <bitset>
 #include <vector>
 
 namespace zepholt {
@@ -27,15 +28,21 @@ struct TestDaten {
     bool Spezialfunktion = false; // Austauschdatei begins with '*'
 
     // --- The file, filled by the intake
-    bool IstE1S = false;           // the name ends in ".E1S"; nothing else decides
-    Text Dateiformat;              // "E1S" or "01S"
-    Text SchnittstellenId;         // A:3, columns 8 to 13 of line 1, once accepted
-    std::int32_t Revision = 0;     // A:4: 11 or 21 after a successful intake; from 12 on the new interface
-    bool Utf8Modus = false;        // the lines are decoded as UTF-8
-    Text DateiText;                // the whole file decoded, line ends included; everything below views into it
-    std::vector<TextSicht> Zeilen; // the lines without their ends, from 0
+    bool IstE1S = false;                     // the name ends in ".E1S"; nothing else decides
+    Text Dateiformat;                        // "E1S" or "01S"
+    Text SchnittstellenId;                   // A:3, columns 8 to 13 of line 1, once accepted
+    std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake; from 12 on the new interface
+    bool Utf8Modus = false;                  // the lines are decoded as UTF-8
+    Text DateiText;                          // all lines decoded, one behind the other; everything below views into it
+    std::vector<TextSicht> Zeilen;           // the lines without their ends, from 0
     std::vector<std::int32_t> ZeilenNummern; // the number in the file, from 0, of each entry of Zeilen
     std::int32_t ZeilenAnzahl = 0;
+
+    // --- The character test
+    Text ErlaubteZeichen;                // what a 451-92 file may hold in its fields
+    std::bitset<65536> IstErlaubt;       // the same by character
+    std::int32_t NaechsteSpalte = 1;     // the first column behind the last field tested
+    bool UndefinierterRecordTyp = false; // a line has no layout rows
 
     // --- The current place: the record in hand, and the stamps of the next finding
     TextSicht Record;

@@ -203,7 +203,7 @@ bool RaumGefunden(TextSicht code) {
 }
 
 bool KapitelGefunden(TextSicht kapitel) {
-    KapitelTexte& index = sia451Datei.TexteDerKapitel;
+    Kapitelnummerntexte& index = sia451Datei.TexteDerKapitel;
     for (; index.Gelesen < sia451Datei.DokumentKapitel.size(); ++index.Gelesen) {
         index.Texte.insert(ZahlText(sia451Datei.DokumentKapitel[index.Gelesen].Nummer));
     }

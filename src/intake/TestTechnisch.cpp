@@ -1,0 +1,217 @@
+#include "intake/TestTechnisch.h"
+
+#include "doctest/SIA451Datei.h"
+#include "errors/TestFehler.h"
+#include "intake/SIA451Felder.h"
+#include "intake/TestCRLFCodierung.h"
+#include "intake/TestDaten.h"
+#include "intake/TestUTF8Codierung.h"
+#include "intake/UTF8_Speicherung.h"
+#include "intake/UniversalSchluessel.h"
+#include "intake/Zeichentest.h"
+#include "run/DialogDeFrIt.h"
+#include "run/Fortschritt.h"
+#include "support/HilfsFunktionen.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace zepholt {
+
+namespace {
+
+bool Ablehnen(std::int32_t code) {
+    FehlerMelden(code);
+    return false;
+}
+
+// Lengths and positions of the file as the progress window takes them.
+std::int32_t Balkenwert(std::uint64_t bytes) {
+    return static_cast<std::int32_t>(std::min<std::uint64_t>(bytes, std::numeric_limits<std::int32_t>::max()));
+}
+
+// Only the end of the name decides, in any case.
+void DateiartBestimmen() {
+    const Text& name = testDaten.Austauschdatei;
+    Text ende = name.substr(name.size() - std::min<std::size_t>(name.size(), 4));
+    std::ranges::transform(ende, ende.begin(), Grossbuchstabe);
+    testDaten.IstE1S = ende == u".E1S";
+    testDaten.Dateiformat = testDaten.IstE1S ? u"E1S" : u"01S";
+}
+
+// The decoded first line against the kind of file.
+bool KopfPruefen(TextSicht kopf) {
+    const bool istE1S = testDaten.IstE1S;
+    const TextSicht id = Feld(kopf, 8, 6);
+    if (id != (istE1S ? u"QVMX17" : u"451-92")) {
+        return istE1S ? Ablehnen(2004) : Ablehnen(2002);
+    }
+    testDaten.SchnittstellenId = id;
+
+    const TextSicht revision = Feld(kopf, 14, 2);
+    if (ZahlAmAnfang(revision) < 11) {
+        return Ablehnen(2006);
+    }
+    testDaten.Revision = GanzzahlAmAnfang(revision);
+    if (istE1S && testDaten.Revision != 21) {
+        return Ablehnen(2005);
+    }
+    if (!istE1S && testDaten.Revision != 11) {
+        return Ablehnen(2006);
+    }
+
+    KopfUebernehmen(kopf);
+
+    const TextSicht sprache = Feld(kopf, 42, 1);
+    if (sprache != u"1" && sprache != u"2" && sprache != u"3") {
+        return Ablehnen(2003);
+    }
+    return true;
+}
+
+// The tests on the bytes of the whole file.
+bool BytesPruefen(const Dateibloecke& bloecke) {
+    if (bloecke.empty() || CrLfPruefen(bloecke) != 0) {
+        return Ablehnen(2001);
+    }
+    if (testDaten.IstE1S) {
+        const std::int32_t ergebnis = Utf8DateiPruefen(bloecke);
+        if (ergebnis != 0) {
+            return ergebnis == 1 ? Ablehnen(2007) : Ablehnen(2008);
+        }
+    }
+    return true;
+}
+
+// Decodes the lines from the second on behind the first; the bar moves at every fiftieth of the file.
+void ZeilenLesen(Zeilenleser& leser, std::uint64_t laenge, std::vector<TextSicht>& zeilen) {
+    const std::uint64_t schritt = laenge / 50;
+    for (std::uint64_t naechste = schritt; !leser.AmEnde();) {
+        if (naechste <= leser.Position()) {
+            ZeigeFortschritt(Balkenwert(leser.Position()));
+            naechste += schritt;
+        }
+        zeilen.push_back(ZeileDekodieren(leser.Naechste()));
+    }
+    ZeigeFortschritt(Balkenwert(laenge));
+}
+
+bool Einlesen() {
+    DateiartBestimmen();
+    Dateibloecke bloecke = DateiBytesLesen(testDaten.Austauschdatei);
+    if (!BytesPruefen(bloecke)) {
+        return false;
+    }
+    const std::uint64_t laenge = Gesamtlaenge(bloecke);
+    ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(laenge));
+
+    testDaten.DateiText.reserve(laenge); // a line never decodes to more units than bytes: no view is ever moved
+    std::vector<TextSicht> zeilen;
+    zeilen.reserve(ZeilenendenZaehlen(bloecke));
+    Zeilenleser leser(bloecke);
+    ByteSicht kopf = leser.Naechste();
+    if (!Utf8KopfPruefen(kopf)) {
+        return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
+    }
+    zeilen.push_back(ZeileDekodieren(kopf));
+    if (!KopfPruefen(zeilen[0])) {
+        return false;
+    }
+    ZeilenLesen(leser, laenge, zeilen);
+    testDaten.Zeilen = std::move(zeilen);
+    testDaten.ZeilenAnzahl = AnzahlElemente(testDaten.Zeilen);
+    return true;
+}
+
+// First and last record, and what they say of the file.
+bool RahmenPruefen() {
+    if (testDaten.ZeilenAnzahl < 1) {
+        return Ablehnen(2011);
+    }
+    const TextSicht a = testDaten.Zeilen.front();
+    const TextSicht z = testDaten.Zeilen.back();
+    if (Feld(a, 1, 1) != u"A") {
+        return Ablehnen(2011);
+    }
+    if (Feld(z, 1, 1) != u"Z") {
+        return Ablehnen(2012);
+    }
+    if (Feld(z, 62, 1) != u"-") { // no further file follows
+        return Ablehnen(2013);
+    }
+    if (ZahlAmAnfang(Feld(a, 63, 12)) != 1 || ZahlAmAnfang(Feld(z, 63, 12)) != 1) {
+        return Ablehnen(2014);
+    }
+    if (ZahlAmAnfang(Feld(z, 46, 13)) != testDaten.ZeilenAnzahl) {
+        return Ablehnen(2015);
+    }
+    return true;
+}
+
+// Doubled keys and the order of the lines. The lines are sorted in any case; in a file without a fault that leaves them
+// as they are, apart from files of more than a million lines, see ZeilenSortieren.
+bool SchluesselPruefen() {
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(testDaten.Zeilen);
+    const std::int32_t doppelt = DoppelterSchluessel(testDaten.Zeilen, reihenfolge);
+    if (!reihenfolge.IstSortiert) {
+        ZeilenSortieren(testDaten.Zeilen);
+    }
+    testDaten.ZeilenNummern.resize(testDaten.Zeilen.size());
+    std::iota(testDaten.ZeilenNummern.begin(), testDaten.ZeilenNummern.end(), 0);
+
+    if (doppelt > 0) {
+        testDaten.ZeilenNr = doppelt;
+        return Ablehnen(2021);
+    }
+    if (reihenfolge.ErsteZuNiedrige > 0) {
+        testDaten.ZeilenNr = reihenfolge.ErsteZuNiedrige;
+        return Ablehnen(2022);
+    }
+    return true;
+}
+
+void ZeichenPruefen() {
+    ErlaubteZeichenAufbauen();
+    testDaten.UndefinierterRecordTyp = false;
+    for (std::size_t k = 0; k < testDaten.Zeilen.size(); ++k) {
+        testDaten.Record = testDaten.Zeilen[k];
+        testDaten.ZeilenNr = testDaten.ZeilenNummern[k];
+        RecordZeichenTest();
+    }
+    if (testDaten.UndefinierterRecordTyp) {
+        testDaten.ZeilenNr = -1;
+        testDaten.FehlerKapitel = 0;
+        testDaten.FehlerPosition = 0;
+        FehlerMelden(2041);
+    }
+}
+
+} // namespace
+
+bool DateiTesten() {
+    if (!DateiEinlesen() || !RahmenPruefen() || !SchluesselPruefen()) {
+        return false;
+    }
+    ZeichenPruefen();
+    return true;
+}
+
+bool DateiEinlesen() {
+    try {
+        return Einlesen();
+    } catch (const std::exception&) { // the file system, a conversion, exhausted memory
+        return Ablehnen(2001);
+    }
+}
+
+void KopfUebernehmen(TextSicht zeile) {
+    sia451Datei.ProjektNummer = Feld(zeile, 82, 11);
+    sia451Datei.ProjektName = Feld(zeile, 93, 30);
+    sia451Datei.DokumentNummer = Feld(zeile, 123, 15);
+    sia451Datei.DokumentName = Feld(zeile, 138, 30);
+    sia451Datei.SoftwareHersteller = Feld(zeile, 168, 20);
+    sia451Datei.SoftwareName = Feld(zeile, 208, 30);
+}
+
+} // namespace zepholt

@@ -1,0 +1,25 @@
+// The stage that decides whether a file can be tested at all: loading, frame, keys, order, characters.
+//
+// It owns the file's members of TestDaten (kind, Revision, the lines and their numbers) and writes the raw header
+// fields of SIA451Datei.
+#pragma once
+
+#include "support/Text.h"
+
+namespace zepholt {
+
+// True when the document test may run. On false exactly one error stands in the store: one of 2001 to 2008, 2011 to
+// 2015, 2021, 2022. Findings 2031, 2032 and 2041 don't stop the run. Leaves Zeilen and ZeilenNummern behind: in the
+// order of the file, each line with its own number; after 2021 and 2022 the lines in their sorted order, numbered from
+// 0.
+bool DateiTesten();
+
+// Reads the exchange file into Zeilen and fixes IstE1S, Dateiformat, SchnittstellenId, Revision, Utf8Modus. False with
+// one error in the store: 2001 (empty, bad line ends, any failure while reading, memory exhausted), 2002 to 2006
+// (header), 2007 and 2008 (encoding of an E1S file).
+bool DateiEinlesen();
+
+// Keeps the raw columns of line 1 that a protocol names the project by, even if the file is refused later on.
+void KopfUebernehmen(TextSicht zeile);
+
+} // namespace zepholt

@@ -1,0 +1,34 @@
+// From the file's bytes to 16-bit text: the byte order mark and the two decoders.
+//
+// Decoded lines are kept in testDaten.DateiText, one behind the other; views into it stay valid as long as its capacity
+// suffices, which is made sure before the first line.
+#pragma once
+
+#include "intake/Dateibloecke.h"
+#include "support/Text.h"
+
+namespace zepholt {
+
+// True when the bytes begin with EF BB BF.
+bool BeginntMitMarke(ByteSicht bytes);
+
+// Where the stretch of bytes up to 127 ends that begins at `ab` (from 0).
+std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab);
+
+// Judges and removes the byte order mark of the file's first line and sets Utf8Modus; true if the file may go on. An
+// E1S file is UTF-8 with or without a mark. A 451-92 file must hold none until the end of 2098, may hold one until the
+// end of November 2099, and must hold one from then on: the mark makes it UTF-8.
+bool Utf8KopfPruefen(ByteSicht& zeile);
+
+// Decodes one line (without its end) to the end of DateiText, as Utf8Modus tells, and returns its text.
+TextSicht ZeileDekodieren(ByteSicht zeile);
+
+// Appends the text of a line in code page 850 to `ziel`: each byte its own Unicode character, control bytes stay. The
+// line is cut at its first zero byte.
+void OemNachAnsi(ByteSicht zeile, Text& ziel);
+
+// Appends the text of a line in UTF-8 to `ziel`. Where the bytes are no UTF-8, each longest beginning of a sequence, or
+// else each byte, becomes U+FFFD; a character above U+FFFF becomes a surrogate pair. Never more units than bytes.
+void Utf8NachUnicode(ByteSicht zeile, Text& ziel);
+
+} // namespace zepholt

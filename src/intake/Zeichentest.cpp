@@ -1,0 +1,155 @@
+#include "intake/Zeichentest.h"
+
+#include "errors/TestFehler.h"
+#include "intake/SIA451Felder.h"
+#include "intake/TestDaten.h"
+#include "intake/UTF8_Speicherung.h"
+#include "intake/UniversalSchluessel.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zepholt {
+
+namespace {
+
+constexpr std::int32_t Recordlaenge = 256; // columns
+
+struct Bereich {
+    std::int32_t Von;
+    std::int32_t Bis;
+};
+
+// The permitted characters as codes of code page 850.
+constexpr Bereich ErlaubteCodes[] = {
+    {32, 126},  {128, 168}, {171, 175}, {181, 183}, {189, 190}, {198, 199}, {207, 212},
+    {214, 216}, {221, 222}, {224, 239}, {241, 241}, {243, 245}, {248, 250},
+};
+constexpr Bereich ErlaubteCodesAbRevision11 = {252, 253};
+
+// The 27 characters of code page 1252 at its positions 128 to 159.
+constexpr TextSicht Sonderzeichen1252 = u"\u20AC\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152"
+                                        u"\u017D\u2018\u2019\u201C\u201D\u2022\u2013"
+                                        u"\u2014\u02DC\u2122\u0161\u203A\u0153\u017E\u0178";
+
+void CodesAnfuegen(const Bereich& bereich, std::vector<unsigned char>& codes) {
+    for (std::int32_t code = bereich.Von; code <= bereich.Bis; ++code) {
+        codes.push_back(static_cast<unsigned char>(code));
+    }
+}
+
+bool InUtf8() {
+    return testDaten.IstE1S || testDaten.Utf8Modus;
+}
+
+// Printable ASCII passes every character test. No early end, so that the loop runs on many columns at a time.
+bool NurDruckbaresAscii(TextSicht text) {
+    bool gut = true;
+    for (const char16_t zeichen : text) {
+        gut &= static_cast<char16_t>(zeichen - 32) <= 126 - 32;
+    }
+    return gut;
+}
+
+bool NurLeerzeichen(TextSicht text) {
+    bool gut = true;
+    for (const char16_t zeichen : text) {
+        gut &= zeichen == u' ';
+    }
+    return gut;
+}
+
+// Reports each character of a field that `erlaubt` refuses.
+template <class Regel>
+void ZeichenPruefen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
+    const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
+    if (NurDruckbaresAscii(feld)) {
+        return;
+    }
+    for (const char16_t zeichen : feld) {
+        if (!erlaubt(zeichen)) {
+            FehlerHinzufuegen(2031, spalte);
+        }
+        ++spalte;
+    }
+}
+
+// A record E, D or U: no layout, and any code that one byte of text can have.
+void FreieZeichenPruefen() {
+    if (!InUtf8()) {
+        const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
+        ZeichenPruefen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
+    }
+}
+
+// What stands between the last field tested and `spalte` must be blank.
+void LueckePruefen(std::int32_t spalte) {
+    const TextSicht luecke = Feld(testDaten.Record, testDaten.NaechsteSpalte, spalte - testDaten.NaechsteSpalte);
+    if (!NurLeerzeichen(luecke)) {
+        const auto stelle = static_cast<std::int32_t>(luecke.find_first_not_of(u' '));
+        FehlerHinzufuegen(2032, testDaten.NaechsteSpalte + stelle);
+    }
+}
+
+} // namespace
+
+void ErlaubteZeichenAufbauen() {
+    std::vector<unsigned char> codes;
+    for (const Bereich& bereich : ErlaubteCodes) {
+        CodesAnfuegen(bereich, codes);
+    }
+    if (testDaten.Revision >= 11) {
+        CodesAnfuegen(ErlaubteCodesAbRevision11, codes);
+    }
+    testDaten.ErlaubteZeichen.clear();
+    OemNachAnsi(codes, testDaten.ErlaubteZeichen);
+
+    testDaten.IstErlaubt.reset();
+    for (const char16_t zeichen : testDaten.ErlaubteZeichen) {
+        testDaten.IstErlaubt.set(zeichen);
+    }
+}
+
+void RecordZeichenTest() {
+    if (testDaten.Record.size() > Recordlaenge) {
+        FehlerHinzufuegen(2032, Recordlaenge + 1);
+    }
+    if (IstEDURecord(testDaten.Record)) {
+        FreieZeichenPruefen();
+        return;
+    }
+    const std::span<const RecordLayout> layouts = LayoutsVon(testDaten.Record);
+    if (layouts.empty()) {
+        testDaten.UndefinierterRecordTyp = true;
+        return;
+    }
+    for (const RecordLayout& layout : layouts) {
+        FeldZeichenTest(layout.Spalte, layout.Laenge);
+    }
+    FeldZeichenTest(Recordlaenge + 1, 0); // what stands behind the last field
+}
+
+void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
+    if (spalte == 1) {
+        testDaten.NaechsteSpalte = 1;
+    }
+    if (spalte > testDaten.NaechsteSpalte) {
+        LueckePruefen(spalte);
+    }
+    testDaten.NaechsteSpalte = spalte + laenge;
+    if (InUtf8()) {
+        UnicodeZeichenTest(spalte, laenge);
+    } else {
+        ZeichenPruefen(spalte, laenge, [](char16_t zeichen) { return testDaten.IstErlaubt.test(zeichen); });
+    }
+}
+
+void UnicodeZeichenTest(std::int32_t spalte, std::int32_t laenge) {
+    ZeichenPruefen(spalte, laenge, [](char16_t zeichen) {
+        const bool steuerzeichen = zeichen < 32 || (zeichen >= 127 && zeichen <= 159);
+        const bool in1252 = zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos;
+        return !steuerzeichen && (testDaten.IstE1S || in1252);
+    });
+}
+
+} // namespace zepholt
