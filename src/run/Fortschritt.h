@@ -14,6 +14,7 @@ void ZeigeProjekt(TextSicht text);
 void ZeigeDokument(TextSicht text);
 
 // A new phase: its caption, and the value at which the bar is full. The bar starts at 0; a maximum of 0 hides it.
+// An empty caption ends the last phase: it lets no event through.
 void ZeigeSchritt(TextSicht text, std::int32_t maximum);
 
 // Moves the bar to `wert`, in the unit of the phase's maximum. Cheap enough to be called for each record.
@@ -28,7 +29,8 @@ std::int64_t MilliSekunden();
 
 struct FortschrittStand {
     std::int32_t FortschrittMaximum = 0;    // of the phase in hand
-    std::int64_t NaechsterBlick = 0;        // milliseconds of Uhr: before it, the bar isn't moved
+    std::int64_t NaechsterBalken = 0;       // milliseconds of Uhr: before it, the bar gives no reason to look
+    std::int64_t NaechsterText = 0;         // the same for captions, which may be ahead of it for a while
     std::int64_t (*Uhr)() = &MilliSekunden; // tests set their own
 };
 
