@@ -5,6 +5,7 @@
 #include "errors/TestFehler.h"
 #include "intake/SIA451Felder.h"
 #include "intake/TestDaten.h"
+#include "run/Fortschritt.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 #include "support/tqXML.h"
@@ -289,6 +290,10 @@ void ProtokollSchreiben() {
         ausgabe.Schreiben(u"<Errors>");
         for (const FehlerEintrag& eintrag : fehlerSpeicher.FehlerListe) {
             ausgabe.Schreiben(ErrorElement(eintrag, xml));
+            BedieneFenster();
+            if (testDaten.Abbruch) {
+                return; // no file is left
+            }
         }
         ausgabe.Schreiben(u"</Errors>");
     }

@@ -1,5 +1,7 @@
 #include "intake/Dateibloecke.h"
 
+#include "run/Fortschritt.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -46,6 +48,7 @@ Dateibloecke DateiBytesLesen(const Text& pfad) {
     for (std::uint64_t stelle = 0; stelle < datei.Groesse();) {
         bloecke.push_back(BlockLesen(datei, stelle));
         stelle += bloecke.back().Laenge;
+        BedieneFenster();
     }
     return bloecke;
 }

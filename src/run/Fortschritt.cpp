@@ -86,6 +86,13 @@ void ZeigeFortschritt(std::int32_t wert) {
     fenster->Ereignisse();
 }
 
+void BedieneFenster() {
+    Fenster* fenster = testDaten.Fortschrittsfenster;
+    if (fenster != nullptr && BlickFuerBalken()) {
+        fenster->Ereignisse();
+    }
+}
+
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum) {
     const double breite = innen * static_cast<double>(wert) / static_cast<double>(maximum);
     if (!(breite >= 0.0)) { // 0 divided by 0 too, a phase without a maximum

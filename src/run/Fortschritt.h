@@ -20,6 +20,10 @@ void ZeigeSchritt(TextSicht text, std::int32_t maximum);
 // Moves the bar to `wert`, in the unit of the phase's maximum. Cheap enough to be called for each record.
 void ZeigeFortschritt(std::int32_t wert);
 
+// Lets waiting events through without moving anything: for long stretches that have no bar of their own. Cheap enough
+// to be called for each record.
+void BedieneFenster();
+
 // The width of the bar for a value, in the unit of `innen`, its full width: never below 0 nor above `innen`, and 0
 // where the phase has no maximum.
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum);

@@ -64,6 +64,7 @@ TEST_F(FortschrittTest, SilentRunDoesNothing) {
     ZeigeDokument(u"c");
     ZeigeSchritt(u"d", 1);
     ZeigeFortschritt(1);
+    BedieneFenster();
     EXPECT_EQ(0, m_fenster.Blicke);
     EXPECT_FALSE(testDaten.Abbruch);
 }
@@ -151,6 +152,19 @@ TEST_F(FortschrittTest, WindowAnswersSoonEvenBehindManyCaptions) {
     g_jetzt += 40;
     ZeigeFortschritt(1);
     EXPECT_EQ(1, m_fenster.Blicke);
+}
+
+TEST_F(FortschrittTest, StretchWithoutABarIsServedAsOftenAndLeavesTheBar) {
+    ZeigeSchritt(u"a", 100);
+    g_jetzt += 1000;
+    ZeigeFortschritt(50);
+    m_fenster.Blicke = 0;
+    for (std::int64_t i = 0; i < 1000; ++i) { // one second
+        ++g_jetzt;
+        BedieneFenster();
+    }
+    EXPECT_EQ(25, m_fenster.Blicke);
+    EXPECT_EQ(BalkenInnen / 2.0, m_fenster.Balken);
 }
 
 TEST_F(FortschrittTest, EmptyCaptionEndsAPhaseAndLetsNoEventThrough) {
