@@ -72,19 +72,12 @@ TEST_F(ArtVonTest, EinNulZeichenFindetNichts) {
 }
 
 TEST_F(EintraegeSuchenTest, AufsteigendNachDenBytesDerNamen) {
-    // In UTF-8: a 61, a-umlaut C3, U+FF21 EF, U+1F600 F0. By 16-bit units the last two would stand the other way round.
-    for (const char16_t* name : {u"z", u"\U0001F600", u"\uFF21", u"\u00E4", u"b", u"a1", u"a"}) {
+    // In UTF-8: U+00E4 C3, U+FF21 EF, U+1F600 F0. By 16-bit units the last two would stand the other way round.
+    for (const char16_t* name : {u"xz", u"x\U0001F600", u"x\uFF21", u"x\u00E4", u"xb", u"xa1", u"xa", u"x"}) {
         Datei(name);
     }
-    EXPECT_EQ(Gefunden(u"a*"), u"a a1");
-    EXPECT_EQ(Gefunden(u"?"), u"a b z \u00E4 \uFF21");
-}
-
-TEST_F(EintraegeSuchenTest, ZeichenAusserhalbDerErstenEbene) {
-    Datei(u"x\U0001F600");
-    Datei(u"x\uFF21");
-    EXPECT_EQ(Gefunden(u"x*"), u"x\uFF21 x\U0001F600");
-    EXPECT_EQ(Gefunden(u"x??"), u"x\U0001F600"); // one column is one 16-bit unit
+    EXPECT_EQ(Gefunden(u"x*"), u"x xa xa1 xb xz x\u00E4 x\uFF21 x\U0001F600");
+    EXPECT_EQ(Gefunden(u"x??"), u"xa1 x\U0001F600"); // one column is one 16-bit unit
 }
 
 struct MusterFall {
@@ -124,10 +117,10 @@ TEST_F(EintraegeSuchenTest, SternUndFragezeichen) {
 
 TEST_F(EintraegeSuchenTest, PlatzhalterNurImLetztenTeil) {
     Ordner(u"o");
-    Datei(u"o/a");
-    EXPECT_EQ(Gefunden(u"o/?"), u"a");
-    EXPECT_EQ(Gefunden(u"?/a"), u"");
-    EXPECT_EQ(Gefunden(u"?/?"), u"");
+    Datei(u"o/ab");
+    EXPECT_EQ(Gefunden(u"o/a?"), u"ab");
+    EXPECT_EQ(Gefunden(u"?/ab"), u"");
+    EXPECT_EQ(Gefunden(u"?/a?"), u"");
 }
 
 TEST_F(EintraegeSuchenTest, EinNameOhnePlatzhalterGibtDenEinenEintrag) {
@@ -333,6 +326,11 @@ TEST_F(AusgabeDateiTest, ErsetztEineDatei) {
     EXPECT_TRUE(datei.Abschliessen());
     EXPECT_EQ(Inhalt(u"a"), "neu");
     EXPECT_EQ(Anzahl(), 1);
+}
+
+TEST_F(AusgabeDateiTest, PlatzhalterSindNurWoEsGehtEinName) { // on Linux a name may hold them
+    EXPECT_EQ(AusgabeDatei(Pfad(u"a*")).Abschliessen(), PfadTrenner() == u'/');
+    EXPECT_EQ(Anzahl(), PfadTrenner() == u'/' ? 1 : 0);
 }
 
 TEST_F(AusgabeDateiTest, ErsetztKeinenOrdner) {

@@ -241,6 +241,20 @@ TEST_F(LinuxTest, OhneBerechtigung) {
     EXPECT_EQ(Anzahl(), 2);
 }
 
+TEST_F(LinuxTest, SchreibgeschuetzteDateiBleibt) {
+    Datei(u"a", "alt");
+    chmod(Bytes(u"a").c_str(), 0444);
+    chmod(Bytes(u"").c_str(), 0777);
+    EXPECT_TRUE(ImKind([&] {
+        if (geteuid() == 0 && setuid(65534) != 0) {
+            return false;
+        }
+        return !AusgabeDatei(Pfad(u"a")).Abschliessen() && AusgabeDatei(Pfad(u"b")).Abschliessen();
+    }));
+    EXPECT_EQ(Inhalt(u"a"), "alt");
+    EXPECT_EQ(Anzahl(), 2);
+}
+
 TEST_F(LinuxTest, EinVergebenerNameDanebenWirdUebergangen) {
     const Text vergeben = u".zepholt-" + ZahlText(getpid()) + u"-0.tmp";
     Datei(vergeben, "fremd");
