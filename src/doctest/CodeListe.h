@@ -1,12 +1,17 @@
-// A list of entries that bear a code, in file order, with the searches that a scan from the first entry would answer.
+// A list of entries that bear a code, and mostly an order, in file order, with the searches that a scan from the first
+// entry would answer.
 //
 // Exact, prefix and order searches cost the logarithm of the list's length; their results are those of the scan, first
-// match first.
+// match first. Entries that come in ascending order of code are appended in constant time. An empty list owns no memory
+// beside itself.
 #pragma once
 
 #include "support/Text.h"
 
+#include <iterator>
 #include <map>
+#include <set>
+#include <utility>
 #include <vector>
 
 namespace zepholt {
@@ -31,14 +36,29 @@ public:
         return treffer != m_nachCode.end() && treffer->first.starts_with(anfang);
     }
 
-    void Anfuegen(const Eintrag& eintrag) {
-        m_nachCode.emplace(eintrag.Code, Anzahl()); // a code that stands already keeps its first entry
-        m_eintraege.push_back(eintrag);
+    // The number of entries with this Reihenfolge among the first `bis` entries; 0 stands for no order and counts none.
+    // The cost grows by the number counted.
+    std::int32_t AnzahlMitReihenfolge(std::int32_t reihenfolge, std::int32_t bis) const {
+        const auto erster = m_nachReihenfolge.lower_bound({reihenfolge, 0});
+        const auto ende = m_nachReihenfolge.lower_bound({reihenfolge, bis});
+        return static_cast<std::int32_t>(std::distance(erster, ende));
+    }
+
+    void Anfuegen(Eintrag eintrag) {
+        // A code that stands already keeps its first entry. The hint suits a file sorted by code.
+        m_nachCode.emplace_hint(m_nachCode.end(), eintrag.Code, Anzahl());
+        if constexpr (requires { eintrag.Reihenfolge; }) {
+            if (eintrag.Reihenfolge != 0) {
+                m_nachReihenfolge.emplace_hint(m_nachReihenfolge.end(), eintrag.Reihenfolge, Anzahl());
+            }
+        }
+        m_eintraege.push_back(std::move(eintrag));
     }
 
 private:
     std::vector<Eintrag> m_eintraege;
-    std::map<TextSicht, std::int32_t> m_nachCode;
+    std::map<TextSicht, std::int32_t> m_nachCode;                      // code, index of its first entry
+    std::set<std::pair<std::int32_t, std::int32_t>> m_nachReihenfolge; // order but 0, index
 };
 
 } // namespace zepholt

@@ -6,8 +6,14 @@
 #pragma once
 
 #include "doctest/CodeListe.h"
+#include "doctest/NummernIndex.h"
+#include "support/KurzText.h"
 #include "support/Text.h"
 
+#include <bitset>
+#include <functional>
+#include <map>
+#include <set>
 #include <unordered_map>
 #include <vector>
 
@@ -119,6 +125,7 @@ struct KonditionEintrag {
     TextSicht Bezeichnung;          // C1:23
     TextSicht Text;                 // C1:24e
     std::vector<EinschraenkungEintrag> Einschraenkungen;
+    std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Einschraenkungen
 };
 
 // --- The tree (records G1 to G6) -------------------------------------------------------------------------------------
@@ -126,73 +133,91 @@ struct KonditionEintrag {
 struct DetailEintrag {            // detail measurement line, eG6
     std::int32_t Gruppe = 0;      // G6:4, 1 to 99 when valid
     std::int32_t DetailZeile = 0; // G6:5, 1 to 99 when valid
-    TextSicht Text1;              // G6:23
-    TextSicht Text2;              // G6:24e
-    TextSicht Text3;              // G6:24h
+    KurzText Text1;               // G6:23
+    KurzText Text2;               // G6:24e
+    KurzText Text3;               // G6:24h
     double Menge = 0;             // G6:15 with the sign of G6:14
 };
 
 struct MengeEintrag {              // quantity or partial quantity
-    TextSicht Mengenart;           // G6:13
+    KurzText Mengenart;            // G6:13
     double Menge = 0;              // G6:15 with the sign of G6:14
     double Preis = 0;              // G6:19 with the sign of G6:18
-    TextSicht OGL;                 // G6:6
-    TextSicht PSL;                 // G6:7
-    TextSicht KAG;                 // G6:21
-    TextSicht Element;             // G6:22
-    TextSicht Variantengruppe;     // G6:8
-    TextSicht Variante;            // G6:9
-    TextSicht Einrichtungstyp;     // G6:24b
-    TextSicht Nutzung;             // G6:24f
-    TextSicht Raum;                // G6:24g
+    KurzText OGL;                  // G6:6
+    KurzText PSL;                  // G6:7
+    KurzText KAG;                  // G6:21
+    KurzText Element;              // G6:22
+    KurzText Variantengruppe;      // G6:8
+    KurzText Variante;             // G6:9
+    KurzText Einrichtungstyp;      // G6:24b
+    KurzText Nutzung;              // G6:24f
+    KurzText Raum;                 // G6:24g
     std::int32_t Vorbemerkung = 0; // G6:24a, position number of the preliminary remark, 0 for none
-    TextSicht Laufnummer;          // G6:20, emptied when its value is 0
-    TextSicht Zusatzfeld;          // G6:10, stored, not tested
+    KurzText Laufnummer;           // G6:20, emptied when its value is 0
+    KurzText Zusatzfeld;           // G6:10, stored, not tested
     std::int32_t Reihenfolge = 0;  // G6:24d, 0 in the new interface
     std::vector<DetailEintrag> Details;
 };
 
 struct ZuordnungEintrag {         // preliminary-remark assignment
-    TextSicht OGL;                // G4:6
-    TextSicht PSL;                // G4:7
-    TextSicht KAG;                // G4:21
-    TextSicht Element;            // G4:22
-    TextSicht Variantengruppe;    // G4:8
-    TextSicht Variante;           // G4:9
-    TextSicht Einrichtungstyp;    // G4:24b
-    TextSicht Nutzung;            // G4:24f
-    TextSicht Raum;               // G4:24g
+    KurzText OGL;                 // G4:6
+    KurzText PSL;                 // G4:7
+    KurzText KAG;                 // G4:21
+    KurzText Element;             // G4:22
+    KurzText Variantengruppe;     // G4:8
+    KurzText Variante;            // G4:9
+    KurzText Einrichtungstyp;     // G4:24b
+    KurzText Nutzung;             // G4:24f
+    KurzText Raum;                // G4:24g
     std::int32_t Reihenfolge = 0; // G4:24d
 };
 
 struct VariableEintrag {
     std::int32_t Nummer = 0;             // G3:4, 0 is the fixed text of the position
-    std::vector<TextSicht> ZeilenTexte;  // G3:23
+    std::vector<KurzText> ZeilenTexte;   // G3:23
     std::vector<std::int32_t> ZeilenNrn; // G3:5, parallel to ZeilenTexte
     std::int32_t Einfuegepunkt = 0;      // G3:24d of the last stored line only
     std::int32_t LetzteZeile = 0;        // G3:5 of the last stored line
-    TextSicht AlternativCode;            // G3:24c, always empty
+    KurzText AlternativCode;             // G3:24c, always empty
 };
 
 struct PositionEintrag {
     std::int32_t Nummer = 0; // G2:3, 0 to 999999
-    TextSicht Text;          // G2:23
+    KurzText Text;           // G2:23
     std::vector<VariableEintrag> Variablen;
     std::vector<ZuordnungEintrag> Zuordnungen;
     bool HatG5 = false;              // a G5 record reached this position
-    TextSicht Mengeneinheit;         // G5:16
+    KurzText Mengeneinheit;          // G5:16
     double Preis = 0;                // G5:19 with the sign of G5:18
     bool HatPreisVorzeichen = false; // G5:18 was not empty
-    TextSicht Preisart;              // G5:17
+    KurzText Preisart;               // G5:17
     std::vector<MengeEintrag> Mengen;
+    std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Zuordnungen or Mengen; no position has both
 };
 
 struct KapitelEintrag {
     std::int32_t Nummer = 0;       // G1:2a
     std::int32_t Versionsjahr = 0; // G1:2c widened to four digits
-    TextSicht Titel;               // G1:23
-    TextSicht Zusatztext;          // G1:24e
+    KurzText Titel;                // G1:23
+    KurzText Zusatztext;           // G1:24e
     std::vector<PositionEintrag> Positionen;
+    NummernIndex PositionenNachNummer;
+};
+
+// The quantities of one position by their nine references. It belongs to the position that was asked for last: the
+// lines of a position stand together, so that a larger index would be of no use. The multimap holds the first quantity
+// of each nine texts under the hash of those.
+struct BezugIndex {
+    std::int32_t Kapitel = -1; // index
+    std::int32_t Position = -1;
+    std::size_t Gelesen = 0; // quantities taken in
+    std::unordered_multimap<std::size_t, std::int32_t> Erste;
+};
+
+// The chapter numbers as decimal texts.
+struct Kapitelnummerntexte {
+    std::size_t Gelesen = 0; // chapters taken in
+    std::set<Text, std::less<>> Texte;
 };
 
 // --- All of it -------------------------------------------------------------------------------------------------------
@@ -256,8 +281,10 @@ struct SIA451Datei {
     std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, parallel to GliederungNummern
 
     CodeListe<KAGEintrag> KAGTabelle;
+    std::set<TextSicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
     CodeListe<OGLEintrag> OGLTabelle;
     CodeListe<EKGEintrag> EKGTabelle;
+    std::set<TextSicht> EKGECodes; // the same of EKGTabelle
     CodeListe<EinrichtungEintrag> EinrichtungTabelle;
     CodeListe<VariantengruppeEintrag> VariantenTabelle;
     CodeListe<NutzungEintrag> NutzungTabelle;
@@ -268,10 +295,17 @@ struct SIA451Datei {
     bool BruttoVorhanden = false; // a C0 was seen
     double Bruttobetrag = 0;      // C0:15-16 with the sign of C0:14
     double BruttoRest = 0;
-    std::vector<KonditionEintrag> KonditionTabelle;
+    std::vector<KonditionEintrag> KonditionTabelle;           // in file order
+    std::map<std::int32_t, std::int32_t> KonditionNachNummer; // Nummer, index of its first condition
+    std::bitset<100> KonditionStufen;                         // the values of Stufe that occur
+    std::int32_t ErsteSteuerkondition = -1;                   // index of the first of Konditionsart 2
 
     // G1 to G6.
     std::vector<KapitelEintrag> DokumentKapitel;
+    NummernIndex KapitelNachNummer;
+    Kapitelnummerntexte TexteDerKapitel;
+    BezugIndex MengenNachBezug;
+    std::vector<bool> Laufnummern; // running numbers that stand in the tree, see LaufnummerVergeben
 };
 
 inline SIA451Datei sia451Datei;

@@ -16,6 +16,24 @@ std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer);
 std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer);
 std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile);
 
+// The first quantity of a position whose nine references equal those of `bezuege`, nothing else of which counts.
+std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& bezuege);
+
+// True when an assignment or a quantity of the position that ReihenfolgeMerken has seen bears this order value, 1 to
+// 99; 0 stands for none and is never taken.
+bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge);
+
+// To be called with the order value (0 to 99) of each assignment and each quantity that enters the tree.
+void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge);
+
+// True when a quantity that LaufnummerMerken has seen bears the running number `nummer`, which must be digits only. In
+// the new interface (Revision above 11) numbers are equal by their value, in the old one by their text.
+bool LaufnummerVergeben(TextSicht nummer);
+
+// To be called with the running number of each quantity that enters the tree; empty texts and texts that no running
+// number of digits can equal are passed over.
+void LaufnummerMerken(TextSicht nummer);
+
 // --- Structure tables. The text before the first '*' of a code is a prefix; what follows the '*' is ignored, and '*'
 // at the first place matches everything, an empty table too. A structure that no B0 announced has no entries that
 // count.

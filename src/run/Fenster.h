@@ -20,9 +20,13 @@ public:
     // The caption of a phase. The bar is set apart from it.
     virtual void ZeigeSchritt(TextSicht text) = 0;
 
-    // The filled share of the bar, from 0 (hidden) to 1 (full). Bounds by itself how often it repaints and lets waiting
-    // events through; a confirmed cancel sets testDaten.Abbruch.
-    virtual void ZeigeBalken(double anteil) = 0;
+    // The filled width of the bar in twips, from 0 (hidden) to BalkenInnen (full).
+    virtual void ZeigeBalken(double breite) = 0;
+
+    // Paints what the calls above have changed and lets waiting events through; returns when a question or a modal
+    // window that an event opened is answered. A confirmed cancel sets testDaten.Abbruch. The setters of Fortschritt
+    // call it no more often than an eye can follow.
+    virtual void Ereignisse() {}
 };
 
 // Opens the progress window, shown without blocking. Never none: without a display the run goes on with lines on

@@ -1,7 +1,8 @@
 // What the stages tell a watching person: phases, the bar, the names of project and document.
 //
 // Each setter does nothing at all in a silent run. With a window it lets waiting events through, which is how a click
-// on the cancel button is served; the only thing that an event can change is Abbruch.
+// on the cancel button is served; the only thing that an event can change is Abbruch. However often a setter is called,
+// the window is painted and looked at some 30 times a second: what an eye can follow, and a cost that doesn't grow.
 #pragma once
 
 #include "support/Text.h"
@@ -17,5 +18,20 @@ void ZeigeSchritt(TextSicht text, std::int32_t maximum);
 
 // Moves the bar to `wert`, in the unit of the phase's maximum. Cheap enough to be called for each record.
 void ZeigeFortschritt(std::int32_t wert);
+
+// The width of the bar for a value, in the unit of `innen`, its full width: never below 0 nor above `innen`, and 0
+// where the phase has no maximum.
+double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum);
+
+// Milliseconds of a clock that only goes forward.
+std::int64_t MilliSekunden();
+
+struct FortschrittStand {
+    std::int32_t FortschrittMaximum = 0;    // of the phase in hand
+    std::int64_t NaechsterBlick = 0;        // milliseconds of Uhr: before it, the bar isn't moved
+    std::int64_t (*Uhr)() = &MilliSekunden; // tests set their own
+};
+
+inline FortschrittStand fortschrittStand;
 
 } // namespace zepholt

@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <ostream>
 #include <utility>
@@ -35,6 +36,16 @@ struct Fund {
 };
 
 using Funde = std::vector<Fund>;
+
+// `satz` with fields written over it; it grows where they lie behind its end.
+inline Text Geaendert(Text satz, const std::vector<Feldwert>& felder) {
+    for (const Feldwert& feld : felder) {
+        const auto ab = static_cast<std::size_t>(feld.Spalte - 1);
+        satz.resize(std::max(satz.size(), ab + feld.Wert.size()), u' ');
+        satz.replace(ab, feld.Wert.size(), feld.Wert);
+    }
+    return satz;
+}
 
 class Satztest : public ::testing::Test {
 protected:

@@ -1,0 +1,43 @@
+#include "doctest/Feldregeln.h"
+
+#include "doctest/Feldpruefung.h"
+#include "errors/TestFehler.h"
+#include "intake/TestDaten.h"
+
+namespace zepholt {
+
+std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
+    const std::int32_t reihenfolge = ZahlFeld(spalte, laenge, Freiwillig);
+    if (testDaten.Revision < 12) {
+        return reihenfolge;
+    }
+    if (!TextFeld(spalte, laenge, Freiwillig).empty()) {
+        FehlerMelden(3208);
+    }
+    return 0;
+}
+
+Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
+    const TextSicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
+    return {vorzeichen, DezimalFeld(spalte, laenge, stellen), FeldLeer(spalte, laenge)};
+}
+
+double MitVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {
+    if (betrag.Vorzeichen.empty()) {
+        if (!betrag.Leer) {
+            FehlerMelden(codes.VorzeichenFehlt);
+        }
+        return betrag.Wert;
+    }
+
+    if (betrag.Vorzeichen != u"-" && betrag.Vorzeichen != u"+") {
+        FehlerMelden(codes.Unzulaessig);
+    }
+    if (betrag.Leer) {
+        FehlerMelden(codes.BetragFehlt);
+        return betrag.Wert;
+    }
+    return betrag.Vorzeichen == u"-" ? -betrag.Wert : betrag.Wert;
+}
+
+} // namespace zepholt

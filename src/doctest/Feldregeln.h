@@ -1,0 +1,33 @@
+// Rules that several records share: the order field that the new interface has dropped, and the sign of an amount.
+#pragma once
+
+#include "support/Text.h"
+
+namespace zepholt {
+
+// The order field at `spalte` (from 1) of `laenge` characters, read as an optional number (3001). The new interface
+// has no such field: 3208 when it is filled, and the result is 0 in any case, so that no order check acts.
+std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge);
+
+// An amount and its sign as they stand in the record.
+struct Betrag {
+    TextSicht Vorzeichen;
+    double Wert = 0;   // without the sign
+    bool Leer = false; // tells a blank amount from one of zeros
+};
+
+// Reads the sign, one character at `vorzeichenSpalte`, and then the amount at `spalte` with `stellen` decimals (3001).
+// Columns count from 1.
+Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen);
+
+// The codes of a sign rule.
+struct VorzeichenCodes {
+    std::int32_t Unzulaessig;     // the sign is neither '-' nor '+'
+    std::int32_t BetragFehlt;     // a sign without an amount, reported behind a bad sign too
+    std::int32_t VorzeichenFehlt; // an amount without a sign
+};
+
+// The amount with its sign; it stays positive behind a bad sign or none.
+double MitVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes);
+
+} // namespace zepholt

@@ -1,0 +1,341 @@
+// Structure records B0 to B8. B0 announces a structure by its number, the others fill it; each check that a record
+// fails ends its test, but for the uniqueness of the order.
+#include "doctest/Feldpruefung.h"
+#include "doctest/Feldregeln.h"
+#include "doctest/SIA451Datei.h"
+#include "doctest/TestInhalt.h"
+#include "errors/TestFehler.h"
+#include "intake/SIA451Felder.h"
+#include "intake/TestDaten.h"
+#include "support/HilfsFunktionen.h"
+
+#include <algorithm>
+
+namespace zepholt {
+
+namespace {
+
+// --- B0
+
+struct Gliederungskopf {
+    TextSicht StandardName;        // B0:10
+    std::int32_t StandardJahr = 0; // B0:2c
+    TextSicht Text;                // B0:19
+};
+
+bool IstGliederungsnummer(std::int32_t nummer) {
+    return nummer >= 1 && nummer <= 8 && nummer != 6;
+}
+
+bool HatStandard(std::int32_t nummer) {
+    return nummer == 1 || nummer == 3;
+}
+
+void KopfAblegen(std::int32_t nummer, const Gliederungskopf& kopf) {
+    SIA451Datei& datei = sia451Datei;
+    switch (nummer) {
+    case 1:
+        datei.KAGVorhanden = true;
+        datei.KAGStandardName = kopf.StandardName;
+        datei.KAGStandardJahr = kopf.StandardJahr;
+        datei.KAGKopfText = kopf.Text;
+        break;
+    case 2:
+        datei.OGLVorhanden = true;
+        datei.OGLKopfText = kopf.Text;
+        break;
+    case 3:
+        datei.EKGVorhanden = true;
+        datei.EKGStandardName = kopf.StandardName;
+        datei.EKGStandardJahr = kopf.StandardJahr;
+        datei.EKGKopfText = kopf.Text;
+        break;
+    case 4:
+        datei.EinrichtungVorhanden = true;
+        datei.EinrichtungKopfText = kopf.Text;
+        break;
+    case 5:
+        datei.VariantenVorhanden = true;
+        datei.VariantenKopfText = kopf.Text;
+        break;
+    case 7:
+        datei.NutzungVorhanden = true;
+        datei.NutzungKopfText = kopf.Text;
+        break;
+    case 8:
+        datei.RaumVorhanden = true;
+        datei.RaumKopfText = kopf.Text;
+        break;
+    default:
+        break;
+    }
+}
+
+// --- What B1 to B8 share
+
+// The structure that a record belongs to, and the codes for a record that doesn't fit it.
+struct Zugehoerigkeit {
+    std::int32_t Nummer;
+    std::int32_t AndereNummer;
+    bool Vorhanden; // a B0 has announced it
+    std::int32_t NichtVorhanden;
+};
+
+bool GehoertDazu(std::int32_t nummer, const Zugehoerigkeit& struktur) {
+    if (nummer != struktur.Nummer) {
+        FehlerMelden(struktur.AndereNummer);
+        return false;
+    }
+    if (!struktur.Vorhanden) {
+        FehlerMelden(struktur.NichtVorhanden);
+        return false;
+    }
+    return true;
+}
+
+// False, with `codeDoppelt`, when an entry has the same code. Before that `reihenfolgeDoppelt` comes once for each
+// entry in front of it that has the same order, or for each of all entries when none has the same code.
+template <class Eintrag>
+bool Eindeutig(const CodeListe<Eintrag>& liste, const Eintrag& eintrag, std::int32_t codeDoppelt,
+               [[maybe_unused]] std::int32_t reihenfolgeDoppelt = 0) {
+    const std::int32_t gleicher = liste.Finde(eintrag.Code);
+    if constexpr (requires { eintrag.Reihenfolge; }) {
+        const std::int32_t bis = gleicher >= 0 ? gleicher : liste.Anzahl();
+        for (std::int32_t n = liste.AnzahlMitReihenfolge(eintrag.Reihenfolge, bis); n > 0; --n) {
+            FehlerMelden(reihenfolgeDoppelt);
+        }
+    }
+    if (gleicher >= 0) {
+        FehlerMelden(codeDoppelt);
+    }
+    return gleicher < 0;
+}
+
+// Only the new interface wants extended codes to be unique. Notes the code of an entry that is about to be appended.
+bool ECodeEindeutig(std::set<TextSicht>& vergebene, TextSicht ecode, std::int32_t doppelt) {
+    if (testDaten.Revision < 12 || ecode.empty() || vergebene.insert(ecode).second) {
+        return true;
+    }
+    FehlerMelden(doppelt);
+    return false;
+}
+
+// --- The end of the block
+
+// The first B5 line, as index into Zeilen, that names each primary variant.
+std::map<TextSicht, std::size_t> ZeilenDerPrimaervarianten() {
+    std::map<TextSicht, std::size_t> zeilen;
+    for (std::size_t i = 0; i < testDaten.Zeilen.size(); ++i) {
+        const TextSicht zeile = testDaten.Zeilen[i];
+        if (Feld(zeile, 1, 1) == u"B" && Feld(zeile, 42, 1) == u"5") {
+            zeilen.emplace(OhneLeerzeichenRechts(Feld(zeile, 135, 3)), i);
+        }
+    }
+    return zeilen;
+}
+
+void PrimaervariantenPruefen() {
+    std::map<TextSicht, std::size_t> zeilen; // built at the first missing variant: most files have none
+    for (const VariantengruppeEintrag& gruppe : sia451Datei.VariantenTabelle.Eintraege()) {
+        if (gruppe.Varianten.Finde(gruppe.Primaervariante) >= 0) {
+            continue;
+        }
+        if (zeilen.empty()) {
+            zeilen = ZeilenDerPrimaervarianten();
+        }
+        const auto zeile = zeilen.find(gruppe.Primaervariante);
+        testDaten.ZeilenNr = zeile == zeilen.end() ? -1 : testDaten.ZeilenNummern[zeile->second];
+        FehlerMelden(3291);
+    }
+}
+
+bool ReihenfolgeDoppelt(std::vector<std::int32_t> reihenfolgen) {
+    std::ranges::sort(reihenfolgen);
+    const auto gleichesPaar = [](std::int32_t a, std::int32_t b) { return a != 0 && a == b; };
+    return std::ranges::adjacent_find(reihenfolgen, gleichesPaar) != reihenfolgen.end();
+}
+
+} // namespace
+
+void PruefeB0() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    Gliederungskopf kopf;
+    kopf.StandardJahr = ZahlFeld(6, 2, Freiwillig);
+    kopf.StandardName = TextFeld(36, 6, Freiwillig);
+    kopf.Text = TextFeld(63, 12, Freiwillig);
+    const bool hatName = !kopf.StandardName.empty();
+    const bool hatJahr = !TextFeld(6, 2, Freiwillig).empty();
+    const std::int32_t reihenfolge = ZahlFeld(75, 7, Freiwillig);
+
+    if (!IstGliederungsnummer(nummer)) {
+        FehlerMelden(3201);
+        return;
+    }
+
+    if (HatStandard(nummer)) {
+        if (testDaten.Revision >= 12 && hatName != hatJahr) {
+            FehlerMelden(3203);
+        }
+        if (hatName) {
+            kopf.StandardJahr += kopf.StandardJahr >= 89 ? 1900 : 2000;
+        }
+    } else if (hatName || hatJahr) {
+        FehlerMelden(3202);
+    }
+
+    KopfAblegen(nummer, kopf);
+    sia451Datei.GliederungNummern.push_back(nummer);
+    sia451Datei.GliederungReihenfolgen.push_back(reihenfolge); // kept in the new interface too: 3205
+}
+
+void PruefeB1() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const KAGEintrag eintrag{.Code = TextFeld(82, 5, Zwingend),
+                             .Bezeichnung = TextFeld(93, 30, Erwartet),
+                             .Text = TextFeld(138, 30, Freiwillig),
+                             .ECode = TextFeld(208, 16, Freiwillig)};
+
+    if (GehoertDazu(nummer, {1, 3221, sia451Datei.KAGVorhanden, 3222}) &&
+        Eindeutig(sia451Datei.KAGTabelle, eintrag, 3223) &&
+        ECodeEindeutig(sia451Datei.KAGECodes, eintrag.ECode, 3226)) {
+        sia451Datei.KAGTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB2() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const TextSicht ogl = TextFeld(18, 6, Zwingend);
+    const TextSicht psl = TextFeld(24, 6, Freiwillig);
+    const TextSicht bezeichnung = TextFeld(93, 30, Erwartet);
+    const TextSicht text = TextFeld(138, 30, Freiwillig);
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);
+
+    if (!GehoertDazu(nummer, {2, 3211, sia451Datei.OGLVorhanden, 3212})) {
+        return;
+    }
+
+    if (psl.empty()) {
+        const OGLEintrag eintrag{ogl, bezeichnung, text, reihenfolge, {}};
+        if (Eindeutig(sia451Datei.OGLTabelle, eintrag, 3213, 3219)) {
+            sia451Datei.OGLTabelle.Anfuegen(eintrag);
+        }
+        return;
+    }
+
+    const std::int32_t index = sia451Datei.OGLTabelle.Finde(ogl);
+    if (index < 0) {
+        FehlerMelden(3214);
+        return;
+    }
+
+    CodeListe<PSLEintrag>& liste = sia451Datei.OGLTabelle[index].PSLListe;
+    const PSLEintrag eintrag{psl, bezeichnung, text, reihenfolge};
+    if (Eindeutig(liste, eintrag, 3215, 3219)) {
+        liste.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB3() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const EKGEintrag eintrag{.Code = TextFeld(87, 6, Zwingend),
+                             .Bezeichnung = TextFeld(93, 30, Erwartet),
+                             .Text = TextFeld(138, 30, Freiwillig),
+                             .Mengeneinheit = TextFeld(59, 2, Freiwillig),
+                             .ECode = TextFeld(208, 16, Freiwillig)};
+
+    if (GehoertDazu(nummer, {3, 3231, sia451Datei.EKGVorhanden, 3232}) &&
+        Eindeutig(sia451Datei.EKGTabelle, eintrag, 3233) &&
+        ECodeEindeutig(sia451Datei.EKGECodes, eintrag.ECode, 3236)) {
+        sia451Datei.EKGTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB4() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const EinrichtungEintrag eintrag{.Code = TextFeld(129, 6, Zwingend),
+                                     .Bezeichnung = TextFeld(93, 30, Erwartet),
+                                     .Text = TextFeld(138, 30, Freiwillig),
+                                     .Reihenfolge = ReihenfolgeFeld(75, 7)};
+
+    if (GehoertDazu(nummer, {4, 3261, sia451Datei.EinrichtungVorhanden, 3262}) &&
+        Eindeutig(sia451Datei.EinrichtungTabelle, eintrag, 3263, 3269)) {
+        sia451Datei.EinrichtungTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB5() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const VariantengruppeEintrag eintrag{.Code = TextFeld(30, 3, Zwingend),
+                                         .Bezeichnung = TextFeld(93, 30, Erwartet),
+                                         .Text = TextFeld(138, 30, Freiwillig),
+                                         .Primaervariante = TextFeld(135, 3, Zwingend),
+                                         .Reihenfolge = ReihenfolgeFeld(75, 7),
+                                         .Varianten = {}};
+
+    if (GehoertDazu(nummer, {5, 3241, sia451Datei.VariantenVorhanden, 3242}) &&
+        Eindeutig(sia451Datei.VariantenTabelle, eintrag, 3243, 3249)) {
+        sia451Datei.VariantenTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB6() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const TextSicht gruppe = TextFeld(30, 3, Zwingend);
+    const VarianteEintrag eintrag{.Code = TextFeld(33, 3, Zwingend),
+                                  .Bezeichnung = TextFeld(93, 30, Erwartet),
+                                  .Text = TextFeld(138, 30, Freiwillig),
+                                  .Reihenfolge = ReihenfolgeFeld(75, 7)};
+
+    // Variants carry the number of the structure of their groups; there is no structure 6.
+    if (nummer != 5) {
+        FehlerMelden(3251);
+        return;
+    }
+
+    // The group shows that the structure exists.
+    const std::int32_t index = sia451Datei.VariantenTabelle.Finde(gruppe);
+    if (index < 0) {
+        FehlerMelden(3252);
+        return;
+    }
+
+    CodeListe<VarianteEintrag>& liste = sia451Datei.VariantenTabelle[index].Varianten;
+    if (Eindeutig(liste, eintrag, 3253, 3259)) {
+        liste.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB7() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const NutzungEintrag eintrag{.Code = TextFeld(168, 16, Zwingend),
+                                 .Bezeichnung = TextFeld(93, 30, Erwartet),
+                                 .Text = TextFeld(138, 30, Freiwillig)};
+
+    if (GehoertDazu(nummer, {7, 3292, sia451Datei.NutzungVorhanden, 3293}) &&
+        Eindeutig(sia451Datei.NutzungTabelle, eintrag, 3294)) {
+        sia451Datei.NutzungTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeB8() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const RaumEintrag eintrag{.Code = TextFeld(188, 16, Zwingend),
+                              .Bezeichnung = TextFeld(93, 30, Erwartet),
+                              .Text = TextFeld(138, 30, Freiwillig)};
+
+    if (GehoertDazu(nummer, {8, 3296, sia451Datei.RaumVorhanden, 3297}) &&
+        Eindeutig(sia451Datei.RaumTabelle, eintrag, 3298)) {
+        sia451Datei.RaumTabelle.Anfuegen(eintrag);
+    }
+}
+
+void PruefeBEnde() {
+    PrimaervariantenPruefen();
+
+    if (testDaten.Revision >= 12 && ReihenfolgeDoppelt(sia451Datei.GliederungReihenfolgen)) {
+        testDaten.ZeilenNr = -1;
+        FehlerMelden(3205);
+    }
+}
+
+} // namespace zepholt

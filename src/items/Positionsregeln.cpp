@@ -1,0 +1,52 @@
+#include "items/Positionsregeln.h"
+
+#include "doctest/Feldpruefung.h"
+#include "errors/TestFehler.h"
+#include "intake/TestDaten.h"
+#include "items/Verweise.h"
+
+namespace zepholt {
+
+std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position, std::int32_t kapitelFehlt,
+                                     std::int32_t positionFehlt) {
+    const std::int32_t kapitelIndex = SucheKapitel(kapitel);
+    if (kapitelIndex == -1) {
+        FehlerMelden(kapitelFehlt);
+        return std::nullopt;
+    }
+    const std::int32_t positionIndex = SuchePosition(kapitelIndex, position);
+    if (positionIndex == -1) {
+        FehlerMelden(positionFehlt);
+        return std::nullopt;
+    }
+    return Positionsort{kapitelIndex, positionIndex};
+}
+
+double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt) {
+    if (preis.Vorzeichen.empty()) {
+        if (!preis.Leer) {
+            FehlerMelden(vorzeichenFehlt);
+        }
+        return preis.Wert;
+    }
+    if (preis.Vorzeichen != u"-" && preis.Vorzeichen != u"+") {
+        FehlerMelden(unzulaessig);
+    }
+    return preis.Vorzeichen == u"-" && !preis.Leer ? -preis.Wert : preis.Wert;
+}
+
+void PruefePreisart(TextSicht preisart) {
+    if (testDaten.Revision >= 12 && TextSicht(u"AFINR").find(preisart) == TextSicht::npos) {
+        FehlerMelden(4521); // an empty kind is found in any set
+    }
+}
+
+void PruefeLeereFelder(std::initializer_list<Feldbereich> felder) {
+    for (const Feldbereich& feld : felder) {
+        if (!FeldLeer(feld.Spalte, feld.Laenge)) {
+            FehlerHinzufuegen(2032, feld.Spalte);
+        }
+    }
+}
+
+} // namespace zepholt

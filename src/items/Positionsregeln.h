@@ -1,0 +1,45 @@
+// Rules that several item records share: the position that a record belongs to, the sign of a price, its kind.
+#pragma once
+
+#include "doctest/Feldregeln.h"
+#include "doctest/SIA451Datei.h"
+#include "support/Text.h"
+
+#include <initializer_list>
+#include <optional>
+
+namespace zepholt {
+
+// Where a position stands in the tree; both are indices from 0.
+struct Positionsort {
+    std::int32_t Kapitel;
+    std::int32_t Position;
+
+    PositionEintrag& Eintrag() const {
+        auto& positionen = sia451Datei.DokumentKapitel[static_cast<std::size_t>(Kapitel)].Positionen;
+        return positionen[static_cast<std::size_t>(Position)];
+    }
+};
+
+// The place of a position by its numbers. None when the chapter does not stand in the tree (`kapitelFehlt` is reported)
+// or the position not in the chapter (`positionFehlt`).
+std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position, std::int32_t kapitelFehlt,
+                                     std::int32_t positionFehlt);
+
+// The price with its sign; positive behind a bad sign, which is reported as `unzulaessig`, or behind none, which is
+// reported as `vorzeichenFehlt` when there is a price. A sign without a price is no fault.
+double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt);
+
+// The price kind of G5:17 and G6:17, which only the new interface tests: 4521.
+void PruefePreisart(TextSicht preisart);
+
+struct Feldbereich {
+    std::int32_t Spalte; // from 1
+    std::int32_t Laenge;
+};
+
+// 2032 for each of the fields that is not blank, with its column: the two forms of a quantity record share one layout,
+// and each leaves the fields of the other blank.
+void PruefeLeereFelder(std::initializer_list<Feldbereich> felder);
+
+} // namespace zepholt

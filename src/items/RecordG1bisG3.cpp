@@ -1,0 +1,191 @@
+#include "items/RecordG.h"
+
+#include "doctest/Feldpruefung.h"
+#include "errors/TestFehler.h"
+#include "intake/TestDaten.h"
+#include "items/Positionsregeln.h"
+#include "items/Verweise.h"
+
+namespace zepholt {
+
+namespace {
+
+bool KapitelnummerErlaubt(std::int32_t nummer) {
+    const bool frueherErlaubt = testDaten.Revision < 11 && nummer >= 800 && nummer <= 899;
+    return (nummer >= 100 && nummer <= 799) || (nummer >= 900 && nummer <= 999) || frueherErlaubt;
+}
+
+// The code of the first fault in the digits of a position number of the chapter; 0 for none.
+std::int32_t FehlerDerZiffern(std::int32_t kapitel, std::int32_t position) {
+    const bool hauptposition = position / 1000 % 10 != 0; // the third digit
+    if (hauptposition && position / 10000 % 10 == 0) {
+        return 4212;
+    }
+
+    const bool leistungsposition = position % 10 != 0;
+    if (leistungsposition && kapitel / 10 % 10 == 0) {
+        return 4213;
+    }
+    if (leistungsposition && position < 100000) {
+        return 4214;
+    }
+    if (leistungsposition && !hauptposition) {
+        return 4215;
+    }
+
+    return position == 0 && !IstReserveKapitel(kapitel) ? 4216 : 0;
+}
+
+std::int32_t UebergeordnetePosition(std::int32_t position) {
+    for (const std::int32_t stufe : {1000, 10000}) {
+        if (position % stufe != 0) {
+            return position / stufe * stufe;
+        }
+    }
+    return position / 100000 * 100000;
+}
+
+// True when the superior position of a position that is no section is of the user's own making, and missing. A reserve
+// sub-position sub-group needs its group too.
+bool ReservepositionFehlt(std::int32_t kapitelIndex, std::int32_t kapitel, std::int32_t position) {
+    const auto fehlt = [&](std::int32_t obere) {
+        return (IstReserveKapitel(kapitel) || IstReservePosition(obere)) && SuchePosition(kapitelIndex, obere) == -1;
+    };
+    const bool untergruppe = position % 10 == 0 && position / 10 % 10 != 0 && position / 100 % 10 != 0;
+    return fehlt(UebergeordnetePosition(position)) ||
+           (untergruppe && IstReservePosition(position) && fehlt(position / 100 * 100));
+}
+
+// G2:12 and G3:12, the mark of an ecodevis position.
+void PruefeKennzeichnung(TextSicht kennzeichnung) {
+    if (!kennzeichnung.empty() && kennzeichnung != u"E" && kennzeichnung != u"e") {
+        FehlerMelden(4231);
+    }
+}
+
+// The variable of this number, made when it is the first time that a line names it. Index from 0.
+std::int32_t VariableAnlegen(const Positionsort& ort, std::int32_t nummer) {
+    const std::int32_t index = SucheVariable(ort.Kapitel, ort.Position, nummer);
+    if (index != -1) {
+        return index;
+    }
+    VariableEintrag& neue = ort.Eintrag().Variablen.emplace_back();
+    neue.Nummer = nummer;
+    return static_cast<std::int32_t>(ort.Eintrag().Variablen.size()) - 1;
+}
+
+// G3:24d. `variable` as it stands before this line.
+void PruefeEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegepunkt) {
+    if (einfuegepunkt == 0) {
+        return;
+    }
+    if (variable.Einfuegepunkt != 0) {
+        FehlerMelden(4307);
+    }
+    if (testDaten.Revision >= 12 && variable.Nummer == 0) {
+        FehlerMelden(4321);
+    }
+    if (einfuegepunkt > 30) {
+        FehlerMelden(4331); // a line has 30 columns
+    }
+}
+
+} // namespace
+
+void PruefeG1() {
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);
+    const TextSicht titel = TextFeld(93, 30, Erwartet);
+    const TextSicht zusatztext = TextFeld(138, 30, Freiwillig);
+
+    if (!KapitelnummerErlaubt(nummer)) {
+        return FehlerMelden(4101);
+    }
+    if (nummer % 10 == 0) {
+        return FehlerMelden(4102);
+    }
+    if (SucheKapitel(nummer) != -1) {
+        return FehlerMelden(4103);
+    }
+    if (IstReserveKapitel(nummer) && titel.empty()) {
+        FehlerMelden(4104);
+    }
+
+    KapitelEintrag& kapitel = sia451Datei.DokumentKapitel.emplace_back();
+    kapitel.Nummer = nummer;
+    kapitel.Versionsjahr = jahr >= 89 ? 1900 + jahr : 2000 + jahr;
+    kapitel.Titel = titel;
+    kapitel.Zusatztext = zusatztext;
+}
+
+void PruefeG2() {
+    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
+    const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);
+    const TextSicht text = TextFeld(93, 30, Freiwillig);
+    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig);
+
+    const std::int32_t kapitelIndex = SucheKapitel(kapitel);
+    if (kapitelIndex == -1) {
+        return FehlerMelden(4201);
+    }
+    if (nummer < 0 || nummer > 999999) {
+        return FehlerMelden(4211); // not with six digits
+    }
+    if (const std::int32_t fehler = FehlerDerZiffern(kapitel, nummer); fehler != 0) {
+        return FehlerMelden(fehler);
+    }
+    if (testDaten.Revision >= 12 && nummer % 100000 != 0 && ReservepositionFehlt(kapitelIndex, kapitel, nummer)) {
+        return FehlerMelden(4217);
+    }
+    if (SuchePosition(kapitelIndex, nummer) != -1) {
+        return FehlerMelden(4221);
+    }
+    PruefeKennzeichnung(kennzeichnung);
+
+    auto& positionen = sia451Datei.DokumentKapitel[static_cast<std::size_t>(kapitelIndex)].Positionen;
+    PositionEintrag& position = positionen.emplace_back();
+    position.Nummer = nummer;
+    position.Text = text;
+}
+
+void PruefeG3() {
+    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
+    const std::int32_t position = ZahlFeld(8, 6, Zwingend);
+    const std::int32_t nummer = ZahlFeld(14, 2, Zwingend);
+    const std::int32_t zeile = ZahlFeld(16, 2, Zwingend);
+    const TextSicht text = TextFeld(93, 30, Freiwillig);
+    const TextSicht alternativCode = TextFeld(135, 1, Freiwillig);
+    const std::int32_t einfuegepunkt = ZahlFeld(136, 2, Freiwillig);
+    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig);
+
+    const std::optional<Positionsort> ort = SucheOrt(kapitel, position, 4301, 4302);
+    if (!ort) {
+        return;
+    }
+    if (nummer != 0 && position % 1000 == 0) {
+        FehlerMelden(4308);
+    }
+
+    // The variable stays, also when its line is refused.
+    const std::int32_t index = VariableAnlegen(*ort, nummer);
+    VariableEintrag& variable = ort->Eintrag().Variablen[static_cast<std::size_t>(index)];
+    if (SucheZeile(ort->Kapitel, ort->Position, index, zeile) != -1) {
+        return FehlerMelden(4303);
+    }
+    if (zeile != 1 && SucheZeile(ort->Kapitel, ort->Position, index, 1) == -1) {
+        FehlerMelden(4304);
+    }
+    if (testDaten.Revision >= 12 && !alternativCode.empty()) {
+        FehlerMelden(4311);
+    }
+    PruefeEinfuegepunkt(variable, einfuegepunkt);
+    PruefeKennzeichnung(kennzeichnung);
+
+    variable.AlternativCode = {};           // obsolete: dropped in both interfaces
+    variable.Einfuegepunkt = einfuegepunkt; // also with 0: the checks that follow see the last line only
+    variable.LetzteZeile = zeile;
+    variable.ZeilenTexte.push_back(text);
+    variable.ZeilenNrn.push_back(zeile);
+}
+
+} // namespace zepholt

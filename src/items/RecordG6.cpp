@@ -1,0 +1,225 @@
+// A quantity or partial quantity, and the first half of a detail measurement line, which belongs to the quantity of its
+// position with the same nine references.
+
+#include "items/RecordG.h"
+
+#include "doctest/Feldpruefung.h"
+#include "doctest/Feldregeln.h"
+#include "errors/TestFehler.h"
+#include "intake/TestDaten.h"
+#include "items/Positionsregeln.h"
+#include "items/TestFunktionen.h"
+#include "items/Verweise.h"
+#include "support/HilfsFunktionen.h"
+
+#include <utility>
+
+namespace zepholt {
+
+namespace {
+
+struct Mengensatz {
+    std::int32_t Kapitel;
+    std::int32_t Position;
+    bool IstDetail; // a detail measurement line
+    Betrag Menge;
+    Betrag Preis;
+    TextSicht Preisart;
+    MengeEintrag Eintrag; // but for Menge and Preis, which the tests give their signs
+};
+
+TextSicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
+    return SchluesselFeld(spalte, laenge, JokerVerboten, Freiwillig);
+}
+
+Mengensatz LiesMenge() {
+    Mengensatz satz = {};
+    MengeEintrag& eintrag = satz.Eintrag;
+    satz.Kapitel = ZahlFeld(2, 3, Zwingend);
+    satz.Position = ZahlFeld(8, 6, Zwingend);
+    satz.IstDetail = !FeldLeer(16, 2) || !FeldLeer(14, 2);
+    eintrag.OGL = Schluessel(18, 6);
+    eintrag.PSL = Schluessel(24, 6);
+    eintrag.Variantengruppe = Schluessel(30, 3);
+    eintrag.Variante = Schluessel(33, 3);
+    eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);
+    eintrag.Mengenart = satz.IstDetail ? TextSicht() : TextFeld(44, 1, Zwingend);
+    satz.Menge = BetragFeld(45, 46, 13, 3);
+    satz.Preis = BetragFeld(62, 63, 12, 2);
+    eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);
+    eintrag.KAG = Schluessel(82, 5);
+    eintrag.Element = Schluessel(87, 6);
+    eintrag.Vorbemerkung = ZahlFeld(123, 6, Freiwillig);
+    eintrag.Einrichtungstyp = Schluessel(129, 6);
+    satz.Preisart = TextFeld(61, 1, Freiwillig);
+    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);
+    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);
+    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2); // 3208
+    return satz;
+}
+
+// True when the kind stands in the set. An empty kind counts as being in any set.
+bool ArtIn(TextSicht arten, TextSicht art) {
+    return arten.find(art) != TextSicht::npos;
+}
+
+void PruefeMengenart(TextSicht art) {
+    const bool neu = testDaten.Revision >= 12;
+    if (!ArtIn(neu ? u"ABCDJKLMQRSUW" : u"ABCJKLQRSW", art)) {
+        FehlerMelden(4611);
+    }
+    if (neu && !art.empty() && ArtIn(u"CLS", art)) {
+        FehlerMelden(4617);
+    }
+}
+
+bool IstPrimaervariante(TextSicht gruppe, TextSicht variante) {
+    const std::int32_t index = sia451Datei.VariantenTabelle.Finde(gruppe); // a group stands in the table only once
+    return index != -1 && sia451Datei.VariantenTabelle[index].Primaervariante == variante;
+}
+
+void PruefePrimaervariante(const MengeEintrag& menge) {
+    if (menge.Variante.empty() || !ArtIn(u"JKLMQRSU", menge.Mengenart)) {
+        return;
+    }
+    const bool primaer = IstPrimaervariante(menge.Variantengruppe, menge.Variante);
+    if (!ArtIn(primaer ? u"JKLM" : u"QRSU", menge.Mengenart)) {
+        FehlerMelden(4612);
+    }
+}
+
+// The price of a quantity that has one of its own.
+void PruefePreis(Mengensatz& satz) {
+    satz.Eintrag.Preis = PreisMitVorzeichen(satz.Preis, 4622, 4623);
+    PruefePreisart(satz.Preisart); // 4521
+}
+
+// A quantity of a position that has the price already. The price stays positive, whatever its sign.
+void PruefeOhnePreis(Mengensatz& satz) {
+    satz.Eintrag.Preis = satz.Preis.Wert;
+    const bool mitPreis = !satz.Preis.Vorzeichen.empty() || !satz.Preis.Leer;
+    if (testDaten.Revision >= 12) {
+        if (mitPreis || !satz.Preisart.empty()) {
+            FehlerMelden(4624);
+        }
+    } else if (mitPreis) {
+        FehlerMelden(4621);
+    }
+}
+
+// What only a plain quantity can have.
+void PruefeEinfacheMenge(Mengensatz& satz, const PositionEintrag& position) {
+    const MengeEintrag& menge = satz.Eintrag;
+    if (menge.Mengenart == u"W" && menge.Menge != 0) {
+        FehlerMelden(4616);
+    }
+    if (position.Preisart.empty() && !position.HatPreisVorzeichen) {
+        PruefePreis(satz);
+    } else {
+        PruefeOhnePreis(satz);
+    }
+}
+
+void PruefeBezug(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t nichtDefiniert) {
+    if (!code.empty() && !gefunden(code)) {
+        FehlerMelden(nichtDefiniert);
+    }
+}
+
+void PruefeUnterbezug(TextSicht oberer, TextSicht code, bool (*gefunden)(TextSicht, TextSicht),
+                      std::int32_t obererFehlt, std::int32_t nichtDefiniert) {
+    if (code.empty()) {
+        return;
+    }
+    if (oberer.empty()) {
+        FehlerMelden(obererFehlt);
+    } else if (!gefunden(oberer, code)) {
+        FehlerMelden(nichtDefiniert);
+    }
+}
+
+void PruefeBezuege(const MengeEintrag& menge) {
+    PruefeBezug(menge.OGL, OGLGefunden, 4631);
+    PruefeUnterbezug(menge.OGL, menge.PSL, PSLGefunden, 4632, 4633);
+    PruefeBezug(menge.KAG, KAGGefunden, 4641);
+    PruefeBezug(menge.Element, EKGGefunden, 4651);
+    PruefeBezug(menge.Variantengruppe, VariantengruppeGefunden, 4661);
+    PruefeUnterbezug(menge.Variantengruppe, menge.Variante, VarianteGefunden, 4662, 4663);
+    PruefeBezug(menge.Einrichtungstyp, EinrichtungGefunden, 4671);
+    PruefeBezug(menge.Nutzung, NutzungGefunden, 4674);
+    PruefeBezug(menge.Raum, RaumGefunden, 4677);
+}
+
+// The running number, unique in the whole document. In the new interface a value of 0 counts as taken and leaves the
+// quantity without a number.
+void PruefeLaufnummer(MengeEintrag& menge) {
+    if (menge.Laufnummer.empty()) {
+        return;
+    }
+    if (testDaten.Revision > 11 && GanzzahlAmAnfang(menge.Laufnummer) == 0) {
+        menge.Laufnummer = {};
+        return FehlerMelden(4682);
+    }
+    if (!PruefzifferGueltig(menge.Laufnummer)) {
+        return FehlerMelden(4681);
+    }
+    if (LaufnummerVergeben(menge.Laufnummer)) {
+        FehlerMelden(4682);
+    }
+}
+
+void PruefeKostenkonto(const MengeEintrag& menge) {
+    if (testDaten.Revision != 0 || sia451Datei.KostenkontoTabelle.empty()) {
+        return;
+    }
+    if (!KostenkontoGefunden(menge.OGL, menge.PSL, menge.KAG, menge.Element, menge.Variantengruppe, menge.Variante)) {
+        FehlerMelden(4691);
+    }
+}
+
+void OrdneDetailZu(const Positionsort& ort, const MengeEintrag& bezuege) {
+    const std::int32_t index = SucheMenge(ort.Kapitel, ort.Position, bezuege);
+    if (index == -1) {
+        return FehlerMelden(4692);
+    }
+    PruefeDetailausmass(ort.Kapitel, ort.Position, index);
+}
+
+} // namespace
+
+void PruefeG6(bool /*zeilenGruppeG6*/) {
+    Mengensatz satz = LiesMenge();
+    MengeEintrag& menge = satz.Eintrag;
+
+    const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4601, 4602);
+    if (!ort) {
+        return;
+    }
+    PositionEintrag& position = ort->Eintrag();
+    if (!position.HatG5) {
+        return FehlerMelden(4602); // a position without unit and price counts as missing
+    }
+
+    PruefeMengenart(menge.Mengenart);
+    PruefePrimaervariante(menge);
+    menge.Menge = MitVorzeichen(satz.Menge, {4613, 4614, 4615});
+    if (!satz.IstDetail) {
+        PruefeEinfacheMenge(satz, position);
+    }
+    PruefeBezuege(menge);
+    PruefeLaufnummer(menge);
+    if (ReihenfolgeVergeben(position, menge.Reihenfolge)) {
+        FehlerMelden(4683);
+    }
+    PruefeKostenkonto(menge);
+    if (satz.IstDetail) {
+        return OrdneDetailZu(*ort, menge);
+    }
+
+    PruefeLeereFelder({{14, 2}, {16, 2}, {93, 30}, {138, 30}, {208, 30}}); // 2032; the first two decide the form
+    LaufnummerMerken(menge.Laufnummer);
+    ReihenfolgeMerken(position, menge.Reihenfolge);
+    position.Mengen.push_back(std::move(menge));
+}
+
+} // namespace zepholt

@@ -1,0 +1,66 @@
+#include "items/TestFunktionen.h"
+
+#include "doctest/SIA451Datei.h"
+#include "support/HilfsFunktionen.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace zepholt {
+
+namespace {
+
+bool IstZiffer(char16_t zeichen) {
+    return zeichen >= u'0' && zeichen <= u'9';
+}
+
+// Two codes side by side, each filled up with blanks to the columns that it has in a record.
+Text Paar(TextSicht erster, std::int32_t breite, TextSicht zweiter) {
+    return LinksBuendig(erster, breite) + LinksBuendig(zweiter, breite);
+}
+
+} // namespace
+
+bool PruefzifferGueltig(TextSicht text) {
+    if (text.empty()) {
+        return true;
+    }
+    if (!std::ranges::all_of(text, IstZiffer)) {
+        return false;
+    }
+    const std::int32_t pruefziffer = text.back() - u'0';
+    text.remove_suffix(1);
+
+    std::int32_t summe = 0;
+    std::int32_t gewicht = 3;
+    for (auto ziffer = text.rbegin(); ziffer != text.rend(); ++ziffer) {
+        summe += (*ziffer - u'0') * gewicht;
+        gewicht = 4 - gewicht;
+    }
+    return (10 - summe % 10) % 10 == pruefziffer;
+}
+
+bool JokerGleich(TextSicht wert, TextSicht muster) {
+    const std::size_t joker = muster.find(u'*');
+    return joker == TextSicht::npos ? wert == muster : wert.substr(0, joker) == muster.substr(0, joker);
+}
+
+bool KostenkontoGefunden(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht element, TextSicht gruppe,
+                         TextSicht variante) {
+    const Text objekt = Paar(ogl, 6, psl);
+    const Text kostenart = LinksBuendig(kag, 5);
+    const Text bauteil = LinksBuendig(element, 6);
+    const Text wahl = Paar(gruppe, 3, variante);
+    return std::ranges::any_of(sia451Datei.KostenkontoTabelle, [&](const KostenkontoEintrag& konto) {
+        return JokerGleich(objekt, Paar(konto.OGL, 6, konto.PSL)) &&
+               JokerGleich(kostenart, LinksBuendig(konto.KAG, 5)) &&
+               JokerGleich(bauteil, LinksBuendig(konto.Element, 6)) &&
+               JokerGleich(wahl, Paar(konto.Variantengruppe, 3, konto.Variante));
+    });
+}
+
+bool EinrichtungErlaubt(std::int32_t /*kapitel*/) {
+    return true;
+}
+
+} // namespace zepholt

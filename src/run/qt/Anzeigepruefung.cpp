@@ -1,0 +1,103 @@
+#include "run/qt/Anzeigepruefung.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QStringList>
+
+#include <dlfcn.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+#include <xcb/xcb.h>
+
+#include <cstring>
+
+namespace zepholt {
+
+namespace {
+
+bool XServerAntwortet() {
+    xcb_connection_t* verbindung = xcb_connect(nullptr, nullptr);
+    const bool antwortet = xcb_connection_has_error(verbindung) == 0;
+    xcb_disconnect(verbindung);
+    return antwortet;
+}
+
+bool WaylandAntwortet() {
+    const QByteArray name = qgetenv("WAYLAND_DISPLAY");
+    if (name.isEmpty()) {
+        return false;
+    }
+    const QByteArray pfad = name.startsWith('/') ? name : qgetenv("XDG_RUNTIME_DIR") + '/' + name;
+    sockaddr_un adresse{};
+    adresse.sun_family = AF_UNIX;
+    if (static_cast<std::size_t>(pfad.size()) >= sizeof adresse.sun_path) {
+        return false;
+    }
+    std::memcpy(adresse.sun_path, pfad.constData(), static_cast<std::size_t>(pfad.size()));
+    const int steckdose = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const bool antwortet =
+        steckdose >= 0 && connect(steckdose, reinterpret_cast<const sockaddr*>(&adresse), sizeof adresse) == 0;
+    if (steckdose >= 0) {
+        close(steckdose);
+    }
+    return antwortet;
+}
+
+// Where Qt looks for its parts for displays, in its order.
+QStringList PlattformOrdner() {
+    QStringList ordner = {qEnvironmentVariable("QT_QPA_PLATFORM_PLUGIN_PATH")};
+    const QStringList weitere = qEnvironmentVariable("QT_PLUGIN_PATH").split(QDir::listSeparator(), Qt::SkipEmptyParts);
+    for (const QString& pfad : weitere) {
+        ordner.append(pfad + QStringLiteral("/platforms"));
+    }
+    ordner.append(QLibraryInfo::path(QLibraryInfo::PluginsPath) + QStringLiteral("/platforms"));
+    ordner.removeAll(QString());
+    return ordner;
+}
+
+// True when Qt's part for this display is there with all that it needs itself.
+bool PlattformLadbar(const QByteArray& name) {
+    const QString datei = QStringLiteral("/libq%1.so").arg(QString::fromLocal8Bit(name));
+    for (const QString& ordner : PlattformOrdner()) {
+        const QByteArray pfad = QFile::encodeName(ordner + datei);
+        if (void* teil = dlopen(pfad.constData(), RTLD_LAZY | RTLD_LOCAL)) {
+            dlclose(teil);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool WaylandBrauchbar() {
+    return WaylandAntwortet() && (PlattformLadbar("wayland-generic") || PlattformLadbar("wayland-egl"));
+}
+
+bool XBrauchbar() {
+    return XServerAntwortet() && PlattformLadbar("xcb");
+}
+
+} // namespace
+
+bool AnzeigeVorhanden() {
+    const QByteArray verlangt = qgetenv("QT_QPA_PLATFORM");
+    const QByteArray name = verlangt.split(';').first().split(':').first(); // the first choice, without its arguments
+    if (name.startsWith("wayland")) {
+        return WaylandBrauchbar();
+    }
+    if (!name.isEmpty() && name != "xcb") {
+        return PlattformLadbar(name);
+    }
+    if (XBrauchbar()) {
+        return true;
+    }
+    return name.isEmpty() && WaylandBrauchbar() && qputenv("QT_QPA_PLATFORM", "wayland");
+}
+
+bool VerbindungGestoert(xcb_connection_t* verbindung) {
+    return xcb_connection_has_error(verbindung) != 0;
+}
+
+} // namespace zepholt

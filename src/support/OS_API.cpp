@@ -1,0 +1,53 @@
+// What the platform's door needs no platform for.
+#include "support/OS_API.h"
+
+#include <new>
+
+namespace zepholt {
+
+namespace {
+
+constexpr std::size_t PufferGroesse = std::size_t{1} << 20U;
+
+} // namespace
+
+Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsigned char[]>(anzahl)), m_anzahl(anzahl) {}
+
+AusgabeDatei::AusgabeDatei(const Text& pfad) {
+    try {
+        m_puffer.reserve(PufferGroesse);
+        Anlegen(pfad);
+    } catch (const std::bad_alloc&) {
+        m_gut = false;
+    }
+}
+
+AusgabeDatei::~AusgabeDatei() {
+    Verwerfen();
+}
+
+void AusgabeDatei::Schreiben(std::string_view bytes) {
+    if (bytes.size() > PufferGroesse - m_puffer.size()) {
+        Leeren();
+    }
+    if (bytes.size() > PufferGroesse) {
+        m_gut = m_gut && Hinausschreiben(bytes);
+    } else if (m_gut) {
+        m_puffer.append(bytes);
+    }
+}
+
+bool AusgabeDatei::Abschliessen() {
+    Leeren();
+    const bool fertig = m_gut && Einsetzen();
+    m_gut = false; // over, one way or the other
+    Verwerfen();
+    return fertig;
+}
+
+void AusgabeDatei::Leeren() {
+    m_gut = m_gut && Hinausschreiben(m_puffer);
+    m_puffer.clear();
+}
+
+} // namespace zepholt

@@ -1,0 +1,38 @@
+#include "support/StringBuilder.h"
+
+#include <algorithm>
+
+namespace zepholt {
+
+namespace {
+
+constexpr std::size_t KleinsterZuwachs = 10000;
+
+// The memory taken ahead of any piece, in characters, however much was announced.
+constexpr std::size_t HoechsteVorsorge = 1 << 20;
+
+} // namespace
+
+void StringBuilder::Capacity(std::int32_t groesse) {
+    m_pufferLaenge = static_cast<std::size_t>(std::max(groesse, 0));
+    m_text = Text();
+    m_text.reserve(std::min(m_pufferLaenge, HoechsteVorsorge));
+}
+
+void StringBuilder::PlatzSchaffen(std::size_t laenge) {
+    if (m_text.size() + laenge > m_pufferLaenge) {
+        m_pufferLaenge += std::max(KleinsterZuwachs, laenge);
+    }
+}
+
+void StringBuilder::Append(TextSicht text) {
+    PlatzSchaffen(text.size());
+    m_text.append(text);
+}
+
+void StringBuilder::Append(std::span<const unsigned char> bytes) {
+    PlatzSchaffen(bytes.size());
+    m_text.append(bytes.begin(), bytes.end());
+}
+
+} // namespace zepholt
