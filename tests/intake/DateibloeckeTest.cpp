@@ -11,7 +11,7 @@ using hilfen::Testordner;
 
 std::string Inhalt(const Dateibloecke& bloecke) {
     std::string bytes;
-    for (const Dateiblock& block : bloecke) {
+    for (const Bytes& block : bloecke) {
         bytes.append(block.Sicht().begin(), block.Sicht().end());
     }
     return bytes;

@@ -7,6 +7,7 @@
 #include "hilfen/Zeilenbau.h"
 #include "intake/TestDaten.h"
 #include "intake/TestTechnisch.h"
+#include "run/NeuerLauf.h"
 
 #include <gtest/gtest.h>
 
@@ -38,9 +39,7 @@ inline Befunde AlleBefunde() {
 }
 
 inline void Beginne() {
-    testDaten = {};
-    sia451Datei = {};
-    FehlerLoeschen();
+    NeuerLauf();
     testDaten.Uhr = [] { return Zeitpunkt{2026, 11, 21, 12, 0}; };
 }
 
@@ -72,8 +71,8 @@ inline std::string AlsUtf8(TextSicht text) {
 }
 
 inline Text KopfA(bool e1s, std::initializer_list<Feldwert> aenderungen = {}) {
-    Text kopf = Zeile(
-        u"A", {{8, e1s ? u"QVMX17" : u"451-92"}, {14, e1s ? u"21" : u"11"}, {42, u"1"}, {63, u"1"}, {256, u" "}});
+    Text kopf =
+        Zeile(u"A", {{8, e1s ? u"QVMX17" : u"451-92"}, {14, e1s ? u"21" : u"11"}, {42, u"1"}, {63, u"1"}, {256, u" "}});
     for (const Feldwert& feld : aenderungen) {
         kopf.replace(static_cast<std::size_t>(feld.Spalte - 1), feld.Wert.size(), feld.Wert);
     }

@@ -79,7 +79,7 @@ TEST(CrLfPruefen, JedeFolgeAusDreiZeichenBisZurLaengeSieben) {
                 Bytes inhalt(bis - von);
                 std::copy(bytes.begin() + static_cast<std::ptrdiff_t>(von),
                           bytes.begin() + static_cast<std::ptrdiff_t>(bis), inhalt.data());
-                bloecke.push_back({std::move(inhalt), bis - von});
+                bloecke.push_back(std::move(inhalt));
                 von = bis;
             }
             ASSERT_EQ(CrLfPruefen(bloecke), Schrittweise(bytes)) << ::testing::PrintToString(bytes);

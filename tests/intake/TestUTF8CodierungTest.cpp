@@ -49,17 +49,17 @@ struct Grenze {
 
 TEST(Utf8Dekodieren, GrenzenJederForm) {
     const Grenze grenzen[] = {
-        {0x00, 1, true},      {0x7F, 1, true},      {0x00, 2, false},     {0x7F, 2, false},     {0x80, 2, true},
-        {0x7FF, 2, true},     {0x00, 3, false},     {0x7FF, 3, false},    {0x800, 3, true},     {0xD7FF, 3, true},
-        {0xD800, 3, false},   {0xDBFF, 3, false},   {0xDC00, 3, false},   {0xDFFF, 3, false},   {0xE000, 3, true},
-        {0xFDCF, 3, true},    {0xFDD0, 3, false},   {0xFDEF, 3, false},   {0xFDF0, 3, true},    {0xFEFF, 3, true},
-        {0xFFFD, 3, true},    {0xFFFE, 3, false},   {0xFFFF, 3, false},   {0x00, 4, false},     {0xFFFF, 4, false},
-        {0x10000, 4, true},   {0x1F600, 4, true},   {0x10FFFD, 4, true},  {0x10FFFE, 4, false}, {0x10FFFF, 4, false},
+        {0x00, 1, true},      {0x7F, 1, true},      {0x00, 2, false},    {0x7F, 2, false},     {0x80, 2, true},
+        {0x7FF, 2, true},     {0x00, 3, false},     {0x7FF, 3, false},   {0x800, 3, true},     {0xD7FF, 3, true},
+        {0xD800, 3, false},   {0xDBFF, 3, false},   {0xDC00, 3, false},  {0xDFFF, 3, false},   {0xE000, 3, true},
+        {0xFDCF, 3, true},    {0xFDD0, 3, false},   {0xFDEF, 3, false},  {0xFDF0, 3, true},    {0xFEFF, 3, true},
+        {0xFFFD, 3, true},    {0xFFFE, 3, false},   {0xFFFF, 3, false},  {0x00, 4, false},     {0xFFFF, 4, false},
+        {0x10000, 4, true},   {0x1F600, 4, true},   {0x10FFFD, 4, true}, {0x10FFFE, 4, false}, {0x10FFFF, 4, false},
         {0x110000, 4, false}, {0x1FFFFF, 4, false},
     };
     for (const Grenze& grenze : grenzen) {
         const std::string bytes = "x" + InForm(grenze.Wert, grenze.Form);
-        EXPECT_EQ(Gut(bytes), grenze.Gut) << std::hex << grenze.Wert << " in " << grenze.Form;
+        EXPECT_EQ(Gut(bytes), grenze.Gut) << std::hex << static_cast<unsigned>(grenze.Wert) << " in " << grenze.Form;
         if (grenze.Gut) {
             EXPECT_EQ(Werte(bytes), (std::u32string{U'x', grenze.Wert}));
         }
@@ -70,9 +70,9 @@ TEST(Utf8Dekodieren, NichtzeichenInJederEbene) {
     for (char32_t ebene = 0; ebene <= 16; ++ebene) {
         const char32_t anfang = ebene << 16;
         const int form = ebene == 0 ? 3 : 4;
-        EXPECT_TRUE(Gut(InForm(anfang | 0xFFFD, form))) << ebene;
-        EXPECT_FALSE(Gut(InForm(anfang | 0xFFFE, form))) << ebene;
-        EXPECT_FALSE(Gut(InForm(anfang | 0xFFFF, form))) << ebene;
+        EXPECT_TRUE(Gut(InForm(anfang | 0xFFFD, form))) << static_cast<unsigned>(ebene);
+        EXPECT_FALSE(Gut(InForm(anfang | 0xFFFE, form))) << static_cast<unsigned>(ebene);
+        EXPECT_FALSE(Gut(InForm(anfang | 0xFFFF, form))) << static_cast<unsigned>(ebene);
     }
 }
 
@@ -111,7 +111,9 @@ TEST(Utf8Dekodieren, FuehrendesByteAb248) {
 }
 
 TEST(Utf8Dekodieren, MarkeWirdUebergangen) {
-    EXPECT_EQ(Werte("\xEF\xBB\xBF" "A"), U"A");
+    EXPECT_EQ(Werte("\xEF\xBB\xBF"
+                    "A"),
+              U"A");
     EXPECT_EQ(Werte("\xEF\xBB\xBF"), U"");
     EXPECT_EQ(Werte("\xEF\xBB\xBF\xEF\xBB\xBF"), U"\uFEFF");
     EXPECT_EQ(Werte("A\xEF\xBB\xBF"), U"A\uFEFF");
@@ -146,14 +148,24 @@ TEST_F(Utf8Datei, LeereDateiIstGut) {
 
 TEST_F(Utf8Datei, NurAsciiUndUmlaute) {
     EXPECT_EQ(Pruefe("abc\r\ndef\r\n"), 0);
-    EXPECT_EQ(Pruefe("abc\r\nd\xC3\xA4" "f\r\n"), 0);
-    EXPECT_EQ(Pruefe("abc\r\nd\xE4" "f\r\n"), 1);
+    EXPECT_EQ(Pruefe("abc\r\nd\xC3\xA4"
+                     "f\r\n"),
+              0);
+    EXPECT_EQ(Pruefe("abc\r\nd\xE4"
+                     "f\r\n"),
+              1);
 }
 
 TEST_F(Utf8Datei, MarkeAmAnfangUndSonstwo) {
-    EXPECT_EQ(Pruefe("\xEF\xBB\xBF" "abc\r\n"), 0);
-    EXPECT_EQ(Pruefe("abc\r\n\xEF\xBB\xBF" "abc\r\n"), 0);
-    EXPECT_EQ(Pruefe("\xEF\xBB" "abc\r\n"), 1);
+    EXPECT_EQ(Pruefe("\xEF\xBB\xBF"
+                     "abc\r\n"),
+              0);
+    EXPECT_EQ(Pruefe("abc\r\n\xEF\xBB\xBF"
+                     "abc\r\n"),
+              0);
+    EXPECT_EQ(Pruefe("\xEF\xBB"
+                     "abc\r\n"),
+              1);
 }
 
 TEST_F(Utf8Datei, JenseitsDerErstenEbeneNenntDieErsteZeile) {

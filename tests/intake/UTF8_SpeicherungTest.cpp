@@ -28,15 +28,14 @@ Text Utf8(std::string_view bytes) {
 }
 
 // Code page 850 from 128 on, four hexadecimal digits a character.
-constexpr std::string_view Codeseite850 =
-    "00C700FC00E900E200E400E000E500E700EA00EB00E800EF00EE00EC00C400C5"
-    "00C900E600C600F400F600F200FB00F900FF00D600DC00F800A300D800D70192"
-    "00E100ED00F300FA00F100D100AA00BA00BF00AE00AC00BD00BC00A100AB00BB"
-    "2591259225932502252400C100C200C000A9256325512557255D00A200A52510"
-    "25142534252C251C2500253C00E300C3255A25542569256625602550256C00A4"
-    "00F000D000CA00CB00C8013100CD00CE00CF2518250C2588258400A600CC2580"
-    "00D300DF00D400D200F500D500B500FE00DE00DA00DB00D900FD00DD00AF00B4"
-    "00AD00B1201700BE00B600A700F700B800B000A800B700B900B300B225A000A0";
+constexpr std::string_view Codeseite850 = "00C700FC00E900E200E400E000E500E700EA00EB00E800EF00EE00EC00C400C5"
+                                          "00C900E600C600F400F600F200FB00F900FF00D600DC00F800A300D800D70192"
+                                          "00E100ED00F300FA00F100D100AA00BA00BF00AE00AC00BD00BC00A100AB00BB"
+                                          "2591259225932502252400C100C200C000A9256325512557255D00A200A52510"
+                                          "25142534252C251C2500253C00E300C3255A25542569256625602550256C00A4"
+                                          "00F000D000CA00CB00C8013100CD00CE00CF2518250C2588258400A600CC2580"
+                                          "00D300DF00D400D200F500D500B500FE00DE00DA00DB00D900FD00DD00AF00B4"
+                                          "00AD00B1201700BE00B600A700F700B800B000A800B700B900B300B225A000A0";
 
 TEST(OemNachAnsi, JedesByte) {
     for (int byte = 1; byte < 256; ++byte) {
@@ -70,7 +69,9 @@ TEST(OemNachAnsi, EndetAmErstenNullbyte) {
 
 TEST(OemNachAnsi, HaengtAn) {
     Text text = u"vor";
-    OemNachAnsi(AlsBytes("n\x84" "ch"), text);
+    OemNachAnsi(AlsBytes("n\x84"
+                         "ch"),
+                text);
     EXPECT_EQ(text, u"vorn\u00E4ch");
 }
 
@@ -154,7 +155,9 @@ struct Kopf : ::testing::Test {
         heute = {jahr, monat, tag, 23, 59};
         testDaten.IstE1S = istE1S;
         testDaten.Utf8Modus = false;
-        ByteSicht zeile = AlsBytes(marke ? "\xEF\xBB\xBF" "A  " : "A  ");
+        ByteSicht zeile = AlsBytes(marke ? "\xEF\xBB\xBF"
+                                           "A  "
+                                         : "A  ");
         const bool ergebnis = Utf8KopfPruefen(zeile);
         EXPECT_EQ(std::string(zeile.begin(), zeile.end()), "A  ");
         EXPECT_EQ(testDaten.Utf8Modus, istE1S || marke);

@@ -33,8 +33,9 @@ struct Teil {
 };
 
 constexpr Teil Teile[] = {
-    {1, 1, 1, false},  {2, 2, 3, false},  {5, 8, 6, false},   {11, 82, 5, true},   {16, 18, 6, true},   {22, 24, 6, true},
-    {28, 87, 6, true}, {34, 129, 6, true}, {40, 30, 3, true},  {43, 33, 3, true},   {46, 42, 1, false},  {47, 14, 2, false},
+    {1, 1, 1, false},   {2, 2, 3, false},   {5, 8, 6, false},    {11, 82, 5, true},
+    {16, 18, 6, true},  {22, 24, 6, true},  {28, 87, 6, true},   {34, 129, 6, true},
+    {40, 30, 3, true},  {43, 33, 3, true},  {46, 42, 1, false},  {47, 14, 2, false},
     {49, 16, 2, false}, {51, 123, 6, true}, {57, 168, 16, true}, {73, 188, 16, true},
 };
 
@@ -140,14 +141,12 @@ std::vector<Text> ZufaelligeZeilen(std::mt19937& zufall, std::size_t anzahl, boo
     const auto wahl = [&zufall](TextSicht aus) { return Text(1, aus[zufall() % aus.size()]); };
     std::vector<Text> zeilen;
     for (std::size_t i = 0; i < anzahl; ++i) {
-        Text zeile = Zeile(wahl(u"AEGGGGDUZ"), {{2, wahl(u"12")}, {42, wahl(u"123")}});
-        if (zufall() % 3 == 0) {
-            zeile = Zeile(zeile, {{16, wahl(u"12")}, {87, wahl(u"aAbB")}, {170, wahl(u"xXy")}});
-        }
+        const Text art = wahl(u"AEGGGGDUZ") + wahl(u"123");
+        Text zeile = zufall() % 3 == 0 ? Zeile(art, {{16, wahl(u"12")}, {87, wahl(u"aAbB")}, {170, wahl(u"xXy")}})
+                                       : Zeile(art, {{2, wahl(u"12")}});
         if (zufall() % 7 == 0) {
             zeile.resize(zufall() % 60, u' ');
         }
-        // What the line began with, which Zeile takes for the record type.
         zeilen.push_back(zeile);
     }
     if (geordnet) {

@@ -177,8 +177,8 @@ TEST_F(Zeichentest, Utf8In451DateiNurCodeseite1252) {
     ASSERT_EQ(erlaubt.size(), 27U);
     for (std::uint32_t code = 0; code <= 0xFFFF; ++code) {
         const auto zeichen = static_cast<char16_t>(code);
-        const bool gut = (code >= 32 && code < 127) || (code >= 160 && code < 256) ||
-                         erlaubt.find(zeichen) != TextSicht::npos;
+        const bool gut =
+            (code >= 32 && code < 127) || (code >= 160 && code < 256) || erlaubt.find(zeichen) != TextSicht::npos;
         ASSERT_EQ(PruefeZeichen(zeichen), gut ? Keine : Spalte93) << code;
     }
 }
