@@ -341,8 +341,10 @@ void Formularfenster::Anordnen(UINT dpi, const POINT* ort) {
     for (std::int32_t i = 0; i < m_formular.Anzahl; ++i) {
         const RECT platz = PlatzVon(m_formular.Elemente[i]);
         SendMessageW(Element(i), WM_SETFONT, reinterpret_cast<WPARAM>(m_schrift), FALSE);
-        SetWindowPos(Element(i), nullptr, platz.left, platz.top, platz.right - platz.left, platz.bottom - platz.top,
-                     SWP_NOZORDER | SWP_NOACTIVATE);
+        // A frame goes below all others, or it would cut off what it frames.
+        const bool istRahmen = m_formular.Elemente[i].Art == ElementArt::Rahmen;
+        SetWindowPos(Element(i), istRahmen ? HWND_BOTTOM : nullptr, platz.left, platz.top, platz.right - platz.left,
+                     platz.bottom - platz.top, SWP_NOACTIVATE | (istRahmen ? 0U : SWP_NOZORDER));
     }
     if (alteSchrift != nullptr) {
         DeleteObject(alteSchrift);

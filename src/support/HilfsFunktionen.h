@@ -14,11 +14,14 @@ namespace zepholt {
 // don't count. Any failure of the query gives false.
 bool DateiExistiert(const Text& pfad);
 
-// True when the first match of `pfad` is a folder. Any failure gives false.
+// True when the first match of `pfad` is a folder: a folder's own entries "." and ".." are, and come first; any other
+// match is one when no ordinary file matches `pfad`, so a wildcard that fits both a folder and a file gives false. A
+// folder with a path separator behind it is one, a drive's root too. Any failure gives false.
 bool OrdnerExistiert(const Text& pfad);
 
-// The paths of all ordinary files in `ordner` that match `muster`, ascending by the bytes of their names. `ordner` may
-// end in a path separator or not. No match gives an empty list.
+// The paths of all ordinary files in `ordner` that match `muster`, ascending by the bytes of their names; hidden files
+// and system files don't count. `ordner` may end in a path separator or not. No match gives an empty list, a failure
+// what was found until then.
 std::vector<Text> DateienImOrdner(const Text& ordner, const Text& muster);
 
 // `ordner` with a path separator behind it, if it doesn't end in one.
@@ -50,17 +53,36 @@ char16_t Grossbuchstabe(char16_t zeichen);
 // ASCII text into Text, unit by unit (bytes above 127 keep their value).
 Text AusAscii(std::string_view text);
 
+// --- Bytes and the command line --------------------------------------------------------------------------------------
+
+// UTF-8 to Text and back without loss: a byte that is no part of valid UTF-8 becomes the unit U+DC00 plus the byte, and
+// that unit the byte again. So any name of a file or argument comes back as it was. Any other lone surrogate gets the
+// three bytes of its number.
+Text AusUtf8Bytes(std::string_view bytes);
+std::string Utf8Bytes(TextSicht text);
+
+// One command text out of single arguments, joined by one blank: an argument that holds a blank and no quotation mark
+// gets its value (behind the first '='), or without '=' the whole argument, wrapped in quotation marks; an empty
+// argument becomes two of them.
+Text KommandotextAus(const std::vector<Text>& argumente);
+
+// A whole command text without the program's own name in front, quoted or not, and the blanks and tabs behind it.
+TextSicht OhneProgrammnamen(TextSicht kommandotext);
+
 // --- Numbers ---------------------------------------------------------------------------------------------------------
 
 // Leading-number parse: leading blanks skipped, optional sign, digits, optional point and digits; stops at the first
-// character that doesn't fit; nothing read gives 0. No exponent, no hexadecimal, no inner blanks.
+// character that doesn't fit; nothing read gives 0. No exponent, no hexadecimal, no inner blanks. More digits than a
+// double can hold give infinity.
 double ZahlAmAnfang(TextSicht text);
 
 // The same, rounded half to even. A value outside of 32 bits is a LaufzeitFehler.
 std::int32_t GanzzahlAmAnfang(TextSicht text);
 
-// Strict conversion: blanks trimmed at both ends, optional sign, at least one digit, optional point with digits,
-// nothing else; rounded half to even. No value when the text is none such or is out of range.
+// Strict conversion: blanks trimmed at both ends, optional sign, at least one digit, optional point with at least one
+// digit behind it, nothing else; the whole number is rounded half to even. No value when the text is none such ("5."
+// and
+// ".5" are none) or is out of range.
 std::optional<std::int32_t> StrengeGanzzahl(TextSicht text);
 std::optional<double> StrengeZahl(TextSicht text);
 

@@ -1,6 +1,7 @@
 // The one door to the platform: files, folders, the clock, the command line, standard error.
 //
-// One header, one source per platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake. Paths are Text. On Linux
+// One header, one source per platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake, and OS_API.cpp with what
+// needs no platform. Paths are Text. On Linux
 // a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so that every name opens and
 // comes back as it was; on Windows a path is the platform's own text and may be longer than 260 characters.
 #pragma once
@@ -26,16 +27,18 @@ public:
     bool empty() const { return m_anzahl == 0; }
     unsigned char operator[](std::size_t i) const { return m_daten[i]; }
     std::span<const unsigned char> Sicht() const { return {m_daten.get(), m_anzahl}; }
+    void Kuerzen(std::size_t anzahl) { m_anzahl = anzahl; } // to the first `anzahl` bytes
 
 private:
     std::unique_ptr<unsigned char[]> m_daten;
     std::size_t m_anzahl = 0;
 };
 
-enum class DateiArt { Nichts, Datei, Ordner, Anderes }; // Anderes: a device, a pipe, a socket
+// Anderes: a device, a pipe, a socket. A link is what it points to, and nothing when that is missing.
+enum class DateiArt { Nichts, Datei, Ordner, Anderes };
 
 struct OrdnerEintrag {
-    Text Name; // without its folder
+    Text Name; // without its folder; empty where the path ends in a path separator
     DateiArt Art = DateiArt::Nichts;
     bool Versteckt = false; // Windows: the hidden or the system attribute; Linux: never (a name counts as it stands)
 };
@@ -43,16 +46,18 @@ struct OrdnerEintrag {
 // What stands at a path, links followed. No wildcards here. Any failure of the query gives Nichts.
 DateiArt ArtVon(const Text& pfad);
 
-// The entries of the folder of `muster` whose names match the last part of `muster`, in ascending order of the names'
-// bytes. `*` and `?` act in that last part only; on Linux a leading dot hides a name from a wildcard. A path without
-// wildcards gives the one entry itself. A failure on the way gives what was found until then.
+// The entries of the folder of `muster` whose names match the last part of `muster`: a folder's own entries "." and
+// ".." first where they match, then ascending by the names' bytes (of their UTF-8 form on Windows). `*` and `?` act in
+// that last part only; on Linux a leading dot hides a name from a wildcard. A path without wildcards gives the one
+// entry itself. A failure on the way gives what was found until then. Links that point to nothing don't count.
 std::vector<OrdnerEintrag> EintraegeSuchen(const Text& muster);
 
 // The character between the parts of a path, and whether a character is one (on Windows '/' too).
 char16_t PfadTrenner();
 bool IstPfadTrenner(char16_t zeichen);
 
-// An open file for reading at any place; closed by its end. Every failure is a LaufzeitFehler.
+// An open ordinary file for reading at any place; closed by its end. Every failure is a LaufzeitFehler, anything that
+// is no ordinary file and exhausted memory too; nothing here waits for another process.
 class LeseDatei {
 public:
     explicit LeseDatei(const Text& pfad);
@@ -70,8 +75,9 @@ private:
     std::uint64_t m_groesse = 0;
 };
 
-// An output file that comes out complete or not at all: written beside its place, renamed into it by Abschliessen.
-// An end without Abschliessen, or a failure on the way, leaves neither file nor remnant. Nothing here throws.
+// An output file that comes out complete or not at all: written beside its place, renamed into it by Abschliessen,
+// where it replaces an ordinary file and nothing else. An end without Abschliessen, or a failure on the way, leaves
+// neither file nor remnant (and an older file as it was). Nothing here throws.
 class AusgabeDatei {
 public:
     explicit AusgabeDatei(const Text& pfad);
@@ -84,6 +90,12 @@ public:
 
 private:
     void Leeren();
+
+    // The platform's part. The first opens m_nebenan and sets m_gut, the second writes all or fails, the third closes
+    // and renames, the fourth closes and removes what is still open.
+    void Anlegen(const Text& pfad);
+    bool Hinausschreiben(std::string_view bytes);
+    bool Einsetzen();
     void Verwerfen();
 
     Text m_pfad;
@@ -93,8 +105,8 @@ private:
     std::string m_puffer;
 };
 
-// True when a file can be created at `pfad`: it is opened for writing, closed and deleted. Nothing is left behind.
-// Never opens what exists already and is no ordinary file.
+// True when a file can be created at `pfad`: it is opened for writing, closed and deleted. Nothing is left behind. What
+// exists already, whatever it is, is neither opened nor deleted and gives false; so does a link that points to nothing.
 bool DateiAnlegbar(const Text& pfad);
 
 // Local date and time.
@@ -108,11 +120,11 @@ struct Zeitpunkt {
 Zeitpunkt Jetzt();
 
 // The command text behind the program's own name. Windows takes it from the system as it stands; Linux rebuilds it from
-// the arguments, joined by one blank: an argument that holds a blank and no quotation mark gets its value (behind the
-// first '='), or without '=' the whole argument, wrapped in quotation marks; an empty argument becomes two of them.
+// the arguments, see KommandotextAus.
 Text Kommandozeile(int anzahl, char** argumente);
 
-// One line on standard error, and whether that is a terminal. Never touches standard output.
+// One line on standard error, in UTF-8, and whether that is a terminal. Never touches standard output; without a
+// standard error nothing happens.
 void MeldungAusgeben(TextSicht text);
 bool MeldungIstTerminal();
 

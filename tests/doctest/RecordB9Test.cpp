@@ -2,6 +2,7 @@
 #include "doctest/TestInhalt.h"
 #include "hilfen/Gliederungen.h"
 #include "hilfen/Satztest.h"
+#include "intake/SIA451Felder.h"
 
 namespace zepholt {
 namespace {
@@ -37,6 +38,19 @@ TEST_F(RecordB9Test, ACompleteRecordIsKept) {
     EXPECT_TRUE(konto.Variantengruppe == u"G1" && konto.Variante == u"V1");
     EXPECT_EQ(konto.Menge, -1.5);
     EXPECT_EQ(konto.Preis, 2.5);
+}
+
+TEST_F(RecordB9Test, FieldsLieInTheirColumns) {
+    Pruefe(PruefeB9, Spaltensatz(u"B9", {{45, u"-"}, {46, u"1234567890125"}, {62, u"-"}, {63, u"123456789025"}}));
+    const auto spalten = [](std::int32_t spalte, std::int32_t laenge) {
+        return Feld(testDaten.Record, spalte, laenge);
+    };
+    const KostenkontoEintrag& konto = Letztes();
+    EXPECT_TRUE(konto.OGL == spalten(18, 6) && konto.PSL == spalten(24, 6));
+    EXPECT_TRUE(konto.Variantengruppe == spalten(30, 3) && konto.Variante == spalten(33, 3));
+    EXPECT_TRUE(konto.KAG == spalten(82, 5) && konto.Element == spalten(87, 6));
+    EXPECT_DOUBLE_EQ(konto.Menge, -1234567890.125);
+    EXPECT_DOUBLE_EQ(konto.Preis, -1234567890.25);
 }
 
 TEST_F(RecordB9Test, AnEmptyRecordIsKept) {

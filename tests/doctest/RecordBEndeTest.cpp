@@ -111,6 +111,7 @@ TEST_F(RecordBEndeTest, TheNewInterfaceWantsTheOrderOfStructuresToBeUnique) {
     EXPECT_EQ(Reihenfolgen(Neu, {u"0000002", u"0000001", u"0000002", u"0000001", u"0000001"}), (Funde{{3205, -1}}));
     EXPECT_EQ(Reihenfolgen(Neu, {u"", u"", u""}), Funde{});
     EXPECT_EQ(Reihenfolgen(Neu, {u"0000000", u"0000000", u"0000005"}), Funde{});
+    EXPECT_EQ(Reihenfolgen(12, {u"0000001", u"0000001"}), (Funde{{3205, -1}}));
 }
 
 TEST_F(RecordBEndeTest, TheOldInterfaceRepeatsTheOrderOfStructuresFreely) {

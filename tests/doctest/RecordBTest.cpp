@@ -1,6 +1,7 @@
 // Structure records B0 to B8: what each reports, what stops it and what is kept, in both interfaces.
 #include "doctest/TestInhalt.h"
 #include "hilfen/Satztest.h"
+#include "intake/SIA451Felder.h"
 
 #include <random>
 
@@ -235,55 +236,73 @@ TEST_P(StrukturartTest, TheOldInterfaceRepeatsExtendedCodesFreely) {
 
 // --- What is kept ----------------------------------------------------------------------------------------------------
 
-TEST_F(RecordBTest, EntriesHoldTheirFields) {
+TEST_F(RecordBTest, FieldsLieInTheirColumns) {
     BeginneMit(Alt, {u"001", u"002", u"003", u"004", u"005", u"007", u"008"});
-    Pruefe(PruefeB1, Zeile(u"B1", {{2, u"001"}, {82, u"12345"}, {93, u"Bez"}, {138, u"Text"}, {208, u"E"}}));
+    const auto spalten = [](std::int32_t spalte, std::int32_t laenge) {
+        return Feld(testDaten.Record, spalte, laenge);
+    };
+
+    EXPECT_EQ(Pruefe(PruefeB1, Spaltensatz(u"B1", {{2, u"001"}})), Funde{});
     const KAGEintrag& kag = sia451Datei.KAGTabelle[0];
-    EXPECT_TRUE(kag.Code == u"12345" && kag.Bezeichnung == u"Bez" && kag.Text == u"Text" && kag.ECode == u"E");
+    EXPECT_TRUE(kag.Code == spalten(82, 5) && kag.Bezeichnung == spalten(93, 30));
+    EXPECT_TRUE(kag.Text == spalten(138, 30) && kag.ECode == spalten(208, 16));
 
-    Pruefe(PruefeB2, Zeile(u"B2", {{2, u"002"}, {18, u"123456"}, {75, u"0000012"}, {93, u"Bez"}, {138, u"Text"}}));
+    EXPECT_EQ(Pruefe(PruefeB2, Spaltensatz(u"B2", {{2, u"002"}, {24, u"      "}, {75, u"1234567"}})), Funde{});
     const OGLEintrag& ogl = sia451Datei.OGLTabelle[0];
-    EXPECT_TRUE(ogl.Code == u"123456" && ogl.Bezeichnung == u"Bez" && ogl.Text == u"Text" && ogl.Reihenfolge == 12);
+    EXPECT_TRUE(ogl.Code == spalten(18, 6) && ogl.Bezeichnung == spalten(93, 30) && ogl.Text == spalten(138, 30));
+    EXPECT_EQ(ogl.Reihenfolge, 1234567);
 
-    Pruefe(
-        PruefeB2,
-        Zeile(u"B2", {{2, u"002"}, {18, u"123456"}, {24, u"P23456"}, {75, u"0000013"}, {93, u"Lage"}, {138, u"Text"}}));
+    EXPECT_EQ(Pruefe(PruefeB2, Spaltensatz(u"B2", {{2, u"002"}, {75, u"1234567"}})), Funde{});
     const PSLEintrag& psl = ogl.PSLListe[0];
-    EXPECT_TRUE(psl.Code == u"P23456" && psl.Bezeichnung == u"Lage" && psl.Text == u"Text" && psl.Reihenfolge == 13);
+    EXPECT_TRUE(psl.Code == spalten(24, 6) && psl.Bezeichnung == spalten(93, 30) && psl.Text == spalten(138, 30));
+    EXPECT_EQ(psl.Reihenfolge, 1234567);
 
-    Pruefe(
-        PruefeB3,
-        Zeile(u"B3",
-              {{2, u"003"}, {59, u"m2"}, {87, u"E12345"}, {93, u"Bez"}, {138, u"Text"}, {208, u"0123456789ABCDEF"}}));
+    EXPECT_EQ(Pruefe(PruefeB3, Spaltensatz(u"B3", {{2, u"003"}})), Funde{});
     const EKGEintrag& ekg = sia451Datei.EKGTabelle[0];
-    EXPECT_TRUE(ekg.Code == u"E12345" && ekg.Bezeichnung == u"Bez" && ekg.Text == u"Text");
-    EXPECT_TRUE(ekg.Mengeneinheit == u"m2" && ekg.ECode == u"0123456789ABCDEF");
+    EXPECT_TRUE(ekg.Code == spalten(87, 6) && ekg.Bezeichnung == spalten(93, 30) && ekg.Text == spalten(138, 30));
+    EXPECT_TRUE(ekg.Mengeneinheit == spalten(59, 2) && ekg.ECode == spalten(208, 16));
 
-    Pruefe(PruefeB4, Zeile(u"B4", {{2, u"004"}, {75, u"0000014"}, {93, u"Bez"}, {129, u"T12345"}, {138, u"Text"}}));
+    EXPECT_EQ(Pruefe(PruefeB4, Spaltensatz(u"B4", {{2, u"004"}, {75, u"1234567"}})), Funde{});
     const EinrichtungEintrag& typ = sia451Datei.EinrichtungTabelle[0];
-    EXPECT_TRUE(typ.Code == u"T12345" && typ.Bezeichnung == u"Bez" && typ.Text == u"Text" && typ.Reihenfolge == 14);
+    EXPECT_TRUE(typ.Code == spalten(129, 6) && typ.Bezeichnung == spalten(93, 30) && typ.Text == spalten(138, 30));
+    EXPECT_EQ(typ.Reihenfolge, 1234567);
 
-    Pruefe(PruefeB5,
-           Zeile(u"B5", {{2, u"005"}, {30, u"G01"}, {75, u"0000015"}, {93, u"Bez"}, {135, u"V01"}, {138, u"Text"}}));
+    EXPECT_EQ(Pruefe(PruefeB5, Spaltensatz(u"B5", {{2, u"005"}, {75, u"1234567"}})), Funde{});
     const VariantengruppeEintrag& gruppe = sia451Datei.VariantenTabelle[0];
-    EXPECT_TRUE(gruppe.Code == u"G01" && gruppe.Bezeichnung == u"Bez" && gruppe.Text == u"Text");
-    EXPECT_TRUE(gruppe.Primaervariante == u"V01" && gruppe.Reihenfolge == 15);
+    EXPECT_TRUE(gruppe.Code == spalten(30, 3) && gruppe.Bezeichnung == spalten(93, 30));
+    EXPECT_TRUE(gruppe.Text == spalten(138, 30) && gruppe.Primaervariante == spalten(135, 3));
+    EXPECT_EQ(gruppe.Reihenfolge, 1234567);
 
-    Pruefe(PruefeB6,
-           Zeile(u"B6", {{2, u"005"}, {30, u"G01"}, {33, u"V01"}, {75, u"0000016"}, {93, u"Bez"}, {138, u"Text"}}));
+    EXPECT_EQ(Pruefe(PruefeB6, Spaltensatz(u"B6", {{2, u"005"}, {75, u"1234567"}})), Funde{});
     const VarianteEintrag& variante = gruppe.Varianten[0];
-    EXPECT_TRUE(variante.Code == u"V01" && variante.Bezeichnung == u"Bez" && variante.Text == u"Text");
-    EXPECT_EQ(variante.Reihenfolge, 16);
+    EXPECT_TRUE(variante.Code == spalten(33, 3) && variante.Bezeichnung == spalten(93, 30));
+    EXPECT_TRUE(variante.Text == spalten(138, 30));
+    EXPECT_EQ(variante.Reihenfolge, 1234567);
 
-    Pruefe(PruefeB7, Zeile(u"B7", {{2, u"007"}, {93, u"Bez"}, {138, u"Text"}, {168, u"N123456789ABCDEF"}}));
+    EXPECT_EQ(Pruefe(PruefeB7, Spaltensatz(u"B7", {{2, u"007"}})), Funde{});
     const NutzungEintrag& nutzung = sia451Datei.NutzungTabelle[0];
-    EXPECT_TRUE(nutzung.Code == u"N123456789ABCDEF" && nutzung.Bezeichnung == u"Bez" && nutzung.Text == u"Text");
+    EXPECT_TRUE(nutzung.Code == spalten(168, 16) && nutzung.Bezeichnung == spalten(93, 30));
+    EXPECT_TRUE(nutzung.Text == spalten(138, 30));
 
-    Pruefe(PruefeB8, Zeile(u"B8", {{2, u"008"}, {93, u"Bez"}, {138, u"Text"}, {188, u"R123456789ABCDEF"}}));
+    EXPECT_EQ(Pruefe(PruefeB8, Spaltensatz(u"B8", {{2, u"008"}})), Funde{});
     const RaumEintrag& raum = sia451Datei.RaumTabelle[0];
-    EXPECT_TRUE(raum.Code == u"R123456789ABCDEF" && raum.Bezeichnung == u"Bez" && raum.Text == u"Text");
+    EXPECT_TRUE(raum.Code == spalten(188, 16) && raum.Bezeichnung == spalten(93, 30));
+    EXPECT_TRUE(raum.Text == spalten(138, 30));
 
-    EXPECT_EQ(FehlerAnzahl(), 0);
+    EXPECT_EQ(Pruefe(PruefeB0, Spaltensatz(u"B0", {{2, u"001"}, {6, u"95"}, {75, u"1234567"}})), Funde{});
+    EXPECT_TRUE(sia451Datei.KAGStandardName == spalten(36, 6) && sia451Datei.KAGKopfText == spalten(63, 12));
+    EXPECT_EQ(sia451Datei.KAGStandardJahr, 1995);
+    EXPECT_EQ(sia451Datei.GliederungReihenfolgen.back(), 1234567);
+}
+
+TEST_F(RecordBTest, TheNewInterfaceBeginsAtRevision12) {
+    BeginneMit(12, {u"001", u"003", u"004"});
+    EXPECT_EQ(B0({{2, u"001"}, {6, u"95"}}), (Funde{{3203, 3}}));
+    const std::vector<Feldwert> b1 = {{2, u"001"}, {82, u"1"}, {93, u"x"}, {208, u"E"}};
+    EXPECT_EQ(Pruefe(PruefeB1, Geaendert(u"B", b1)), Funde{});
+    EXPECT_EQ(Pruefe(PruefeB1, Geaendert(Geaendert(u"B", b1), {{82, u"2"}})), (Funde{{3226, 5}}));
+    EXPECT_EQ(Pruefe(PruefeB4, Zeile(u"B4", {{2, u"004"}, {75, u"0000001"}, {93, u"x"}, {129, u"T"}})),
+              (Funde{{3208, 6}}));
 }
 
 // --- B0 --------------------------------------------------------------------------------------------------------------
@@ -379,6 +398,7 @@ TEST_F(RecordBTest, AYearWithoutANameStaysAsRead) {
 TEST_F(RecordBTest, ABadYearStillCountsAsGiven) {
     EXPECT_EQ(B0({{2, u"001"}, {6, u"9x"}}), (Funde{{3001, 0, 6}, {3203, 0}}));
     EXPECT_EQ(B0({{2, u"001"}, {6, u"9x"}, {36, u"BKP"}}), (Funde{{3001, 1, 6}}));
+    EXPECT_EQ(B0({{2, u"001"}, {6, u" 5"}}), (Funde{{3001, 2, 6}, {3203, 2}}));
 }
 
 TEST_F(RecordBTest, OnlyCostTypesAndElementsHaveAStandard) {

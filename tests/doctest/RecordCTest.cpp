@@ -2,6 +2,7 @@
 #include "doctest/TestInhalt.h"
 #include "hilfen/Gliederungen.h"
 #include "hilfen/Satztest.h"
+#include "intake/SIA451Felder.h"
 
 #include <random>
 
@@ -269,6 +270,37 @@ TEST_F(RecordCTest, NumberAndLevelAreUnique) {
     }
 }
 
+TEST_F(RecordCTest, FieldsOfC1LieInTheirColumns) {
+    BeginneMitC0(Alt);
+    const auto spalten = [](std::int32_t spalte, std::int32_t laenge) {
+        return Feld(testDaten.Record, spalte, laenge);
+    };
+    EXPECT_EQ(Pruefe(PruefeC1, Spaltensatz(u"C1", {{2, u"987"},
+                                                   {5, u"3"},
+                                                   {6, u"65"},
+                                                   {16, u"43"},
+                                                   {36, u"123456"},
+                                                   {45, u"-"},
+                                                   {46, u"000123456789125"},
+                                                   {61, u"-"},
+                                                   {62, u"-"},
+                                                   {63, u"123456789125"},
+                                                   {75, u"-"},
+                                                   {76, u"123425"}})),
+              Funde{});
+    const KonditionEintrag& kondition = LetzteKondition();
+    EXPECT_EQ(kondition.Nummer, 987);
+    EXPECT_EQ(kondition.Konditionsart, 3);
+    EXPECT_EQ(kondition.Stufe, 65);
+    EXPECT_EQ(kondition.Bezugsstufe, 43);
+    EXPECT_EQ(kondition.Zahlungsfrist, 123456);
+    EXPECT_TRUE(kondition.Berechnungsart == spalten(44, 1));
+    EXPECT_DOUBLE_EQ(kondition.Bezugsbetrag, -1234567.89125);
+    EXPECT_DOUBLE_EQ(kondition.Konditionsbetrag, -1234567891.25);
+    EXPECT_DOUBLE_EQ(kondition.Prozentwert, -1234.25);
+    EXPECT_TRUE(kondition.Bezeichnung == spalten(93, 30) && kondition.Text == spalten(138, 30));
+}
+
 // --- C1, value added tax ---------------------------------------------------------------------------------------------
 
 TEST_F(RecordCTest, TaxIsAPercentageThatCounts) {
@@ -424,6 +456,27 @@ TEST_F(RecordCTest, ARestrictionHoldsItsFields) {
     EXPECT_TRUE(eintrag.Einrichtungstyp == u"T1" && eintrag.Variantengruppe == u"G1" && eintrag.Variante == u"V1");
     EXPECT_TRUE(eintrag.Kapitelangabe == u"113");
     EXPECT_EQ(eintrag.Reihenfolge, 7);
+}
+
+TEST_F(RecordCTest, FieldsOfC5LieInTheirColumns) {
+    BeginneMitC1(Alt);
+    const auto spalten = [](std::int32_t spalte, std::int32_t laenge) {
+        return Feld(testDaten.Record, spalte, laenge);
+    };
+    Pruefe(PruefeC5, Spaltensatz(u"C5", {{2, u"001"}, {136, u"12"}}));
+    const EinschraenkungEintrag& eintrag = LetzteKondition().Einschraenkungen.at(0);
+    EXPECT_TRUE(eintrag.OGL == spalten(18, 6) && eintrag.PSL == spalten(24, 6));
+    EXPECT_TRUE(eintrag.Variantengruppe == spalten(30, 3) && eintrag.Variante == spalten(33, 3));
+    EXPECT_TRUE(eintrag.KAG == spalten(82, 5) && eintrag.Element == spalten(87, 6));
+    EXPECT_TRUE(eintrag.Einrichtungstyp == spalten(129, 6) && eintrag.Kapitelangabe == spalten(8, 3));
+    EXPECT_EQ(eintrag.Reihenfolge, 12);
+}
+
+TEST_F(RecordCTest, TheNewInterfaceBeginsAtRevision12) {
+    BeginneMitC1(12);
+    EXPECT_EQ(C1({{2, u"002"}, {5, u"2"}, {6, u"20"}, {16, u"10"}, {61, u"-"}}), (Funde{{5262, 2}}));
+    EXPECT_EQ(C5({{136, u"07"}}), (Funde{{3208, 3}}));
+    EXPECT_EQ(C5({{18, u"1*"}}), (Funde{{5382, 4}}));
 }
 
 TEST_F(RecordCTest, ReferencesOfARestriction) {

@@ -47,6 +47,16 @@ inline Text Geaendert(Text satz, const std::vector<Feldwert>& felder) {
     return satz;
 }
 
+// A record of full length with another character, none of them a digit, in each of its columns: what is read from the
+// wrong columns shows. `felder` are written over it.
+inline Text Spaltensatz(TextSicht art, const std::vector<Feldwert>& felder) {
+    Text satz;
+    for (char16_t spalte = 1; spalte <= 256; ++spalte) {
+        satz.push_back(static_cast<char16_t>(0x400 + spalte));
+    }
+    return Geaendert(Geaendert(satz, {{1, art.substr(0, 1)}, {42, art.substr(1)}}), felder);
+}
+
 class Satztest : public ::testing::Test {
 protected:
     Satztest() { Beginne(Neu); }

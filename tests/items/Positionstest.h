@@ -40,6 +40,15 @@ inline Text Mit(Text satz, const Felder& felder) {
     return satz;
 }
 
+// A text for the message of a failed case.
+inline std::string Lesbar(TextSicht text) {
+    std::string ergebnis;
+    for (const char16_t zeichen : text) {
+        ergebnis.push_back(zeichen < 128 ? static_cast<char>(zeichen) : '?');
+    }
+    return ergebnis;
+}
+
 inline void PruefeG6Allein() {
     PruefeG6(false);
 }
