@@ -239,10 +239,13 @@ void FehlerSortieren() {
     std::vector<FehlerEintrag>& liste = fehlerSpeicher.FehlerListe;
     std::vector<Sortierschluessel> schluessel(liste.size());
     std::ranges::transform(liste, schluessel.begin(), SchluesselVon);
+    BedieneFenster(); // between the long steps of many findings
+    std::vector<std::uint32_t> raenge = RaengeVon(schluessel);
+    BedieneFenster();
 
     std::vector<FehlerEintrag> sortiert;
     sortiert.reserve(liste.size());
-    for (const std::uint32_t i : SortierFolge(RaengeVon(schluessel))) {
+    for (const std::uint32_t i : SortierFolge(std::move(raenge))) {
         sortiert.push_back(liste[i]);
     }
     liste = std::move(sortiert);
