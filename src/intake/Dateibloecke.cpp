@@ -20,16 +20,18 @@ std::size_t HinterLetzterZeile(ByteSicht bytes) {
 
 // The block that begins at `stelle`: whole lines, or all that is left of the file. A line longer than a block doubles
 // it until the line's end is found.
-Dateiblock BlockLesen(LeseDatei& datei, std::uint64_t stelle) {
+Bytes BlockLesen(LeseDatei& datei, std::uint64_t stelle) {
     const std::uint64_t rest = datei.Groesse() - stelle;
     for (std::size_t groesse = Blockgroesse;; groesse *= 2) {
         const auto anzahl = static_cast<std::size_t>(std::min<std::uint64_t>(rest, groesse));
-        Dateiblock block{datei.Lies(stelle, anzahl), 0};
-        if (block.Inhalt.size() != anzahl) {
+        Bytes block = datei.Lies(stelle, anzahl);
+        if (block.size() != anzahl) {
             throw LaufzeitFehler("file became shorter while it was read");
         }
-        block.Laenge = anzahl == rest ? anzahl : HinterLetzterZeile(block.Inhalt.Sicht());
-        if (block.Laenge > 0) {
+        if (anzahl < rest) {
+            block.Kuerzen(HinterLetzterZeile(block.Sicht()));
+        }
+        if (!block.empty()) {
             return block;
         }
     }
@@ -38,22 +40,19 @@ Dateiblock BlockLesen(LeseDatei& datei, std::uint64_t stelle) {
 } // namespace
 
 Dateibloecke DateiBytesLesen(const Text& pfad) {
-    if (ArtVon(pfad) != DateiArt::Datei) {
-        throw LaufzeitFehler("no ordinary file");
-    }
     LeseDatei datei(pfad);
     Dateibloecke bloecke;
     for (std::uint64_t stelle = 0; stelle < datei.Groesse();) {
         bloecke.push_back(BlockLesen(datei, stelle));
-        stelle += bloecke.back().Laenge;
+        stelle += bloecke.back().size();
     }
     return bloecke;
 }
 
 std::uint64_t Gesamtlaenge(const Dateibloecke& bloecke) {
     std::uint64_t laenge = 0;
-    for (const Dateiblock& block : bloecke) {
-        laenge += block.Laenge;
+    for (const Bytes& block : bloecke) {
+        laenge += block.size();
     }
     return laenge;
 }
@@ -70,14 +69,14 @@ std::size_t ZeilenendenZaehlen(ByteSicht bytes) {
 
 std::size_t ZeilenendenZaehlen(const Dateibloecke& bloecke) {
     std::size_t anzahl = 0;
-    for (const Dateiblock& block : bloecke) {
+    for (const Bytes& block : bloecke) {
         anzahl += ZeilenendenZaehlen(block.Sicht());
     }
     return anzahl;
 }
 
 ByteSicht Zeilenleser::Naechste() {
-    if (m_stelle == m_bloecke[m_block].Laenge) {
+    if (m_stelle == m_bloecke[m_block].size()) {
         BlockVerlassen();
     }
     const ByteSicht block = m_bloecke[m_block].Sicht();
@@ -95,7 +94,7 @@ void Zeilenleser::BlockVerlassen() {
 }
 
 bool Zeilenleser::AmEnde() const {
-    return m_bloecke.empty() || (m_block + 1 == m_bloecke.size() && m_stelle == m_bloecke[m_block].Laenge);
+    return m_bloecke.empty() || (m_block + 1 == m_bloecke.size() && m_stelle == m_bloecke[m_block].size());
 }
 
 } // namespace zepholt

@@ -12,14 +12,7 @@ namespace zepholt {
 using ByteSicht = std::span<const unsigned char>;
 
 // Every block but the last ends in a line feed; none is empty.
-struct Dateiblock {
-    Bytes Inhalt;
-    std::size_t Laenge = 0; // bytes of Inhalt that belong to the block
-
-    ByteSicht Sicht() const { return Inhalt.Sicht().first(Laenge); }
-};
-
-using Dateibloecke = std::vector<Dateiblock>;
+using Dateibloecke = std::vector<Bytes>;
 
 // The whole file; no block for an empty one. What is no ordinary file is not opened. Every failure is a LaufzeitFehler.
 Dateibloecke DateiBytesLesen(const Text& pfad);

@@ -21,7 +21,7 @@ bool ZeilenendenGut(ByteSicht block) {
 } // namespace
 
 std::int32_t CrLfPruefen(const Dateibloecke& bloecke) {
-    const bool gut = std::ranges::all_of(bloecke, [](const Dateiblock& b) { return ZeilenendenGut(b.Sicht()); });
+    const bool gut = std::ranges::all_of(bloecke, [](const Bytes& b) { return ZeilenendenGut(b.Sicht()); });
     return gut ? 0 : 1;
 }
 

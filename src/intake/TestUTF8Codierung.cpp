@@ -82,7 +82,7 @@ std::int32_t Utf8DateiPruefen(const Dateibloecke& bloecke) {
     std::vector<char32_t> codepunkte;
     std::size_t zeilenDavor = 0; // lines before the block in hand
     std::optional<std::size_t> zeileJenseits;
-    for (const Dateiblock& block : bloecke) {
+    for (const Bytes& block : bloecke) {
         const ByteSicht bytes = block.Sicht();
         for (std::size_t stelle = AsciiEnde(bytes, 0); stelle < bytes.size();) {
             const std::size_t ende = ByteSuchen(bytes, '\n', stelle);
