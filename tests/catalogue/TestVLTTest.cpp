@@ -161,14 +161,6 @@ TEST_F(TestVLTTest, ACancelEndsTheComparisonBehindTheChapterInHand) {
     EXPECT_EQ(testDaten.FehlerPosition, 888888);
 }
 
-TEST_F(TestVLTTest, AReserveChapterDoesNotLookAtTheCancel) {
-    Beginne(Neu);
-    Kapitel(199);
-    Kapitel(142);
-    testDaten.Abbruch = true;
-    EXPECT_EQ(Rufe(TesteKatalog), (Stempelfunde{{6101, 142, 0}}));
-}
-
 // --- Positions
 
 TEST_F(TestVLTTest, APositionMustStandInTheCatalogue) { // 6201

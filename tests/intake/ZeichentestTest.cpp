@@ -43,8 +43,8 @@ const Befunde Spalte93 = {{2031, 7, 93}};
 
 Text AusOem(int byte) {
     const unsigned char bytes[] = {static_cast<unsigned char>(byte)};
-    Text text;
-    OemNachAnsi(bytes, text);
+    Text text(1, u'?');
+    OemNachAnsi(bytes, text.data());
     return text;
 }
 
