@@ -13,7 +13,7 @@ praefix=${WINEPREFIX:-$PWD/build/windows/wp}
 wine_bereiten "$praefix"
 
 mkdir "$ordner/k"
-bench/erzeugen.py dokument "$ordner/Offerte.01S" 60
+bench/erzeugen.py dokument "$ordner/Offerte.01S" 100 --falsch
 titel='QVM-Test: SIA451'
 
 # The window with this width of its client area, in pixels.
@@ -29,7 +29,7 @@ bilder() { # toolkit, command...
         "${@:2}" "dialog=$sprache" >/dev/null 2>&1 </dev/null &
         lauf=$!
         warte breit 520
-        sleep 1
+        sleep 0.4
         haupt=$(breit 520)
         klick "$haupt" 470 24 # the run stands still while the info window is open
         warte breit 497
