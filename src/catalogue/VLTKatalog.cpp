@@ -310,11 +310,13 @@ void EntpackeRoh() {
         return;
     }
     const ByteSicht rumpf = roh.subspan(rumpfAb);
-    if (EntpackteLaenge(rumpf, tabelle) > GroessteKapitelLaenge) {
+    const std::size_t laenge = EntpackteLaenge(rumpf, tabelle);
+    if (laenge > GroessteKapitelLaenge) {
         return;
     }
     StringBuilder sammler;
     sammler.Capacity(groesse);
+    sammler.Vorsorgen(Deklaration.size() + laenge); // the head's size may be anything
     sammler.Append(Deklaration);
     Entpacke(rumpf, tabelle, sammler);
     katalogDaten.KapitelXML = std::move(sammler).GetString();
