@@ -6,6 +6,7 @@
 #include "intake/UTF8_Speicherung.h"
 #include "support/HilfsFunktionen.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 
@@ -79,10 +80,10 @@ Text MitNullen(TextSicht ziffern, std::int32_t laenge) {
 
 void Setze(Text& satz, std::int32_t spalte, TextSicht wert) {
     const auto ab = static_cast<std::size_t>(spalte - 1);
-    if (satz.size() < ab + wert.size()) {
+    if (!wert.empty() && satz.size() < ab + wert.size()) {
         satz.resize(ab + wert.size(), u' ');
     }
-    satz.replace(ab, wert.size(), wert);
+    satz.replace(std::min(ab, satz.size()), wert.size(), wert);
 }
 
 const RecordLayout& LayoutVon(const Text& satz, TextSicht feld) {

@@ -44,8 +44,7 @@ void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t ein
     }
 }
 
-// Judges a variable whose counterpart is the current V. An alternative code without an alternative variable would be
-// one more fault here (6306); the code of a document is always empty.
+// Judges a variable whose counterpart is the current V.
 void TesteVariable(const VariableEintrag& variable) {
     const std::int32_t einfuegepunkt = EinfuegepunktImKatalog();
     if (einfuegepunkt != 0) {
@@ -59,6 +58,10 @@ void TesteVariable(const VariableEintrag& variable) {
         if (einfuegepunkt == 0 || wert < einfuegepunkt) {
             FehlerMelden(6304);
         }
+    }
+
+    if (!variable.AlternativCode.empty() && AlternativGruppe().empty()) { // never: PruefeG3 drops every code
+        FehlerMelden(6306);
     }
 }
 
@@ -147,7 +150,7 @@ void TesteReserveposition(std::int32_t kapitelIndex, std::int32_t nummer) {
     TesteReserveEnde(nummer);
 }
 
-// The title is not compared: a catalogue may reword it (6102 is never reported).
+// Judges the positions of a chapter that is the current one. Wording doesn't count, nor does that of the title.
 void TesteKapitelPositionen(std::int32_t kapitelIndex) {
     const std::vector<PositionEintrag>& positionen = Kapitel(kapitelIndex).Positionen;
     std::int32_t fortschritt = FortschrittBasis;

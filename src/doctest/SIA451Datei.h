@@ -305,7 +305,8 @@ struct SIA451Datei {
     NummernIndex KapitelNachNummer;
     Kapitelnummerntexte TexteDerKapitel;
     BezugIndex MengenNachBezug;
-    std::vector<bool> Laufnummern; // running numbers that stand in the tree, see LaufnummerVergeben
+    // Running numbers that stand in the tree, see LaufnummerVergeben: pages of 1024, since most come in sequence.
+    std::unordered_map<std::size_t, std::bitset<1024>> Laufnummern;
 };
 
 inline SIA451Datei sia451Datei;

@@ -1,28 +1,19 @@
 #include "intake/TestCRLFCodierung.h"
 
-#include <algorithm>
-
 namespace zepholt {
 
-namespace {
-
-// A block stands for itself, since the byte before it is a line feed or nothing: it may not begin with a line feed and
-// must end with one, and from there on "is a line feed" and "stands behind a carriage return" must agree everywhere.
-// The loop has no early end, so that it runs on many bytes at a time.
-bool ZeilenendenGut(ByteSicht block) {
-    unsigned char fehler = block.front() == '\n' || block.back() != '\n';
-    const unsigned char* bytes = block.data();
-    for (std::size_t i = 1; i < block.size(); ++i) {
-        fehler |= static_cast<unsigned char>((bytes[i] == '\n') ^ (bytes[i - 1] == '\r'));
+// A file may not begin with a line feed and must end with one, and from there on "is a line feed" and "stands behind a
+// carriage return" must agree everywhere. The loop has no early end, so that it runs on many bytes at a time.
+std::int32_t CrLfPruefen(ByteSicht bytes) {
+    if (bytes.empty() || bytes.front() == '\n' || bytes.back() != '\n') {
+        return 1;
     }
-    return fehler == 0;
-}
-
-} // namespace
-
-std::int32_t CrLfPruefen(const Dateibloecke& bloecke) {
-    const bool gut = std::ranges::all_of(bloecke, [](const Dateiblock& b) { return ZeilenendenGut(b.Sicht()); });
-    return gut ? 0 : 1;
+    unsigned char fehler = 0;
+    const unsigned char* byte = bytes.data();
+    for (std::size_t i = 1; i < bytes.size(); ++i) {
+        fehler |= static_cast<unsigned char>((byte[i] == '\n') ^ (byte[i - 1] == '\r'));
+    }
+    return fehler;
 }
 
 } // namespace zepholt

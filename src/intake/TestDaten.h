@@ -5,6 +5,7 @@
 // driver and the passes behind it the current place, the entry and the cancel button those of the run.
 #pragma once
 
+#include "intake/Dateitext.h"
 #include "support/OS_API.h"
 #include "support/Text.h"
 
@@ -33,7 +34,7 @@ struct TestDaten {
     Text SchnittstellenId;                   // A:3, columns 8 to 13 of line 1, once accepted
     std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake; from 12 on the new interface
     bool Utf8Modus = false;                  // the lines are decoded as UTF-8
-    Text DateiText;                          // all lines decoded, one behind the other; everything below views into it
+    Dateitext DateiText;                     // all lines decoded, one behind the other; everything below views into it
     std::vector<TextSicht> Zeilen;           // the lines without their ends, from 0
     std::vector<std::int32_t> ZeilenNummern; // the number in the file, from 0, of each entry of Zeilen
     std::int32_t ZeilenAnzahl = 0;

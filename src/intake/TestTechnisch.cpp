@@ -71,12 +71,12 @@ bool KopfPruefen(TextSicht kopf) {
 }
 
 // The tests on the bytes of the whole file.
-bool BytesPruefen(const Dateibloecke& bloecke) {
-    if (bloecke.empty() || CrLfPruefen(bloecke) != 0) {
+bool BytesPruefen(ByteSicht bytes) {
+    if (CrLfPruefen(bytes) != 0) { // an empty file too
         return Ablehnen(2001);
     }
     if (testDaten.IstE1S) {
-        const std::int32_t ergebnis = Utf8DateiPruefen(bloecke);
+        const std::int32_t ergebnis = Utf8DateiPruefen(bytes);
         if (ergebnis != 0) {
             return ergebnis == 1 ? Ablehnen(2007) : Ablehnen(2008);
         }
@@ -85,9 +85,9 @@ bool BytesPruefen(const Dateibloecke& bloecke) {
 }
 
 // Decodes the lines from the second on behind the first; the bar moves at every fiftieth of the file.
-void ZeilenLesen(Zeilenleser& leser, std::uint64_t laenge, std::vector<TextSicht>& zeilen) {
-    const std::uint64_t schritt = laenge / 50;
-    for (std::uint64_t naechste = schritt; !leser.AmEnde();) {
+void ZeilenLesen(Zeilenleser& leser, std::size_t laenge, std::vector<TextSicht>& zeilen) {
+    const std::size_t schritt = laenge / 50;
+    for (std::size_t naechste = schritt; !leser.AmEnde();) {
         if (naechste <= leser.Position()) {
             ZeigeFortschritt(Balkenwert(leser.Position()));
             naechste += schritt;
@@ -99,17 +99,16 @@ void ZeilenLesen(Zeilenleser& leser, std::uint64_t laenge, std::vector<TextSicht
 
 bool Einlesen() {
     DateiartBestimmen();
-    Dateibloecke bloecke = DateiBytesLesen(testDaten.Austauschdatei);
-    if (!BytesPruefen(bloecke)) {
+    testDaten.DateiText = DateiBytesLesen(testDaten.Austauschdatei);
+    const ByteSicht bytes = testDaten.DateiText.Rohbytes();
+    if (!BytesPruefen(bytes)) {
         return false;
     }
-    const std::uint64_t laenge = Gesamtlaenge(bloecke);
-    ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(laenge));
+    ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(bytes.size()));
 
-    testDaten.DateiText.reserve(laenge); // a line never decodes to more units than bytes: no view is ever moved
     std::vector<TextSicht> zeilen;
-    zeilen.reserve(ZeilenendenZaehlen(bloecke));
-    Zeilenleser leser(bloecke);
+    zeilen.reserve(ZeilenendenZaehlen(bytes));
+    Zeilenleser leser(bytes);
     ByteSicht kopf = leser.Naechste();
     if (!Utf8KopfPruefen(kopf)) {
         return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
@@ -118,7 +117,7 @@ bool Einlesen() {
     if (!KopfPruefen(zeilen[0])) {
         return false;
     }
-    ZeilenLesen(leser, laenge, zeilen);
+    ZeilenLesen(leser, bytes.size(), zeilen);
     testDaten.Zeilen = std::move(zeilen);
     testDaten.ZeilenAnzahl = AnzahlElemente(testDaten.Zeilen);
     return true;

@@ -78,28 +78,23 @@ std::int32_t Utf8Dekodieren(ByteSicht bytes, std::vector<char32_t>& codepunkte) 
 }
 
 // Only what follows a byte above 127, up to the end of its line, is decoded: most lines have none.
-std::int32_t Utf8DateiPruefen(const Dateibloecke& bloecke) {
+std::int32_t Utf8DateiPruefen(ByteSicht bytes) {
     std::vector<char32_t> codepunkte;
-    std::size_t zeilenDavor = 0; // lines before the block in hand
-    std::optional<std::size_t> zeileJenseits;
-    for (const Dateiblock& block : bloecke) {
-        const ByteSicht bytes = block.Sicht();
-        for (std::size_t stelle = AsciiEnde(bytes, 0); stelle < bytes.size();) {
-            const std::size_t ende = ByteSuchen(bytes, '\n', stelle);
-            if (Utf8Dekodieren(bytes.subspan(stelle, ende - stelle), codepunkte) != 0) {
-                return 1;
-            }
-            if (!zeileJenseits && std::ranges::any_of(codepunkte, [](char32_t c) { return c > 0xFFFF; })) {
-                zeileJenseits = zeilenDavor + ZeilenendenZaehlen(bytes.first(stelle));
-            }
-            stelle = AsciiEnde(bytes, ende);
+    std::optional<std::size_t> jenseits; // the place of the first stretch with a character above U+FFFF
+    for (std::size_t stelle = AsciiEnde(bytes, 0); stelle < bytes.size();) {
+        const std::size_t ende = ByteSuchen(bytes, '\n', stelle);
+        if (Utf8Dekodieren(bytes.subspan(stelle, ende - stelle), codepunkte) != 0) {
+            return 1;
         }
-        zeilenDavor += ZeilenendenZaehlen(bytes);
+        if (!jenseits && std::ranges::any_of(codepunkte, [](char32_t c) { return c > 0xFFFF; })) {
+            jenseits = stelle;
+        }
+        stelle = AsciiEnde(bytes, ende);
     }
-    if (!zeileJenseits) {
+    if (!jenseits) {
         return 0;
     }
-    testDaten.ZeilenNr = static_cast<std::int32_t>(*zeileJenseits);
+    testDaten.ZeilenNr = static_cast<std::int32_t>(ZeilenendenZaehlen(bytes.first(*jenseits)));
     return 2;
 }
 

@@ -1,7 +1,7 @@
 // The test of an E1S file's encoding, on the bytes of the file.
 #pragma once
 
-#include "intake/Dateibloecke.h"
+#include "intake/Dateitext.h"
 
 #include <vector>
 
@@ -14,6 +14,6 @@ std::int32_t Utf8Dekodieren(ByteSicht bytes, std::vector<char32_t>& codepunkte);
 
 // 0 good, 1 not valid UTF-8 anywhere in the file, 2 valid, but with a character above U+FFFF, which has no place in a
 // column; ZeilenNr is then set to the line of the first such character.
-std::int32_t Utf8DateiPruefen(const Dateibloecke& bloecke);
+std::int32_t Utf8DateiPruefen(ByteSicht bytes);
 
 } // namespace zepholt

@@ -35,13 +35,6 @@ constexpr std::array<char16_t, 128> Codeseite850 = {
 constexpr std::array<unsigned char, 3> Marke = {0xEF, 0xBB, 0xBF};
 constexpr char16_t Ersatzzeichen = 0xFFFD;
 
-// Makes room for `anzahl` units behind the text and returns where they begin.
-char16_t* Anfuegen(Text& ziel, std::size_t anzahl) {
-    const std::size_t anfang = ziel.size();
-    ziel.resize(anfang + anzahl);
-    return ziel.data() + anfang;
-}
-
 // Copies the bytes up to 127 at the front and returns their number.
 std::size_t AsciiKopieren(ByteSicht bytes, char16_t* ziel) {
     const std::size_t ende = AsciiEnde(bytes, 0);
@@ -129,7 +122,18 @@ bool BeginntMitMarke(ByteSicht bytes) {
 }
 
 std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab) {
+    constexpr std::size_t Schritt = 64; // many bytes at a time, then a word, then a byte
     constexpr std::uint64_t HoheBits = 0x8080808080808080;
+    while (ab + Schritt <= bytes.size()) {
+        unsigned char alle = 0;
+        for (const unsigned char byte : bytes.subspan(ab, Schritt)) {
+            alle |= byte;
+        }
+        if (alle >= 0x80) {
+            break;
+        }
+        ab += Schritt;
+    }
     std::uint64_t wort = 0;
     while (ab + sizeof wort <= bytes.size()) {
         std::memcpy(&wort, bytes.data() + ab, sizeof wort);
@@ -161,37 +165,28 @@ bool Utf8KopfPruefen(ByteSicht& zeile) {
 }
 
 TextSicht ZeileDekodieren(ByteSicht zeile) {
-    Text& text = testDaten.DateiText;
-    const std::size_t anfang = text.size();
-    if (testDaten.Utf8Modus) {
-        Utf8NachUnicode(zeile, text);
-    } else {
-        OemNachAnsi(zeile, text);
-    }
-    return TextSicht(text).substr(anfang);
+    Dateitext& text = testDaten.DateiText;
+    return text.Anfuegen(testDaten.Utf8Modus ? Utf8NachUnicode(zeile, text.Ende()) : OemNachAnsi(zeile, text.Ende()));
 }
 
-void OemNachAnsi(ByteSicht zeile, Text& ziel) {
+char16_t* OemNachAnsi(ByteSicht zeile, char16_t* ziel) {
     zeile = zeile.first(ByteSuchen(zeile, 0));
-    char16_t* text = Anfuegen(ziel, zeile.size());
-    for (std::size_t i = AsciiKopieren(zeile, text); i < zeile.size(); ++i) {
-        text[i] = zeile[i] < 0x80 ? zeile[i] : Codeseite850[zeile[i] - 0x80U];
+    for (std::size_t i = AsciiKopieren(zeile, ziel); i < zeile.size(); ++i) {
+        ziel[i] = zeile[i] < 0x80 ? zeile[i] : Codeseite850[zeile[i] - 0x80U];
     }
+    return ziel + zeile.size();
 }
 
-void Utf8NachUnicode(ByteSicht zeile, Text& ziel) {
-    const std::size_t anfang = ziel.size();
-    char16_t* text = Anfuegen(ziel, zeile.size());
-    char16_t* ende = text;
+char16_t* Utf8NachUnicode(ByteSicht zeile, char16_t* ziel) {
     for (std::size_t stelle = 0; stelle < zeile.size();) {
-        const std::size_t ascii = AsciiKopieren(zeile.subspan(stelle), ende);
+        const std::size_t ascii = AsciiKopieren(zeile.subspan(stelle), ziel);
         stelle += ascii;
-        ende += ascii;
+        ziel += ascii;
         if (stelle < zeile.size()) {
-            ende = SequenzDekodieren(zeile, stelle, ende);
+            ziel = SequenzDekodieren(zeile, stelle, ziel);
         }
     }
-    ziel.resize(anfang + static_cast<std::size_t>(ende - text));
+    return ziel;
 }
 
 } // namespace zepholt

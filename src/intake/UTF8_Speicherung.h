@@ -1,10 +1,7 @@
 // From the file's bytes to 16-bit text: the byte order mark and the two decoders.
-//
-// Decoded lines are kept in testDaten.DateiText, one behind the other; views into it stay valid as long as its capacity
-// suffices, which is made sure before the first line.
 #pragma once
 
-#include "intake/Dateibloecke.h"
+#include "intake/Dateitext.h"
 #include "support/Text.h"
 
 namespace zepholt {
@@ -20,15 +17,18 @@ std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab);
 // end of November 2099, and must hold one from then on: the mark makes it UTF-8.
 bool Utf8KopfPruefen(ByteSicht& zeile);
 
-// Decodes one line (without its end) to the end of DateiText, as Utf8Modus tells, and returns its text.
+// Decodes one line (without its end) behind the lines in DateiText, as Utf8Modus tells, and returns its text.
 TextSicht ZeileDekodieren(ByteSicht zeile);
 
-// Appends the text of a line in code page 850 to `ziel`: each byte its own Unicode character, control bytes stay. The
-// line is cut at its first zero byte.
-void OemNachAnsi(ByteSicht zeile, Text& ziel);
+// Both write the text of a line to `ziel` and return the place behind it. There must be room for as many units as the
+// line has bytes; the bytes may stand further behind in the same memory, where writing reaches a byte only when it has
+// been read.
 
-// Appends the text of a line in UTF-8 to `ziel`. Where the bytes are no UTF-8, each longest beginning of a sequence, or
-// else each byte, becomes U+FFFD; a character above U+FFFF becomes a surrogate pair. Never more units than bytes.
-void Utf8NachUnicode(ByteSicht zeile, Text& ziel);
+// From code page 850: each byte its own Unicode character, control bytes stay. The line is cut at its first zero byte.
+char16_t* OemNachAnsi(ByteSicht zeile, char16_t* ziel);
+
+// From UTF-8. Where the bytes are no UTF-8, each longest beginning of a sequence, or
+// else each byte, becomes U+FFFD; a character above U+FFFF becomes a surrogate pair.
+char16_t* Utf8NachUnicode(ByteSicht zeile, char16_t* ziel);
 
 } // namespace zepholt

@@ -46,6 +46,10 @@ bool NeueSchnittstelle() {
     return testDaten.Revision >= 12;
 }
 
+std::size_t Breite() {
+    return NeueSchnittstelle() ? BreiteNeu : BreiteAlt;
+}
+
 char16_t Gross(char16_t zeichen) {
     if (zeichen >= 128) {
         return Grossbuchstabe(zeichen);
@@ -163,8 +167,7 @@ void Doppelsuche::Durchsuchen(const Strecke& strecke) {
 
 void Doppelsuche::Aufnehmen(std::size_t zeile) {
     const Schluessel schluessel = SchluesselVon(m_zeilen[zeile]);
-    const auto streuwert =
-        static_cast<std::uint32_t>(std::hash<TextSicht>()(TextSicht(schluessel.data(), schluessel.size())));
+    const auto streuwert = static_cast<std::uint32_t>(std::hash<TextSicht>()(TextSicht(schluessel.data(), Breite())));
     std::size_t i = streuwert & (m_faecher.size() - 1);
     for (; m_faecher[i].Zeile != Leer; i = Naechstes(i)) {
         if (m_faecher[i].Streuwert == streuwert && SchluesselVon(m_zeilen[m_faecher[i].Zeile]) == schluessel) {
@@ -216,7 +219,7 @@ bool IstEDURecord(TextSicht zeile) {
 
 Text UniversalSchluessel(TextSicht zeile) {
     const Schluessel schluessel = SchluesselVon(zeile);
-    return Text(schluessel.data(), NeueSchnittstelle() ? BreiteNeu : BreiteAlt);
+    return Text(schluessel.data(), Breite());
 }
 
 Reihenfolge ReihenfolgeErmitteln(std::span<const TextSicht> zeilen) {

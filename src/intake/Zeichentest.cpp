@@ -42,21 +42,22 @@ bool InUtf8() {
     return testDaten.IstE1S || testDaten.Utf8Modus;
 }
 
-// Printable ASCII passes every character test. No early end, so that the loop runs on many columns at a time.
+// Printable ASCII passes every character test. Both differences stay below 32768 for such characters only; no early
+// end, so that the loop runs on many columns at a time.
 bool NurDruckbaresAscii(TextSicht text) {
-    bool gut = true;
+    char16_t differenzen = 0;
     for (const char16_t zeichen : text) {
-        gut &= static_cast<char16_t>(zeichen - 32) <= 126 - 32;
+        differenzen |= static_cast<char16_t>((zeichen - 32) | (126 - zeichen));
     }
-    return gut;
+    return differenzen < 0x8000;
 }
 
 bool NurLeerzeichen(TextSicht text) {
-    bool gut = true;
+    char16_t abweichungen = 0;
     for (const char16_t zeichen : text) {
-        gut &= zeichen == u' ';
+        abweichungen |= static_cast<char16_t>(zeichen ^ u' ');
     }
-    return gut;
+    return abweichungen == 0;
 }
 
 // Reports each character of a field that `erlaubt` refuses.
@@ -91,6 +92,17 @@ void LueckePruefen(std::int32_t spalte) {
     }
 }
 
+// The test of a field whose characters are known to be good: only the gap before it.
+void NurLueckePruefen(std::int32_t spalte, std::int32_t laenge) {
+    if (spalte == 1) {
+        testDaten.NaechsteSpalte = 1;
+    }
+    if (spalte > testDaten.NaechsteSpalte) {
+        LueckePruefen(spalte);
+    }
+    testDaten.NaechsteSpalte = spalte + laenge;
+}
+
 } // namespace
 
 void ErlaubteZeichenAufbauen() {
@@ -101,8 +113,8 @@ void ErlaubteZeichenAufbauen() {
     if (testDaten.Revision >= 11) {
         CodesAnfuegen(ErlaubteCodesAbRevision11, codes);
     }
-    testDaten.ErlaubteZeichen.clear();
-    OemNachAnsi(codes, testDaten.ErlaubteZeichen);
+    testDaten.ErlaubteZeichen.resize(codes.size());
+    OemNachAnsi(codes, testDaten.ErlaubteZeichen.data());
 
     testDaten.IstErlaubt.reset();
     for (const char16_t zeichen : testDaten.ErlaubteZeichen) {
@@ -123,20 +135,15 @@ void RecordZeichenTest() {
         testDaten.UndefinierterRecordTyp = true;
         return;
     }
+    const auto feldtest = NurDruckbaresAscii(testDaten.Record) ? NurLueckePruefen : FeldZeichenTest;
     for (const RecordLayout& layout : layouts) {
-        FeldZeichenTest(layout.Spalte, layout.Laenge);
+        feldtest(layout.Spalte, layout.Laenge);
     }
-    FeldZeichenTest(Recordlaenge + 1, 0); // what stands behind the last field
+    feldtest(Recordlaenge + 1, 0); // what stands behind the last field
 }
 
 void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    if (spalte == 1) {
-        testDaten.NaechsteSpalte = 1;
-    }
-    if (spalte > testDaten.NaechsteSpalte) {
-        LueckePruefen(spalte);
-    }
-    testDaten.NaechsteSpalte = spalte + laenge;
+    NurLueckePruefen(spalte, laenge);
     if (InUtf8()) {
         UnicodeZeichenTest(spalte, laenge);
     } else {

@@ -8,7 +8,6 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace zepholt {
 
@@ -35,7 +34,8 @@ std::int32_t Spanne(std::int32_t nummer) {
 // Title positions: the positions stand in file order, so that the list neighbour tells whether one has another below.
 void PruefeTitel(const KapitelEintrag& kapitel) {
     std::int32_t naechste = 0;
-    for (const PositionEintrag& position : std::ranges::reverse_view(kapitel.Positionen)) {
+    for (auto zeiger = kapitel.Positionen.rbegin(); zeiger != kapitel.Positionen.rend(); ++zeiger) {
+        const PositionEintrag& position = *zeiger;
         const std::int32_t nummer = position.Nummer;
         const bool istTitel = naechste > nummer && naechste < nummer + Spanne(nummer);
         if (istTitel && position.Variablen.empty() && !IstReservePosition(nummer)) {

@@ -150,18 +150,17 @@ void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
 
 bool LaufnummerVergeben(TextSicht nummer) {
     const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
-    return platz && *platz < sia451Datei.Laufnummern.size() && sia451Datei.Laufnummern[*platz];
+    if (!platz) {
+        return false;
+    }
+    const auto seite = sia451Datei.Laufnummern.find(*platz / 1024);
+    return seite != sia451Datei.Laufnummern.end() && seite->second[*platz % 1024];
 }
 
 void LaufnummerMerken(TextSicht nummer) {
-    const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
-    if (!platz) {
-        return;
+    if (const std::optional<std::size_t> platz = LaufnummerPlatz(nummer)) {
+        sia451Datei.Laufnummern[*platz / 1024].set(*platz % 1024);
     }
-    if (*platz >= sia451Datei.Laufnummern.size()) {
-        sia451Datei.Laufnummern.resize(*platz + 1);
-    }
-    sia451Datei.Laufnummern[*platz] = true;
 }
 
 bool OGLGefunden(TextSicht code) {

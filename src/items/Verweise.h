@@ -1,7 +1,7 @@
 // The searches over the tree and the structure tables, and the digit rules of chapter and position numbers.
 //
-// Nothing here reports. Each search gives the result of a scan from the first entry, first match first; lookups that
-// grow with the document use an index that is filled where the tree grows.
+// Nothing here reports. Each search gives the result of a scan from the first entry, first match first; those that
+// grow with the document use an index that follows the tree, which only grows.
 #pragma once
 
 #include "doctest/SIA451Datei.h"

@@ -76,8 +76,8 @@ private:
 };
 
 // An output file that comes out complete or not at all: written beside its place, renamed into it by Abschliessen,
-// where it replaces an ordinary file and nothing else. An end without Abschliessen, or a failure on the way, leaves
-// neither file nor remnant (and an older file as it was). Nothing here throws.
+// where it replaces an ordinary file that may be written, and nothing else. An end without Abschliessen, or a failure
+// on the way, leaves neither file nor remnant (and an older file as it was). Nothing here throws.
 class AusgabeDatei {
 public:
     explicit AusgabeDatei(const Text& pfad);

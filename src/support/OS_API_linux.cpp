@@ -108,10 +108,11 @@ std::string OhneVerweis(const std::string& pfad) {
     return ergebnis;
 }
 
-// True when a file may come to stand at `pfad`: nothing or an ordinary file stands there.
+// True when a file may come to stand at `pfad`: nothing or an ordinary file that may be written stands there.
 bool IstErsetzbar(const std::string& pfad) {
     struct stat angaben {};
-    return lstat(pfad.c_str(), &angaben) != 0 || S_ISREG(angaben.st_mode);
+    return lstat(pfad.c_str(), &angaben) != 0 ||
+           (S_ISREG(angaben.st_mode) && faccessat(AT_FDCWD, pfad.c_str(), W_OK, AT_EACCESS) == 0);
 }
 
 } // namespace

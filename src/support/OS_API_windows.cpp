@@ -125,10 +125,11 @@ bool AllesSchreiben(HANDLE griff, std::string_view bytes) {
     return true;
 }
 
-// True when a file may come to stand at `pfad`: nothing or an ordinary file stands there.
+// True when a file may come to stand at `pfad`: nothing or an ordinary file that may be written stands there.
 bool IstErsetzbar(const std::wstring& pfad) {
     const DWORD attribute = GetFileAttributesW(pfad.c_str());
-    return attribute == INVALID_FILE_ATTRIBUTES || ArtAus(attribute, pfad) == DateiArt::Datei;
+    return attribute == INVALID_FILE_ATTRIBUTES ||
+           (ArtAus(attribute, pfad) == DateiArt::Datei && (attribute & FILE_ATTRIBUTE_READONLY) == 0);
 }
 
 } // namespace

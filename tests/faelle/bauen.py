@@ -91,7 +91,8 @@ def fund(code, L=None, I=None, F=None):
 
 
 KLAR = ("P-1", "Schulhaus Süd", "D-1", "Baumeister", "Muster AG", "Ausmass")  # trimmed
-ROH = tuple(w.ljust(n) for w, n in zip(KLAR, (11, 30, 15, 30, 20, 30)))      # as cut from the line
+# As cut from the line, which ends behind the software name.
+ROH = tuple(w.ljust(n) for w, n in zip(KLAR, (11, 30, 15, 30, 20, 0)))
 LEER = ("", "?", "", "?", "", "?")
 
 

@@ -97,7 +97,8 @@ bool AnzeigeVorhanden() {
 }
 
 bool VerbindungGestoert(xcb_connection_t* verbindung) {
-    return xcb_connection_has_error(verbindung) != 0;
+
+    return verbindung != nullptr && xcb_connection_has_error(verbindung) != 0;
 }
 
 } // namespace zepholt

@@ -10,7 +10,7 @@ namespace zepholt {
 // Wayland compositor does, chooses that for Qt.
 bool AnzeigeVorhanden();
 
-// True when the connection to the X server is broken.
+// True when the connection to the X server is broken; without one (null) false.
 bool VerbindungGestoert(xcb_connection_t* verbindung);
 
 } // namespace zepholt

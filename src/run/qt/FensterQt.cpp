@@ -298,8 +298,7 @@ void BalkenSetzen(ModulFensterGriff* griff, double breite) {
 bool Ereignisse(ModulFensterGriff* griff) {
     return OhneAusnahme([griff] {
         if (!AnzeigeVerloren()) {
-            griff->Fenster.repaint();
-            QCoreApplication::processEvents();
+            QCoreApplication::processEvents(); // painting what has changed is one of them
         }
         return griff->Fenster.Abbruch();
     });

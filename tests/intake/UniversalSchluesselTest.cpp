@@ -1,0 +1,294 @@
+#include "intake/UniversalSchluessel.h"
+
+#include "hilfen/Zeilenbau.h"
+#include "intake/TestDaten.h"
+#include "support/HilfsFunktionen.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace zepholt {
+namespace {
+
+using hilfen::Zeile;
+
+struct UniversalSchluesselTest : ::testing::Test {
+    UniversalSchluesselTest() { Revision(11); }
+
+    static void Revision(std::int32_t revision) {
+        testDaten = {};
+        testDaten.Revision = revision;
+    }
+};
+
+using Keys = UniversalSchluesselTest;
+
+struct Teil {
+    std::size_t Ziel; // first column of the key
+    std::int32_t Quelle;
+    std::size_t Laenge;
+    bool Gross;
+};
+
+constexpr Teil Teile[] = {
+    {1, 1, 1, false},   {2, 2, 3, false},   {5, 8, 6, false},    {11, 82, 5, true},
+    {16, 18, 6, true},  {22, 24, 6, true},  {28, 87, 6, true},   {34, 129, 6, true},
+    {40, 30, 3, true},  {43, 33, 3, true},  {46, 42, 1, false},  {47, 14, 2, false},
+    {49, 16, 2, false}, {51, 123, 6, true}, {57, 168, 16, true}, {73, 188, 16, true},
+};
+
+TEST_F(Keys, JederTeilDesSchluessels) {
+    for (const std::int32_t revision : {11, 12, 21}) {
+        Revision(revision);
+        const std::size_t breite = revision >= 12 ? 88 : 56;
+        for (const Teil& teil : Teile) {
+            const Text werte = Text(u"a\u00E4\u03C9qrstuvwxyzbcd").substr(0, teil.Laenge);
+            const Text gross = Text(u"A\u00C4\u03A9QRSTUVWXYZBCD").substr(0, teil.Laenge);
+            // The neighbours of the source must not enter.
+            Text zeile(260, u'-');
+            for (const Teil& t : Teile) {
+                zeile.replace(static_cast<std::size_t>(t.Quelle - 1), t.Laenge, t.Laenge, u' ');
+            }
+            zeile.replace(static_cast<std::size_t>(teil.Quelle - 1), teil.Laenge, werte);
+            Text soll(88, u' ');
+            soll.replace(teil.Ziel - 1, teil.Laenge, teil.Gross ? gross : werte);
+            EXPECT_EQ(UniversalSchluessel(zeile), soll.substr(0, breite)) << teil.Quelle << " at " << revision;
+        }
+    }
+}
+
+TEST_F(Keys, KurzeZeileMitLeerzeichenGefuellt) {
+    EXPECT_EQ(UniversalSchluessel(u"G12"), u"G12" + Text(53, u' '));
+    EXPECT_EQ(UniversalSchluessel(u""), Text(56, u' '));
+    EXPECT_EQ(UniversalSchluessel(Text(84, u' ') + u"xy").substr(13, 2), u"XY");
+    EXPECT_EQ(UniversalSchluessel(Text(84, u' ') + u"x").substr(13, 2), u"X ");
+}
+
+TEST_F(Keys, ZeilenOhneSchluessel) {
+    for (const TextSicht zeile : {u"E", u"D", u"U", u"Exy"}) {
+        EXPECT_TRUE(IstEDURecord(zeile));
+    }
+    for (const TextSicht zeile : {u"", u"e", u"d", u"u", u"F", u"C", u"T", u"V", u" E"}) {
+        EXPECT_FALSE(IstEDURecord(zeile));
+    }
+}
+
+// --- The lines of a file against the definition, with all texts built ------------------------------------------------
+
+struct Ergebnis {
+    std::int32_t Doppelt = -1;
+    std::int32_t ErsteZuNiedrige = -1;
+    std::vector<TextSicht> Sortiert;
+
+    bool operator==(const Ergebnis&) const = default;
+};
+
+Ergebnis NachDefinition(const std::vector<TextSicht>& zeilen) {
+    const std::size_t breite = testDaten.Revision >= 12 ? 88 : 56;
+    std::vector<Text> schluessel;
+    std::vector<Text> nummern;
+    std::vector<Text> sortierschluessel;
+    for (std::size_t i = 0; i < zeilen.size(); ++i) {
+        const Text nummer = ZahlText(static_cast<std::int64_t>(i));
+        const Text key = IstEDURecord(zeilen[i])
+                             ? zeilen[i][0] + RechtsBuendig(nummer, static_cast<std::int32_t>(breite) - 1)
+                             : UniversalSchluessel(zeilen[i]);
+        schluessel.push_back(key + RechtsBuendig(nummer, 6));
+        nummern.push_back(nummer);
+        const Text& s = schluessel.back();
+        sortierschluessel.push_back(s.substr(0, 10) + s.substr(45, 5) + s.substr(breite));
+    }
+    Ergebnis ergebnis;
+
+    std::vector<Text> folge = nummern;
+    Sortieren(sortierschluessel, folge);
+    for (const Text& nummer : folge) {
+        ergebnis.Sortiert.push_back(zeilen[static_cast<std::size_t>(GanzzahlAmAnfang(nummer))]);
+    }
+    for (std::size_t k = 1; k < zeilen.size() && ergebnis.ErsteZuNiedrige < 0; ++k) {
+        const auto fuenfzehn = [&](std::size_t i) { return schluessel[i].substr(0, 10) + schluessel[i].substr(45, 5); };
+        if (fuenfzehn(k) < fuenfzehn(k - 1)) {
+            ergebnis.ErsteZuNiedrige = static_cast<std::int32_t>(k);
+        }
+    }
+    Sortieren(schluessel, nummern);
+    for (std::size_t k = 1; k < zeilen.size() && ergebnis.Doppelt < 0; ++k) {
+        if (schluessel[k].substr(0, breite) == schluessel[k - 1].substr(0, breite)) {
+            ergebnis.Doppelt = GanzzahlAmAnfang(nummern[k]);
+        }
+    }
+    return ergebnis;
+}
+
+Ergebnis Ermittle(std::vector<TextSicht> zeilen) {
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen);
+    Ergebnis ergebnis;
+    ergebnis.Doppelt = DoppelterSchluessel(zeilen, reihenfolge);
+    ergebnis.ErsteZuNiedrige = reihenfolge.ErsteZuNiedrige;
+    const std::vector<TextSicht> vorher = zeilen;
+    ZeilenSortieren(zeilen);
+    if (reihenfolge.IstSortiert) {
+        EXPECT_EQ(zeilen, vorher);
+    }
+    ergebnis.Sortiert = zeilen;
+    return ergebnis;
+}
+
+// A file of lines that differ in few columns, so that doubles and ties are frequent.
+std::vector<Text> ZufaelligeZeilen(std::mt19937& zufall, std::size_t anzahl, bool geordnet) {
+    const auto wahl = [&zufall](TextSicht aus) { return Text(1, aus[zufall() % aus.size()]); };
+    std::vector<Text> zeilen;
+    for (std::size_t i = 0; i < anzahl; ++i) {
+        const Text art = wahl(u"AEGGGGDUZ") + wahl(u"123");
+        Text zeile = zufall() % 3 == 0 ? Zeile(art, {{16, wahl(u"12")}, {87, wahl(u"aAbB")}, {170, wahl(u"xXy")}})
+                                       : Zeile(art, {{2, wahl(u"12")}});
+        if (zufall() % 7 == 0) {
+            zeile.resize(zufall() % 60, u' ');
+        }
+        zeilen.push_back(zeile);
+    }
+    if (geordnet) {
+        std::ranges::sort(zeilen);
+    }
+    return zeilen;
+}
+
+TEST_F(Keys, ZufallGegenDieDefinition) {
+    std::mt19937 zufall(4711);
+    int doppelte = 0;
+    int zuNiedrige = 0;
+    int ohneFehler = 0;
+    for (int lauf = 0; lauf < 3000; ++lauf) {
+        Revision(lauf % 2 == 0 ? 11 : 21);
+        const std::vector<Text> texte = ZufaelligeZeilen(zufall, zufall() % 25, lauf % 3 != 0);
+        const std::vector<TextSicht> zeilen(texte.begin(), texte.end());
+        const Ergebnis soll = NachDefinition(zeilen);
+        const Ergebnis ist = Ermittle(zeilen);
+        ASSERT_EQ(ist.Doppelt, soll.Doppelt) << lauf;
+        ASSERT_EQ(ist.ErsteZuNiedrige, soll.ErsteZuNiedrige) << lauf;
+        ASSERT_EQ(ist.Sortiert, soll.Sortiert) << lauf;
+        doppelte += soll.Doppelt > 0;
+        zuNiedrige += soll.ErsteZuNiedrige > 0;
+        ohneFehler += soll.Doppelt < 0 && soll.ErsteZuNiedrige < 0;
+    }
+    EXPECT_GT(doppelte, 300);
+    EXPECT_GT(zuNiedrige, 300);
+    EXPECT_GT(ohneFehler, 300);
+}
+
+TEST_F(Keys, VieleZeilenGegenDieDefinition) {
+    std::mt19937 zufall(815);
+    std::vector<Text> texte;
+    for (int i = 0; i < 20'000; ++i) {
+        const std::int64_t wert = static_cast<std::int64_t>(zufall() % 1'000'000);
+        texte.push_back(Zeile(u"G6", {{18, ZahlText(wert)}, {24, ZahlText(i % 5)}}));
+    }
+    const std::vector<TextSicht> zeilen(texte.begin(), texte.end());
+    const Ergebnis soll = NachDefinition(zeilen);
+    EXPECT_GT(soll.Doppelt, 0);
+    EXPECT_EQ(soll.ErsteZuNiedrige, -1);
+    EXPECT_EQ(Ermittle(zeilen), soll);
+}
+
+std::int32_t Doppelt(const std::vector<Text>& texte) {
+    return Ermittle({texte.begin(), texte.end()}).Doppelt;
+}
+
+TEST_F(Keys, DasPaarMitDemNiedrigstenSchluessel) {
+    // "a" and "b" each stand twice; the lower key wins, not the earlier place.
+    const Text a = Zeile(u"G6", {{18, u"a"}});
+    const Text b = Zeile(u"G6", {{18, u"b"}});
+    EXPECT_EQ(Doppelt({b, b, a, a}), 3);
+    EXPECT_EQ(Doppelt({b, a, b, a}), 3);
+    EXPECT_EQ(Doppelt({a, b, b, a}), 3);
+    EXPECT_EQ(Doppelt({a, a, a, b}), 1);
+    EXPECT_EQ(Doppelt({a, b}), -1);
+    EXPECT_EQ(Doppelt({}), -1);
+}
+
+TEST_F(Keys, NiedrigsterSchluesselUeberVerschiedeneStrecken) {
+    // Column 42 decides the order of the lines before columns 18 on, but stands behind them in the key.
+    const Text vorn = Zeile(u"G4", {{18, u"b"}});
+    const Text hinten = Zeile(u"G6", {{18, u"a"}});
+    EXPECT_EQ(Doppelt({vorn, vorn, hinten, hinten}), 3);
+}
+
+TEST_F(Keys, RevisionEntscheidetUeberDieSpaltenAb168) {
+    const std::vector<Text> zeilen = {Zeile(u"G6", {{168, u"a"}}), Zeile(u"G6", {{168, u"b"}})};
+    EXPECT_EQ(Doppelt(zeilen), 1);
+    Revision(21);
+    EXPECT_EQ(Doppelt(zeilen), -1);
+    EXPECT_EQ(Doppelt({Zeile(u"G6", {{203, u"a"}}), Zeile(u"G6", {{203, u"A"}})}), 1);
+    EXPECT_EQ(Doppelt({Zeile(u"G6", {{203, u"a"}}), Zeile(u"G6", {{204, u"A"}})}), -1);
+}
+
+// --- More than a million lines: the text of the number grows to seven columns ----------------------------------------
+
+constexpr std::size_t Million = 1'000'000;
+
+// Line k as the k-th unit of one text: tells the lines apart by their place in memory.
+std::vector<TextSicht> LauterZeilen(const Text& zeichen) {
+    std::vector<TextSicht> zeilen;
+    for (std::size_t k = 0; k < zeichen.size(); ++k) {
+        zeilen.push_back(TextSicht(zeichen).substr(k, 1));
+    }
+    return zeilen;
+}
+
+std::size_t Nummer(const Text& zeichen, TextSicht zeile) {
+    return static_cast<std::size_t>(zeile.data() - zeichen.data());
+}
+
+TEST_F(Keys, GleicheZeilenUeberEinerMillion) {
+    Revision(21);
+    const Text zeichen(Million + 2, u'E');
+    std::vector<TextSicht> zeilen = LauterZeilen(zeichen);
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen);
+    EXPECT_EQ(reihenfolge.ErsteZuNiedrige, -1);
+    EXPECT_FALSE(reihenfolge.IstSortiert);
+    EXPECT_EQ(DoppelterSchluessel(zeilen, reihenfolge), -1);
+
+    // " 99999", "100000", "1000000", "1000001", "100001"
+    ZeilenSortieren(zeilen);
+    EXPECT_EQ(Nummer(zeichen, zeilen[99'999]), 99'999U);
+    EXPECT_EQ(Nummer(zeichen, zeilen[100'000]), 100'000U);
+    EXPECT_EQ(Nummer(zeichen, zeilen[100'001]), Million);
+    EXPECT_EQ(Nummer(zeichen, zeilen[100'002]), Million + 1);
+    EXPECT_EQ(Nummer(zeichen, zeilen[100'003]), 100'001U);
+    EXPECT_EQ(Nummer(zeichen, zeilen.back()), Million - 1);
+}
+
+TEST_F(Keys, BisZurMillionBleibtDieReihenfolge) {
+    Revision(21);
+    const Text zeichen(Million, u'E');
+    EXPECT_TRUE(ReihenfolgeErmitteln(LauterZeilen(zeichen)).IstSortiert);
+}
+
+TEST_F(Keys, InDerAltenTrenntDieMillionSelbst) {
+    // The number of an E line reaches column 50 of its key: "1" there is higher than the blank before.
+    const Text zeichen(2 * Million + 1, u'E');
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(LauterZeilen(zeichen));
+    EXPECT_EQ(reihenfolge.ErsteZuNiedrige, -1);
+    EXPECT_TRUE(reihenfolge.IstSortiert);
+    ASSERT_EQ(reihenfolge.Gleiche.size(), 2U);
+    EXPECT_EQ(reihenfolge.Gleiche[0].Bis, Million);
+    EXPECT_EQ(reihenfolge.Gleiche[1].Bis, 2 * Million);
+}
+
+TEST_F(Keys, DoppelteUeberEinerMillion) {
+    Text zeichen(Million + 1, u'E');
+    // The later of the first two, by the texts of their numbers.
+    zeichen[200'000] = u'X';
+    zeichen[Million] = u'X';
+    std::vector<TextSicht> zeilen = LauterZeilen(zeichen);
+    EXPECT_EQ(DoppelterSchluessel(zeilen, ReihenfolgeErmitteln(zeilen)), 200'000);
+
+    zeichen[5] = u'X'; // "     5", "1000000", "200000"
+    zeilen = LauterZeilen(zeichen);
+    EXPECT_EQ(DoppelterSchluessel(zeilen, ReihenfolgeErmitteln(zeilen)), static_cast<std::int32_t>(Million));
+}
+
+} // namespace
+} // namespace zepholt

@@ -1,0 +1,308 @@
+// What only this platform has: names that are no text, pipes, sockets, devices, links, permissions.
+#include "support/OS_API.h"
+
+#include "support/Pruefordner.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace zepholt {
+namespace {
+
+class LinuxTest : public Pruefordner {
+protected:
+    std::string Bytes(const Text& name) const { return Utf8Bytes(Pfad(name)); }
+
+    void Rohr(const Text& name) const { ASSERT_EQ(mkfifo(Bytes(name).c_str(), 0666), 0); }
+
+    void Verweis(const std::string& ziel, const Text& name) const {
+        ASSERT_EQ(symlink(ziel.c_str(), Bytes(name).c_str()), 0);
+    }
+
+    // The result of `tun` in a process of its own.
+    template <class Tun>
+    static bool ImKind(Tun tun) {
+        const pid_t kind = fork();
+        if (kind == 0) {
+            _exit(tun() ? 0 : 1);
+        }
+        int ergebnis = -1;
+        waitpid(kind, &ergebnis, 0);
+        EXPECT_TRUE(WIFEXITED(ergebnis));
+        return ergebnis == 0;
+    }
+};
+
+// Neither a reading nor a writing side of a pipe is there: any opening of it would wait for ever.
+void ErwarteUnberuehrt(const Text& pfad) {
+    EXPECT_EQ(ArtVon(pfad), DateiArt::Anderes);
+    EXPECT_FALSE(DateiExistiert(pfad));
+    EXPECT_FALSE(OrdnerExistiert(pfad));
+    EXPECT_THROW(LeseDatei{pfad}, LaufzeitFehler);
+    EXPECT_FALSE(DateiAnlegbar(pfad));
+    AusgabeDatei datei(pfad);
+    datei.Schreiben("x");
+    EXPECT_FALSE(datei.Abschliessen());
+    EXPECT_EQ(ArtVon(pfad), DateiArt::Anderes);
+}
+
+TEST_F(LinuxTest, EinRohrWirdNieGeoeffnet) {
+    Rohr(u"rohr");
+    ErwarteUnberuehrt(Pfad(u"rohr"));
+    EXPECT_FALSE(DateiExistiert(Pfad(u"r*")));
+    EXPECT_FALSE(OrdnerExistiert(Pfad(u"r*")));
+    EXPECT_EQ(Anzahl(), 1);
+}
+
+TEST_F(LinuxTest, EinSocketWirdNieGeoeffnet) {
+    // The path of a socket is short: it is bound by its name within the folder.
+    const int ordner = open(".", O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(chdir(Bytes(u"").c_str()), 0);
+    sockaddr_un adresse{};
+    adresse.sun_family = AF_UNIX;
+    std::strcpy(adresse.sun_path, "socket");
+    const int griff = socket(AF_UNIX, SOCK_STREAM, 0);
+    EXPECT_EQ(bind(griff, reinterpret_cast<const sockaddr*>(&adresse), sizeof adresse), 0);
+    EXPECT_EQ(fchdir(ordner), 0);
+    close(ordner);
+    ErwarteUnberuehrt(Pfad(u"socket"));
+    close(griff);
+}
+
+TEST_F(LinuxTest, EinGeraetWirdNieGeoeffnet) {
+    ErwarteUnberuehrt(u"/dev/null");
+    ErwarteUnberuehrt(u"/dev/full");
+    ErwarteUnberuehrt(u"/dev/tty");
+}
+
+TEST_F(LinuxTest, EinRohrDasWaehrendDesSchreibensEntsteht) {
+    AusgabeDatei datei(Pfad(u"a"));
+    datei.Schreiben("x");
+    Rohr(u"a");
+    EXPECT_FALSE(datei.Abschliessen());
+    EXPECT_EQ(ArtVon(Pfad(u"a")), DateiArt::Anderes);
+    EXPECT_EQ(Anzahl(), 1);
+}
+
+TEST_F(LinuxTest, NamenDieKeinUtf8Sind) {
+    const Text name = AusUtf8Bytes("stra\xDF"
+                                   "e \xFF\xC3.01S"); // Latin-1, and a sequence cut off
+    EXPECT_EQ(name, u"stra\xDCDF"
+                    u"e \xDCFF\xDCC3.01S");
+    AusgabeDatei datei(Pfad(name));
+    datei.Schreiben("x");
+    EXPECT_TRUE(datei.Abschliessen());
+    struct stat angaben {};
+    EXPECT_EQ(stat((Bytes(u"") + "stra\xDF"
+                                 "e \xFF\xC3.01S")
+                       .c_str(),
+                   &angaben),
+              0);
+    EXPECT_TRUE(DateiExistiert(Pfad(name)));
+    EXPECT_EQ(AlsText(LeseDatei(Pfad(name)).Lies(0, 9)), "x");
+    EXPECT_EQ(DateienImOrdner(Pfad(u""), u"*.01S"), std::vector<Text>{Pfad(name)});
+    EXPECT_EQ(Gefunden(u"stra?e ??.01S"), name);
+}
+
+TEST_F(LinuxTest, ReihenfolgeNachBytesAuchOhneUtf8) {
+    Datei(u"\u00E4"); // C3 A4
+    AusgabeDatei(Pfad(u"\xDC80")).Abschliessen();
+    AusgabeDatei(Pfad(u"\xDCFF")).Abschliessen();
+    EXPECT_EQ(Gefunden(u"*"), u"\xDC80 \u00E4 \xDCFF");
+}
+
+TEST_F(LinuxTest, EinPunktVorneVerstecktVorPlatzhaltern) {
+    Datei(u".a");
+    Datei(u"b");
+    EXPECT_EQ(Gefunden(u"*"), u"b");
+    EXPECT_EQ(Gefunden(u"?a"), u"");
+    EXPECT_EQ(Gefunden(u".?"), u".. .a");
+    EXPECT_EQ(Gefunden(u".*"), u". .. .a");
+    EXPECT_TRUE(DateiExistiert(Pfad(u".a")));
+    EXPECT_TRUE(DateiExistiert(Pfad(u".*")));
+    EXPECT_FALSE(DateiExistiert(Pfad(u"*a")));
+    EXPECT_TRUE(OrdnerExistiert(Pfad(u".*"))); // the folder's own entry comes first
+}
+
+TEST_F(LinuxTest, SternFragezeichenUndKlammernImNamen) {
+    Datei(u"a*b");
+    Datei(u"a?b");
+    Datei(u"[ab]");
+    Datei(u"a\\b");
+    EXPECT_TRUE(DateiExistiert(Pfad(u"a*b")));
+    EXPECT_TRUE(DateiExistiert(Pfad(u"[ab]")));
+    EXPECT_FALSE(DateiExistiert(Pfad(u"[ab]*b")));
+    EXPECT_EQ(Gefunden(u"a\\?"), u"a\\b");
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"*.xml")));
+}
+
+TEST_F(LinuxTest, VerweiseSindWasAnIhremEndeSteht) {
+    Datei(u"datei", "inhalt");
+    Ordner(u"ordner");
+    Verweis("datei", u"v1");
+    Verweis("ordner", u"v2");
+    Verweis("fehlt", u"v3");
+    Verweis("v4", u"v4"); // itself
+    Verweis("/dev/null", u"v5");
+    EXPECT_EQ(ArtVon(Pfad(u"v1")), DateiArt::Datei);
+    EXPECT_EQ(ArtVon(Pfad(u"v2")), DateiArt::Ordner);
+    EXPECT_EQ(ArtVon(Pfad(u"v3")), DateiArt::Nichts);
+    EXPECT_EQ(ArtVon(Pfad(u"v4")), DateiArt::Nichts);
+    EXPECT_EQ(ArtVon(Pfad(u"v5")), DateiArt::Anderes);
+    EXPECT_EQ(Gefunden(u"v*"), u"v1 v2 v5");
+    EXPECT_TRUE(DateiExistiert(Pfad(u"v1")));
+    EXPECT_TRUE(OrdnerExistiert(Pfad(u"v2")));
+    EXPECT_EQ(AlsText(LeseDatei(Pfad(u"v1")).Lies(0, 9)), "inhalt");
+    for (const char16_t* name : {u"v1", u"v2", u"v3", u"v4", u"v5"}) {
+        EXPECT_FALSE(DateiAnlegbar(Pfad(name))) << Utf8Bytes(name);
+    }
+    EXPECT_EQ(ArtVon(Pfad(u"fehlt")), DateiArt::Nichts);
+}
+
+TEST_F(LinuxTest, GeschriebenWirdAnsEndeEinesVerweises) {
+    Datei(u"datei", "alt");
+    Verweis("datei", u"v1");
+    Verweis("fehlt", u"v2");
+    AusgabeDatei datei(Pfad(u"v1"));
+    datei.Schreiben("neu");
+    EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Inhalt(u"datei"), "neu");
+    EXPECT_TRUE(std::filesystem::is_symlink(System(u"v1")));
+    EXPECT_FALSE(AusgabeDatei(Pfad(u"v2")).Abschliessen());
+    EXPECT_EQ(Anzahl(), 3);
+}
+
+// The disk is full for all that goes beyond 4096 bytes.
+TEST_F(LinuxTest, VolleAblageHinterlaesstNichts) {
+    Datei(u"alt", "alt");
+    for (const std::size_t laenge : {4097U, 3'000'000U}) {
+        for (const char16_t* name : {u"neu", u"alt"}) {
+            EXPECT_TRUE(ImKind([&] {
+                std::signal(SIGXFSZ, SIG_IGN);
+                const rlimit grenze{4096, 4096};
+                setrlimit(RLIMIT_FSIZE, &grenze);
+                AusgabeDatei datei(Pfad(name));
+                datei.Schreiben(std::string(laenge, 'x'));
+                return !datei.Abschliessen();
+            }));
+            EXPECT_EQ(Anzahl(), 1);
+            EXPECT_EQ(Inhalt(u"alt"), "alt");
+        }
+    }
+}
+
+TEST_F(LinuxTest, WasGeradeNochPasstGelingt) {
+    EXPECT_TRUE(ImKind([&] {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit grenze{4096, 4096};
+        setrlimit(RLIMIT_FSIZE, &grenze);
+        AusgabeDatei datei(Pfad(u"neu"));
+        datei.Schreiben(std::string(4096, 'x'));
+        return datei.Abschliessen();
+    }));
+    EXPECT_EQ(Inhalt(u"neu"), std::string(4096, 'x'));
+}
+
+// As a user without rights: the superuser's own would open everything.
+TEST_F(LinuxTest, OhneBerechtigung) {
+    Datei(u"geheim", "x");
+    Ordner(u"zu");
+    Datei(u"zu/a");
+    chmod(Bytes(u"geheim").c_str(), 0);
+    chmod(Bytes(u"zu").c_str(), 0);
+    chmod(Bytes(u"").c_str(), 0555);
+    EXPECT_TRUE(ImKind([&] {
+        if (geteuid() == 0 && setuid(65534) != 0) {
+            return false;
+        }
+        bool gelesen = true;
+        try {
+            LeseDatei datei(Pfad(u"geheim"));
+        } catch (const LaufzeitFehler&) {
+            gelesen = false;
+        }
+        return !gelesen && DateiExistiert(Pfad(u"geheim")) && OrdnerExistiert(Pfad(u"zu")) &&
+               !DateiExistiert(Pfad(u"zu/a")) && !DateiExistiert(Pfad(u"zu/*")) && !DateiAnlegbar(Pfad(u"neu")) &&
+               !AusgabeDatei(Pfad(u"neu")).Abschliessen() && !AusgabeDatei(Pfad(u"geheim")).Abschliessen();
+    }));
+    chmod(Bytes(u"").c_str(), 0755);
+    chmod(Bytes(u"zu").c_str(), 0755);
+    EXPECT_EQ(Anzahl(), 2);
+}
+
+TEST_F(LinuxTest, SchreibgeschuetzteDateiBleibt) {
+    Datei(u"a", "alt");
+    chmod(Bytes(u"a").c_str(), 0444);
+    chmod(Bytes(u"").c_str(), 0777);
+    EXPECT_TRUE(ImKind([&] {
+        if (geteuid() == 0 && setuid(65534) != 0) {
+            return false;
+        }
+        return !AusgabeDatei(Pfad(u"a")).Abschliessen() && AusgabeDatei(Pfad(u"b")).Abschliessen();
+    }));
+    EXPECT_EQ(Inhalt(u"a"), "alt");
+    EXPECT_EQ(Anzahl(), 2);
+}
+
+TEST_F(LinuxTest, EinVergebenerNameDanebenWirdUebergangen) {
+    const Text vergeben = u".zepholt-" + ZahlText(getpid()) + u"-0.tmp";
+    Datei(vergeben, "fremd");
+    AusgabeDatei datei(Pfad(u"a"));
+    datei.Schreiben("x");
+    EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Inhalt(vergeben), "fremd");
+    EXPECT_EQ(Anzahl(), 2);
+}
+
+TEST_F(LinuxTest, RechteEinerNeuenDatei) {
+    const mode_t maske = umask(027);
+    EXPECT_TRUE(AusgabeDatei(Pfad(u"a")).Abschliessen());
+    umask(maske);
+    struct stat angaben {};
+    ASSERT_EQ(stat(Bytes(u"a").c_str(), &angaben), 0);
+    EXPECT_EQ(angaben.st_mode & 0777U, 0640U);
+}
+
+TEST(Kommandozeile, AusDenArgumentenDesProgramms) {
+    std::string programm = "zepholt";
+    std::string datei = "file=a b\xE4\xC3\xA4.01S";
+    std::string sprache = "dialog=de-";
+    char* argumente[] = {programm.data(), datei.data(), sprache.data(), nullptr};
+    EXPECT_EQ(Kommandozeile(3, argumente), u"file=\"a b\xDCE4\u00E4.01S\" dialog=de-");
+    EXPECT_EQ(Kommandozeile(1, argumente), u"");
+    EXPECT_EQ(Kommandozeile(0, argumente), u"");
+}
+
+TEST(MeldungAusgeben, GibtDieBytesEinesNamensZurueck) {
+    testing::internal::CaptureStderr();
+    MeldungAusgeben(AusUtf8Bytes("stra\xDF"
+                                 "e"));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "stra\xDF"
+                                                      "e\n");
+}
+
+TEST(MeldungAusgeben, OhneStandardfehlerGeschiehtNichts) {
+    const pid_t kind = fork();
+    if (kind == 0) {
+        close(STDERR_FILENO);
+        MeldungAusgeben(u"x");
+        _exit(MeldungIstTerminal() ? 1 : 0);
+    }
+    int ergebnis = -1;
+    waitpid(kind, &ergebnis, 0);
+    EXPECT_EQ(ergebnis, 0);
+}
+
+} // namespace
+} // namespace zepholt
