@@ -5,6 +5,7 @@
 #include "errors/TestFehler.h"
 #include "intake/SIA451Felder.h"
 #include "intake/TestDaten.h"
+#include "run/Fortschritt.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 #include "support/tqXML.h"
@@ -238,10 +239,13 @@ void FehlerSortieren() {
     std::vector<FehlerEintrag>& liste = fehlerSpeicher.FehlerListe;
     std::vector<Sortierschluessel> schluessel(liste.size());
     std::ranges::transform(liste, schluessel.begin(), SchluesselVon);
+    BedieneFenster(); // between the long steps of many findings
+    std::vector<std::uint32_t> raenge = RaengeVon(schluessel);
+    BedieneFenster();
 
     std::vector<FehlerEintrag> sortiert;
     sortiert.reserve(liste.size());
-    for (const std::uint32_t i : SortierFolge(RaengeVon(schluessel))) {
+    for (const std::uint32_t i : SortierFolge(std::move(raenge))) {
         sortiert.push_back(liste[i]);
     }
     liste = std::move(sortiert);
@@ -289,6 +293,10 @@ void ProtokollSchreiben() {
         ausgabe.Schreiben(u"<Errors>");
         for (const FehlerEintrag& eintrag : fehlerSpeicher.FehlerListe) {
             ausgabe.Schreiben(ErrorElement(eintrag, xml));
+            BedieneFenster();
+            if (testDaten.Abbruch) {
+                return; // no file is left
+            }
         }
         ausgabe.Schreiben(u"</Errors>");
     }

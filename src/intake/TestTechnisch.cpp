@@ -177,6 +177,7 @@ void ZeichenPruefen() {
         testDaten.Record = testDaten.Zeilen[k];
         testDaten.ZeilenNr = testDaten.ZeilenNummern[k];
         RecordZeichenTest();
+        BedieneFenster();
     }
     if (testDaten.UndefinierterRecordTyp) {
         testDaten.ZeilenNr = -1;

@@ -2,6 +2,7 @@
 
 #include "intake/SIA451Felder.h"
 #include "intake/TestDaten.h"
+#include "run/Fortschritt.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
@@ -159,6 +160,7 @@ void Doppelsuche::Durchsuchen(const Strecke& strecke) {
     m_faecher.assign(16, Fach());
     m_belegt = 0;
     for (std::size_t i = strecke.Von; i < strecke.Bis; ++i) {
+        BedieneFenster();
         if (!IstEDURecord(m_zeilen[i])) {
             Aufnehmen(i);
         }
@@ -235,6 +237,7 @@ Reihenfolge ReihenfolgeErmitteln(std::span<const TextSicht> zeilen) {
         }
     };
     for (std::size_t k = 1; k < zeilen.size(); ++k) {
+        BedieneFenster();
         const Ordnung ordnung = OrdnungVon(zeilen[k], k);
         if (ordnung == vorige) {
             gleiche.Bis = k + 1;

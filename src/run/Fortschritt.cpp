@@ -11,17 +11,31 @@ namespace zepholt {
 
 namespace {
 
-constexpr std::int64_t kBlickAbstand = 34; // milliseconds: just under 30 looks a second
-constexpr std::int64_t kVorschuss = 6;     // looks that captions may take ahead of time: a phase shows at once
+// Milliseconds between two looks at the window: 25 a second for the bar, and 5 for captions besides. A look for a
+// caption may be taken up to 20 distances ahead of its time, so that a phase shows at once however short the one before
+// was; it is paid for later.
+constexpr std::int64_t kBalkenAbstand = 40;
+constexpr std::int64_t kTextAbstand = 200;
+constexpr std::int64_t kTextVorschuss = 20 * kTextAbstand;
 
-// True when the window may be looked at now. Each look moves the time of the next by one distance; one that is taken in
-// advance is paid for later, so that no order of calls gets more than 30 a second in the long run.
-bool BlickFrei(std::int64_t vorschuss) {
+bool BlickFuerBalken() {
     const std::int64_t jetzt = fortschrittStand.Uhr();
-    if (jetzt < fortschrittStand.NaechsterBlick - vorschuss * kBlickAbstand) {
+    if (jetzt < fortschrittStand.NaechsterBalken) {
         return false;
     }
-    fortschrittStand.NaechsterBlick = std::max(fortschrittStand.NaechsterBlick, jetzt) + kBlickAbstand;
+    fortschrittStand.NaechsterBalken = jetzt + kBalkenAbstand;
+    return true;
+}
+
+bool BlickFuerText() {
+    if (BlickFuerBalken()) {
+        return true;
+    }
+    const std::int64_t jetzt = fortschrittStand.Uhr();
+    if (jetzt < fortschrittStand.NaechsterText - kTextVorschuss) {
+        return false;
+    }
+    fortschrittStand.NaechsterText = std::max(fortschrittStand.NaechsterText, jetzt) + kTextAbstand;
     return true;
 }
 
@@ -31,7 +45,7 @@ void Beschrifte(void (Fenster::*beschriftung)(TextSicht), TextSicht text) {
         return;
     }
     (fenster->*beschriftung)(text);
-    if (BlickFrei(kVorschuss)) {
+    if (BlickFuerText()) {
         fenster->Ereignisse();
     }
 }
@@ -56,16 +70,27 @@ void ZeigeSchritt(TextSicht text, std::int32_t maximum) {
         return;
     }
     testDaten.Fortschrittsfenster->ZeigeBalken(BalkenBreite(BalkenInnen, 0, maximum));
+    if (text.empty()) {
+        testDaten.Fortschrittsfenster->ZeigeSchritt(text);
+        return; // between the phases there is nothing to cancel: behind the last one the protocol stands
+    }
     Beschrifte(&Fenster::ZeigeSchritt, text);
 }
 
 void ZeigeFortschritt(std::int32_t wert) {
     Fenster* fenster = testDaten.Fortschrittsfenster;
-    if (fenster == nullptr || !BlickFrei(0)) {
+    if (fenster == nullptr || !BlickFuerBalken()) {
         return;
     }
     fenster->ZeigeBalken(BalkenBreite(BalkenInnen, wert, fortschrittStand.FortschrittMaximum));
     fenster->Ereignisse();
+}
+
+void BedieneFenster() {
+    Fenster* fenster = testDaten.Fortschrittsfenster;
+    if (fenster != nullptr && BlickFuerBalken()) {
+        fenster->Ereignisse();
+    }
 }
 
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum) {

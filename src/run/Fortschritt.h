@@ -14,10 +14,15 @@ void ZeigeProjekt(TextSicht text);
 void ZeigeDokument(TextSicht text);
 
 // A new phase: its caption, and the value at which the bar is full. The bar starts at 0; a maximum of 0 hides it.
+// An empty caption ends the last phase: it lets no event through.
 void ZeigeSchritt(TextSicht text, std::int32_t maximum);
 
 // Moves the bar to `wert`, in the unit of the phase's maximum. Cheap enough to be called for each record.
 void ZeigeFortschritt(std::int32_t wert);
+
+// Lets waiting events through without moving anything: for long stretches that have no bar of their own. Cheap enough
+// to be called for each record.
+void BedieneFenster();
 
 // The width of the bar for a value, in the unit of `innen`, its full width: never below 0 nor above `innen`, and 0
 // where the phase has no maximum.
@@ -28,7 +33,8 @@ std::int64_t MilliSekunden();
 
 struct FortschrittStand {
     std::int32_t FortschrittMaximum = 0;    // of the phase in hand
-    std::int64_t NaechsterBlick = 0;        // milliseconds of Uhr: before it, the bar isn't moved
+    std::int64_t NaechsterBalken = 0;       // milliseconds of Uhr: before it, the bar gives no reason to look
+    std::int64_t NaechsterText = 0;         // the same for captions, which may be ahead of it for a while
     std::int64_t (*Uhr)() = &MilliSekunden; // tests set their own
 };
 

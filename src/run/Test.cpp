@@ -30,6 +30,8 @@ void TestAusfuehren() {
     }
     if (!testDaten.Abbruch) {
         ZeigeSchritt(Uebersetze(u"Schreibt Fehlerprotokoll"), 0);
+    }
+    if (!testDaten.Abbruch) { // the caption may have let the last click through
         ProtokollSchreiben();
         ZeigeSchritt(u"", 0);
     }
