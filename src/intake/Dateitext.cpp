@@ -1,5 +1,7 @@
 #include "intake/Dateitext.h"
 
+#include "run/Fortschritt.h"
+
 #include "support/OS_API.h"
 
 #include <algorithm>
@@ -40,6 +42,7 @@ Dateitext DateiBytesLesen(const Text& pfad) {
         }
         std::memcpy(ziel.data(), stueck.data(), stueck.size());
         ziel = ziel.subspan(stueck.size());
+        BedieneFenster();
     }
     return text;
 }

@@ -1,5 +1,5 @@
 // The windows on Linux under real clicks and keys, on Qt's display without a screen.
-#include "hilfen/Testordner.h"
+#include "hilfen/Fensterhilfe.h"
 #include "intake/TestDaten.h"
 #include "run/DialogDeFrIt.h"
 #include "run/Fenster.h"
@@ -8,74 +8,20 @@
 #include "run/Fortschritt.h"
 #include "run/NeuerLauf.h"
 
-#include <QApplication>
-#include <QDialog>
-#include <QLabel>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
-
 #include <gtest/gtest.h>
-
-#include <functional>
 
 namespace zepholt {
 namespace {
 
-using Tat = std::function<void()>;
-
-QString Qt(TextSicht text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QWidget* Offen(const char* name) {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && widget->objectName() == QLatin1String(name)) {
-            return widget;
-        }
-    }
-    return nullptr;
-}
-
-// The box that is open, or null. A box has no name of its own.
-QMessageBox* Box() {
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-}
-
-template <class Art>
-Art* Kind(QWidget* eltern, const char* name) {
-    return eltern == nullptr ? nullptr : eltern->findChild<Art*>(QLatin1String(name));
-}
-
-QPushButton* Antwort(const QMessageBox& box, TextSicht text) {
-    for (QAbstractButton* knopf : box.buttons()) {
-        if (knopf->text() == Qt(text)) {
-            return qobject_cast<QPushButton*>(knopf);
-        }
-    }
-    return nullptr;
-}
-
-// Does `tat` as soon as `bedingung` holds: how a test reaches into a modal window that stands in front of it.
-void Sobald(std::function<bool()> bedingung, Tat tat) {
-    QTimer::singleShot(5, [bedingung = std::move(bedingung), tat = std::move(tat)]() mutable {
-        if (bedingung()) {
-            tat();
-        } else {
-            Sobald(std::move(bedingung), std::move(tat));
-        }
-    });
-}
-
-void Klicke(QWidget* widget) {
-    QTest::mouseClick(widget, Qt::LeftButton);
-}
+using namespace hilfen;
 
 class FensterQtTest : public testing::Test {
 protected:
     void SetUp() override { NeuerLauf(); }
-    void TearDown() override { NeuerLauf(); }
+    void TearDown() override {
+        WartendeVergessen();
+        NeuerLauf();
+    }
 
     void Oeffne(std::int32_t sprache) {
         testDaten.Version = u"4.0";
@@ -83,7 +29,6 @@ protected:
         m_fenster = FensterOeffnen();
         testDaten.Fortschrittsfenster = m_fenster.get();
     }
-    QWidget* Haupt() const { return Offen("frmZEPHOLT"); }
 
     // Lets the window work until the question is answered by `antwort`; true when it was asked.
     bool FragenLassen(const Tat& antwort) {
@@ -106,7 +51,7 @@ protected:
 // --- The forms -------------------------------------------------------------------------------------------------------
 
 void PruefeForm(QWidget& fenster, const Formular& formular, const Formulartexte& texte) {
-    EXPECT_EQ(fenster.windowTitle(), Qt(formular.Titel));
+    EXPECT_EQ(fenster.windowTitle(), AusText(formular.Titel));
     EXPECT_EQ(fenster.width(), formular.Breite / 15);
     EXPECT_EQ(fenster.height(), formular.Hoehe / 15);
     EXPECT_FALSE(fenster.windowIcon().isNull());
@@ -123,7 +68,7 @@ void PruefeForm(QWidget& fenster, const Formular& formular, const Formulartexte&
         EXPECT_EQ(widget->width(), e.Breite / 15);
         EXPECT_EQ(widget->height(), e.Hoehe / 15);
         if (const auto* feld = qobject_cast<const QLabel*>(widget)) {
-            EXPECT_EQ(feld->text(), Qt(texte.Elemente[static_cast<std::size_t>(i)]));
+            EXPECT_EQ(feld->text(), AusText(texte.Elemente[static_cast<std::size_t>(i)]));
             const QRect platz(0, 0, feld->width(), 0);
             const int umbruch = feld->wordWrap() ? Qt::TextWordWrap : 0;
             const QRect text = feld->fontMetrics().boundingRect(platz, umbruch, feld->text());
@@ -131,7 +76,7 @@ void PruefeForm(QWidget& fenster, const Formular& formular, const Formulartexte&
             EXPECT_LE(text.height(), feld->height());
         }
         if (const auto* knopf = qobject_cast<const QPushButton*>(widget)) {
-            EXPECT_EQ(knopf->text(), Qt(texte.Elemente[static_cast<std::size_t>(i)]));
+            EXPECT_EQ(knopf->text(), AusText(texte.Elemente[static_cast<std::size_t>(i)]));
             EXPECT_LT(knopf->fontMetrics().horizontalAdvance(knopf->text()), knopf->width() - 8);
         }
     }
@@ -145,9 +90,9 @@ TEST_F(FensterQtTest, ProgressWindowStandsAsItsTableSaysInEachLanguage) {
         Oeffne(sprache);
         ASSERT_NE(Haupt(), nullptr);
         PruefeForm(*Haupt(), frmZEPHOLT, TexteZEPHOLT());
-        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdInfo")->text(), Qt(kInfo[sprache - 1]));
-        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdAbbrechen")->text(), Qt(kAbbrechen[sprache - 1]));
-        EXPECT_EQ(Kind<QLabel>(Haupt(), "Label1")->text(), Qt(kDatei[sprache - 1]));
+        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdInfo")->text(), AusText(kInfo[sprache - 1]));
+        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdAbbrechen")->text(), AusText(kAbbrechen[sprache - 1]));
+        EXPECT_EQ(Kind<QLabel>(Haupt(), "Label1")->text(), AusText(kDatei[sprache - 1]));
         m_fenster.reset();
         EXPECT_EQ(Haupt(), nullptr);
     }
@@ -161,7 +106,7 @@ TEST_F(FensterQtTest, InfoWindowStandsAsItsTableSaysInEachLanguage) {
                [&gesehen] {
                    gesehen = true;
                    PruefeForm(*Offen("frmInfo"), frmInfo, TexteInfo());
-                   EXPECT_EQ(Kind<QLabel>(Offen("frmInfo"), "lblCopyright")->text(), Qt(InfoText()));
+                   EXPECT_EQ(Kind<QLabel>(Offen("frmInfo"), "lblCopyright")->text(), AusText(InfoText()));
                    Klicke(Kind<QPushButton>(Offen("frmInfo"), "cmdOK"));
                });
         Klicke(Kind<QPushButton>(Haupt(), "cmdInfo")); // returns when the window is closed
@@ -222,7 +167,7 @@ TEST_F(FensterQtTest, LongFileNameIsShortenedInTheMiddleAndWholeAsHint) {
     EXPECT_TRUE(feld->text().endsWith(QStringLiteral("/Offerte.01S")));
     EXPECT_TRUE(feld->text().contains(QChar(0x2026)));
     EXPECT_LE(feld->fontMetrics().horizontalAdvance(feld->text()), feld->width());
-    EXPECT_TRUE(feld->toolTip().contains(Qt(lang)));
+    EXPECT_TRUE(feld->toolTip().contains(AusText(lang)));
     ZeigeAustauschdatei(u"/daten/Offerte.01S");
     EXPECT_EQ(feld->text(), QStringLiteral("/daten/Offerte.01S"));
     EXPECT_TRUE(feld->toolTip().isEmpty());
@@ -258,7 +203,7 @@ TEST_F(FensterQtTest, QuestionHasItsTextInEachLanguageAndNoAsTheDefault) {
         Sobald([] { return Box() != nullptr; },
                [&] {
                    gefragt = true;
-                   EXPECT_EQ(Box()->text(), Qt(fall.Frage));
+                   EXPECT_EQ(Box()->text(), AusText(fall.Frage));
                    EXPECT_EQ(Box()->icon(), QMessageBox::NoIcon);
                    EXPECT_EQ(Box()->windowTitle(), QStringLiteral("ZEPHOLT"));
                    EXPECT_EQ(Box()->buttons().size(), 2);
@@ -357,18 +302,3 @@ TEST_F(FensterQtTest, EscapeClosesTheInfoWindow) {
 
 } // namespace
 } // namespace zepholt
-
-// The toolkit needs its application before the first window, and no screen.
-int main(int anzahl, char** argumente) {
-    testing::InitGoogleTest(&anzahl, argumente);
-    if (testing::GTEST_FLAG(list_tests)) {
-        return RUN_ALL_TESTS();
-    }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const zepholt::hilfen::Testordner ordner;
-    std::filesystem::permissions(ordner.Pfad(), std::filesystem::perms::owner_all);
-    qputenv("XDG_RUNTIME_DIR", ordner.Pfad().c_str());
-    const QApplication anwendung(anzahl, argumente);
-    QApplication::setQuitOnLastWindowClosed(false);
-    return RUN_ALL_TESTS();
-}
