@@ -12,8 +12,10 @@ namespace zepholt::werkzeug {
 namespace {
 
 Text AusUtf8(const std::string& bytes) {
-    Text text;
-    Utf8NachUnicode({reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()}, text);
+    Text text(bytes.size(), u'\0'); // never more units than bytes
+    const char16_t* ende =
+        Utf8NachUnicode({reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()}, text.data());
+    text.resize(static_cast<std::size_t>(ende - text.data()));
     return text;
 }
 

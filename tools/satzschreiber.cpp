@@ -46,8 +46,8 @@ std::string AlsOem(TextSicht text) {
         for (std::size_t i = 0; i < bytes.size(); ++i) {
             bytes[i] = static_cast<unsigned char>(i + 1);
         }
-        Text tabelle;
-        OemNachAnsi(bytes, tabelle);
+        Text tabelle(bytes.size(), u'\0');
+        OemNachAnsi(bytes, tabelle.data());
         return tabelle;
     }();
     std::string bytes;

@@ -292,12 +292,10 @@ bool Verfeinert(std::int32_t nr, std::int32_t letzter) {
 // are all entries.
 std::size_t ErsterEndknotenHinter(std::int32_t position) {
     const std::vector<std::int32_t>& stufen = kapitelDaten.EndknotenStufen;
-    const std::vector<std::int32_t>& endknoten = kapitelDaten.Endknoten;
-    const auto stufe =
-        std::upper_bound(stufen.begin(), stufen.end(), position, [&endknoten](std::int32_t wert, std::int32_t i) {
-            return wert < endknoten[static_cast<std::size_t>(i)];
-        });
-    return stufe == stufen.end() ? endknoten.size() : static_cast<std::size_t>(*stufe);
+    const auto stufe = std::upper_bound(stufen.begin(), stufen.end(), position, [](std::int32_t wert, std::int32_t i) {
+        return wert < kapitelDaten.Endknoten[static_cast<std::size_t>(i)];
+    });
+    return stufe == stufen.end() ? kapitelDaten.Endknoten.size() : static_cast<std::size_t>(*stufe);
 }
 
 void MerkeStufen() {

@@ -129,12 +129,11 @@ void DurchlaufeDatei(LeseDatei& datei, std::size_t anzahl, Nimm nimm) {
 
 // Notes the places of all entries, up to the first head that is none.
 void MerkeInhalt(LeseDatei& datei) {
-    KatalogInhalt& inhalt = katalogDaten.Inhalt;
-    inhalt = {testDaten.Katalog, datei.Groesse(), {}};
+    katalogDaten.Inhalt = {testDaten.Katalog, datei.Groesse(), {}};
     try {
-        DurchlaufeDatei(datei, KopfLaenge, [&inhalt](const Eintragskopf& eintrag, ByteSicht) {
-            inhalt.Plaetze.try_emplace(std::string(Spalten(std::string_view(eintrag.Kopf), 5, 8)),
-                                       KatalogInhalt::Platz{eintrag.Stelle, eintrag.Laenge});
+        DurchlaufeDatei(datei, KopfLaenge, [](const Eintragskopf& eintrag, ByteSicht) {
+            katalogDaten.Inhalt.Plaetze.try_emplace(std::string(Spalten(std::string_view(eintrag.Kopf), 5, 8)),
+                                                    KatalogInhalt::Platz{eintrag.Stelle, eintrag.Laenge});
         });
     } catch (const LaufzeitFehler&) {
         // What lies behind can't be reached: chapters there count as absent.
@@ -292,7 +291,7 @@ namespace {
 // Behind the magic: year, language, chapter, length and size of the expanded text; only the last is of use here.
 std::int32_t LeseGroesse() {
     std::int32_t zahl = 0;
-    for (const std::size_t breite : {4, 1, 3, 9, 9}) {
+    for (const std::size_t breite : {4U, 1U, 3U, 9U, 9U}) {
         zahl = StrengOderFehler(AlsZeichen(LeseZeichen(breite)), "a field of the head is no number");
     }
     return zahl;
@@ -310,11 +309,13 @@ void EntpackeRoh() {
         return;
     }
     const ByteSicht rumpf = roh.subspan(rumpfAb);
-    if (EntpackteLaenge(rumpf, tabelle) > GroessteKapitelLaenge) {
+    const std::size_t laenge = EntpackteLaenge(rumpf, tabelle);
+    if (laenge > GroessteKapitelLaenge) {
         return;
     }
     StringBuilder sammler;
     sammler.Capacity(groesse);
+    sammler.Vorsorgen(Deklaration.size() + laenge); // the head's size may be anything
     sammler.Append(Deklaration);
     Entpacke(rumpf, tabelle, sammler);
     katalogDaten.KapitelXML = std::move(sammler).GetString();

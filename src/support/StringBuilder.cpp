@@ -1,6 +1,7 @@
 #include "support/StringBuilder.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zepholt {
 
@@ -32,7 +33,13 @@ void StringBuilder::Append(TextSicht text) {
 
 void StringBuilder::Append(std::span<const unsigned char> bytes) {
     PlatzSchaffen(bytes.size());
-    m_text.append(bytes.begin(), bytes.end());
+    std::array<char16_t, 4096> zeichen; // widened piece by piece: a string made from bytes would be copied twice
+    while (!bytes.empty()) {
+        const std::span<const unsigned char> stueck = bytes.first(std::min(bytes.size(), zeichen.size()));
+        std::copy(stueck.begin(), stueck.end(), zeichen.begin());
+        m_text.append(zeichen.data(), stueck.size());
+        bytes = bytes.subspan(stueck.size());
+    }
 }
 
 } // namespace zepholt

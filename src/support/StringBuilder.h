@@ -16,6 +16,9 @@ public:
     // Announces the size expected, in characters; below 1 means none. What was collected so far is gone.
     void Capacity(std::int32_t groesse);
 
+    // Takes the memory for a length in characters that is known to come. The buffer's own length stays.
+    void Vorsorgen(std::size_t laenge) { m_text.reserve(laenge); }
+
     // Adds a piece at the end.
     void Append(TextSicht text);
 

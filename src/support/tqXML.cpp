@@ -9,17 +9,38 @@ namespace {
 
 constexpr std::size_t Keine = TextSicht::npos;
 
+// The first place of a character at or behind `ab`, eight units at a time: a chapter is walked many times over.
+std::size_t Finde(TextSicht text, char16_t zeichen, std::size_t ab) {
+    constexpr std::size_t block = 8;
+    for (; ab + block <= text.size(); ab += block) {
+        const char16_t* stelle = text.data() + ab;
+        unsigned treffer = 0;
+        for (std::size_t i = 0; i < block; ++i) {
+            treffer |= stelle[i] == zeichen ? 1U : 0U;
+        }
+        if (treffer != 0) {
+            break;
+        }
+    }
+    for (; ab < text.size(); ++ab) {
+        if (text[ab] == zeichen) {
+            return ab;
+        }
+    }
+    return Keine;
+}
+
 // The next place of one character, asked for at rising places: the whole text is walked once, however often it is
 // asked, and also when the character stands nowhere.
 class NaechstesZeichen {
 public:
     NaechstesZeichen(TextSicht text, char16_t zeichen)
-        : m_text(text), m_zeichen(zeichen), m_stelle(text.find(zeichen)) {}
+        : m_text(text), m_zeichen(zeichen), m_stelle(Finde(text, zeichen, 0)) {}
 
     // At or behind `ab`, from 0; Keine when there is none.
     std::size_t Ab(std::size_t ab) {
         if (m_stelle < ab) {
-            m_stelle = m_text.find(m_zeichen, ab);
+            m_stelle = Finde(m_text, m_zeichen, ab);
         }
         return m_stelle;
     }
@@ -46,15 +67,24 @@ bool IstTypografischesHochkomma(char16_t zeichen) {
 }
 
 bool EntfaelltInXML(char16_t zeichen) {
-    if (zeichen < 0x80) {
-        return zeichen < 0x20;
-    }
-    if (zeichen >= 0xA0 && zeichen < 0x0152) {
-        return false;
-    }
-    const bool steuerzeichen = zeichen < 0xA0;
+    const bool steuerzeichen = zeichen < 0x20 || (zeichen >= 0x80 && zeichen < 0xA0);
     return (steuerzeichen || std::find(Ansi128Bis159.begin(), Ansi128Bis159.end(), zeichen) != Ansi128Bis159.end()) &&
            !IstTypografischesHochkomma(zeichen);
+}
+
+// Characters that nothing happens to, as most do.
+bool BleibtInXML(char16_t zeichen) {
+    static constexpr auto bleibt = [] {
+        std::array<bool, 256> tabelle{};
+        for (std::size_t i = 0; i < tabelle.size(); ++i) {
+            tabelle[i] = (i >= 0x20 && i < 0x80) || i >= 0xA0;
+        }
+        for (const char16_t ersetzt : TextSicht(u"&<>'\"")) {
+            tabelle[ersetzt] = false;
+        }
+        return tabelle;
+    }();
+    return zeichen < bleibt.size() && bleibt[zeichen];
 }
 
 void ZeichenAnhaengen(char16_t zeichen, Text& ausgabe) {
@@ -78,6 +108,21 @@ void ZeichenAnhaengen(char16_t zeichen, Text& ausgabe) {
         if (!EntfaelltInXML(zeichen)) {
             ausgabe += zeichen;
         }
+    }
+}
+
+enum class Hochkommas { Bleiben, Ersetzen };
+
+void TextAnhaengen(TextSicht text, Hochkommas typografische, Text& ausgabe) {
+    while (!text.empty()) {
+        const auto ende = std::find_if_not(text.begin(), text.end(), BleibtInXML);
+        const auto laenge = static_cast<std::size_t>(ende - text.begin());
+        ausgabe.append(text.substr(0, laenge));
+        if (ende != text.end()) {
+            const bool ersetzt = typografische == Hochkommas::Ersetzen && IstTypografischesHochkomma(*ende);
+            ZeichenAnhaengen(ersetzt ? u'\'' : *ende, ausgabe);
+        }
+        text.remove_prefix(std::min(laenge + 1, text.size()));
     }
 }
 
@@ -183,7 +228,7 @@ TextSicht tqXML::getName(TextSicht element) {
 }
 
 TextSicht tqXML::getAttribut(TextSicht name, TextSicht element) {
-    const std::size_t ende = element.find(u'>');
+    const std::size_t ende = Finde(element, u'>', 0);
     if (ende == Keine) {
         return {};
     }
@@ -223,9 +268,7 @@ void tqXML::setAttribute(TextSicht name, TextSicht wert, Text& element) {
         element += u' ';
     }
     element.append(name).append(u"=\"");
-    for (const char16_t zeichen : wert) {
-        ZeichenAnhaengen(IstTypografischesHochkomma(zeichen) ? u'\'' : zeichen, element);
-    }
+    TextAnhaengen(wert, Hochkommas::Ersetzen, element);
     element += u'"';
     element.append(schluss.data(), schluss.size());
 }
@@ -237,9 +280,7 @@ Text tqXML::ConvertStringToXMLString(TextSicht text) {
 }
 
 void tqXML::ConvertStringToXMLString(TextSicht text, Text& ausgabe) {
-    for (const char16_t zeichen : text) {
-        ZeichenAnhaengen(zeichen, ausgabe);
-    }
+    TextAnhaengen(text, Hochkommas::Bleiben, ausgabe);
 }
 
 } // namespace zepholt

@@ -295,7 +295,7 @@ void VergleicheAeste() {
 
 TEST_F(KapitelSuche, WieDerGangVonVorn) {
     Zufall zufall(451);
-    for (int lauf = 0; lauf < 1000 && !HasFatalFailure(); ++lauf) {
+    for (int lauf = 0; lauf < 500 && !HasFatalFailure(); ++lauf) {
         testDaten.Revision = lauf % 2 == 0 ? 11 : 21;
         ASSERT_TRUE(LiesKapitel(ZufallsKapitel(zufall, lauf % 3 != 0)));
         VergleicheAeste();

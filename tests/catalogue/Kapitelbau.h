@@ -5,9 +5,9 @@
 #include "support/Text.h"
 
 #include <cstdio>
-#include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zepholt::hilfen {
 
@@ -35,7 +35,7 @@ inline bool LiesKapitel(std::string_view innen, int kapitel = 241) {
 
 // One H with a U for each number of its stretch of `positionen`, in their order: a change of the main position begins
 // a new H.
-inline std::string AusPositionen(std::initializer_list<int> positionen) {
+inline std::string AusPositionen(const std::vector<int>& positionen) {
     std::string text;
     int offen = -1;
     for (const int position : positionen) {

@@ -237,7 +237,7 @@ TEST_F(VLTKapitel, EineMillionZeilen) {
 // --- End nodes -------------------------------------------------------------------------------------------------------
 
 TEST_F(VLTKapitel, Endknoten) {
-    const std::pair<std::initializer_list<int>, Nummern> faelle[] = {
+    const std::pair<std::vector<int>, Nummern> faelle[] = {
         {{}, {}},
         {{111100}, {111100}},
         {{100000, 110000, 111000, 112000, 120000}, {111000, 112000, 120000}},
@@ -556,7 +556,7 @@ std::vector<Ast> Aeste() {
 }
 
 TEST_F(VLTKapitel, TextAesteJederStufe) {
-    const std::pair<std::initializer_list<int>, std::vector<Ast>> faelle[] = {
+    const std::pair<std::vector<int>, std::vector<Ast>> faelle[] = {
         {{}, {}},
         {{111101}, {}},
         {{111110}, {{100, 199, 200, 999}}},

@@ -460,7 +460,7 @@ TEST_F(VLTKatalog, JedesByteAbgeschnittenUndVeraendert) {
     for (std::size_t i = 0; i < datei.size(); ++i) {
         ImOrdner("N131241.qvm", datei.substr(0, i));
         EXPECT_FALSE(Geladen().value_or(false) && i < 30);
-        for (const int maske : {0x01, 0x10, 0x20, 0x80, 0xFF}) {
+        for (const int maske : {0x01, 0x20, 0xFF}) {
             std::string anders = datei;
             anders[i] = static_cast<char>(anders[i] ^ maske);
             ImOrdner("N131241.qvm", anders);
@@ -477,7 +477,7 @@ TEST_F(VLTKatalog, JedesByteDerSammeldateiAbgeschnittenUndVeraendert) {
         AlsSammeldatei(datei.substr(0, i));
         EXPECT_FALSE(Geladen().value_or(false) && i <= Gepackt(111).size());
         KapitelVerzeichnis(1);
-        for (const int maske : {0x01, 0x10, 0x20, 0x80, 0xFF}) {
+        for (const int maske : {0x01, 0x20, 0xFF}) {
             std::string anders = datei;
             anders[i] = static_cast<char>(anders[i] ^ maske);
             AlsSammeldatei(anders);

@@ -122,9 +122,9 @@ TEST_F(SpezialfunktionenTest, EachLanguageHasItsTexts) {
 }
 
 TEST_F(SpezialfunktionenTest, ATypographicApostropheIsWrittenAsAnApostrophe) {
-    EXPECT_TRUE(Ausgabe(u"9", 2).starts_with(
-        std::string(Deklaration) + "<ZEPHOLT><Errorlist><Error N=\"1001\" W=\"\" F=\"\" T=\"Probl\xE8me g\xE9n\xE9ral "
-                                   "concernant les param\xE8tres d&apos;appel\"/>"));
+    const std::string franzoesisch = Ausgabe(u"9", 2);
+    EXPECT_GT(Zaehle(franzoesisch, "d&apos;"), 0U);
+    EXPECT_EQ(Zaehle(franzoesisch, "&#"), 0U); // no character is left that the encoding hasn't
     const std::string liste = Ausgabe(u"9", 1);
     EXPECT_NE(liste.find("Unbekannter Sprachcode (1=&apos;de&apos;, 2=&apos;fr&apos;, 3=&apos;it&apos;)"),
               std::string::npos);

@@ -180,7 +180,8 @@ TEST_F(Einlesen, KeinKopfNachFalscherRevision) {
 }
 
 TEST_F(Einlesen, KopfEinerKurzenZeile) {
-    KopfUebernehmen(Text(94, u'x'));
+    const Text zeile(94, u'x');
+    KopfUebernehmen(zeile);
     EXPECT_EQ(sia451Datei.ProjektNummer, Text(11, u'x'));
     EXPECT_EQ(sia451Datei.ProjektName, u"xx");
     EXPECT_EQ(sia451Datei.DokumentName, u"");

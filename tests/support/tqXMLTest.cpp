@@ -217,12 +217,12 @@ TEST(tqXMLSuche, JederKurzeTextWieWoertlich) {
     for (std::size_t laenge = 0; laenge <= 7; ++laenge) {
         JederText(laenge, u"</ a>\"");
     }
-    JederText(9, u"</ a>");
+    JederText(8, u"</ a>");
 }
 
 TEST(tqXMLSuche, ZufaelligeZeichenWieWoertlich) {
     std::mt19937 zufall(451);
-    for (int lauf = 0; lauf < 100000; ++lauf) {
+    for (int lauf = 0; lauf < 40000; ++lauf) {
         Text text;
         for (std::size_t rest = 8 + zufall() % 40; rest > 0; --rest) {
             text += TextSicht(u"<<<</// aa>>>>\"")[zufall() % 15];
@@ -237,7 +237,7 @@ TEST(tqXMLSuche, ZufaelligeTagsWieWoertlich) {
                               u"</b>", u"<b c/>", u" ",     u">",           u"<",          u"</",  u"/>",
                               u"a",    u"<a >",   u"</a >", u"<>",          u"</>"};
     std::mt19937 zufall(2013);
-    for (int lauf = 0; lauf < 200000; ++lauf) {
+    for (int lauf = 0; lauf < 60000; ++lauf) {
         Text text;
         for (std::size_t rest = 2 + zufall() % 14; rest > 0; --rest) {
             text += tags[zufall() % std::size(tags)];
