@@ -12,6 +12,7 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <string>
 
 namespace zepholt {
@@ -47,8 +48,20 @@ const FensterModul* ModulLaden() {
     return modul == nullptr ? nullptr : modul(kFensterModulFassung);
 }
 
+// True when the environment names a display: without one the module isn't even loaded.
+bool AnzeigeGenannt() {
+    const auto gesetzt = [](const char* name) {
+        const char* wert = std::getenv(name);
+        return wert != nullptr && *wert != '\0';
+    };
+    return gesetzt("DISPLAY") || gesetzt("WAYLAND_DISPLAY") || gesetzt("QT_QPA_PLATFORM");
+}
+
 // The module when it has a display to show windows on, or null.
 const FensterModul* BereitesModul() {
+    if (!AnzeigeGenannt()) {
+        return nullptr;
+    }
     const FensterModul* modul = ModulLaden();
     return modul != nullptr && modul->Bereit() ? modul : nullptr;
 }
