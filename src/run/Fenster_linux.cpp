@@ -5,11 +5,13 @@
 #include "run/DialogDeFrIt.h"
 #include "run/FensterModul.h"
 #include "run/Formulartexte.h"
+#include "run/Fortschritt.h"
 #include "run/Terminalanzeige.h"
 #include "run/Textanzeige.h"
 #include "support/OS_API.h"
 
 #include <dlfcn.h>
+#include <time.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -134,6 +136,12 @@ std::unique_ptr<Fenster> FensterOeffnen() {
         return std::make_unique<Terminalanzeige>();
     }
     return std::make_unique<Phasenzeilen>();
+}
+
+std::int64_t MilliSekunden() {
+    timespec jetzt{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &jetzt);
+    return std::int64_t{jetzt.tv_sec} * 1000 + jetzt.tv_nsec / 1000000;
 }
 
 void MeldungsboxZeigen(TextSicht text) {

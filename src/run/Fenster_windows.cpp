@@ -6,6 +6,7 @@
 
 #include "intake/TestDaten.h"
 #include "run/Formulartexte.h"
+#include "run/Fortschritt.h"
 #include "run/Textanzeige.h"
 
 #include <windows.h>
@@ -514,6 +515,10 @@ std::unique_ptr<Fenster> FensterOeffnen() {
         return fenster;
     }
     return std::make_unique<Phasenzeilen>();
+}
+
+std::int64_t MilliSekunden() {
+    return static_cast<std::int64_t>(GetTickCount64());
 }
 
 void MeldungsboxZeigen(TextSicht text) {
