@@ -1,9 +1,9 @@
 """What the tests of the records G1 to G6 share: builders of records, and fall(), which runs one case.
 
 A case names its findings in the order in which the run comes upon them: first the characters of all lines, then the
-records one by one, then the finished tree, then the catalogue. fall() puts them in the order of the protocol by the rule
-of the protocol itself: a key of line, position and code, sorted by the one fixed quicksort, which does not keep the order
-of equal keys. So two findings of one code on one line stand where that procedure leaves them.
+records one by one, then the finished tree, then the catalogue. fall() puts them in the order of the protocol by the
+rule of the protocol itself: a key of line, position and code, sorted by the one fixed quicksort, which does not keep the
+order of equal keys. So two findings of one code on one line stand where that procedure leaves them.
 """
 import re
 
@@ -141,8 +141,8 @@ def anzahlen(art, meldungen):
 def fall(name, arten, saetze, meldungen, davor=(), kapitel=(111,), kopf=None):
     """One case, in each of the kinds of file in `arten`, one or a list.
 
-    `meldungen` are bei() and ohne() in the order of their adding. `kapitel` are the chapters that the run stores and that
-    are no reserve chapters: the catalogue is empty, so each ends in a 6101, and these come last of all.
+    `meldungen` are bei() and ohne() in the order of their adding. `kapitel` are the chapters that the run stores and
+    that are no reserve chapters: the catalogue is empty, so each ends in a 6101, and these come last of all.
     """
     for art in [arten] if isinstance(arten, str) else arten:
         alle = [*davor, *saetze]

@@ -9,7 +9,7 @@ AUSSEN = "82"
 for nummer in ("000", "099", "090", "800", "801", "810", "899"):
     fall(f"4101 {nummer}", BEIDE, [g1(nummer)], [bei(4101, 1)], kapitel=())
 for nummer, erwartet in (("111", True), ("101", True), ("788", True), ("199", False), ("799", False), ("901", False),
-                         ("999", False)):
+                         ("911", False), ("191", False), ("188", True), ("999", False)):
     fall(f"no 4101 {nummer}", BEIDE, [g1(nummer)], [], kapitel=(int(nummer),) if erwartet else ())
 fall("chapter no number", BEIDE, [g1("1a1")], [bei(3001, 1, "G1:2a"), bei(4101, 1)], kapitel=())
 fall("chapter with a blank", BEIDE, [g1("11 ")], [bei(3001, 1, "G1:2a"), bei(4101, 1)], kapitel=())
@@ -17,7 +17,8 @@ fall("chapter blank", BEIDE, [g1("   ")], [bei(3002, 1, "G1:2a"), bei(4101, 1)],
 for nummer in ("100", "110", "790", "900", "990"):
     fall(f"4102 {nummer}", BEIDE, [g1(nummer)], [bei(4102, 1)], kapitel=())
 fall("4103", BEIDE, [g1(), g1(felder=DOPPELT)], [bei(2032, 2, AUSSEN), bei(4103, 2)])
-fall("4103 of a reserve chapter without a title, only the first", "01S", [g1("119"), g1("119", {82: "X", 93: " " * 30})],
+fall("4103 of a reserve chapter without a title, only the first", "01S", [g1("119"),
+                                                                          g1("119", {82: "X", 93: " " * 30})],
      [bei(2032, 2, AUSSEN), bei(4103, 2)], kapitel=())
 fall("no 4103", BEIDE, [g1(), g1("112", DOPPELT)], [bei(2032, 2, AUSSEN)], kapitel=(111, 112))
 fall("no 4103 after a chapter that was refused", BEIDE, [g1("110"), g1("110", DOPPELT)],
@@ -182,6 +183,10 @@ for punkt in ("31", "99"):
     fall(f"4331 {punkt}", BEIDE, [g1(), g2(), g3(felder={136: punkt})], [bei(4331, 3)])
 for punkt in ("30", "01", "00", "  "):
     fall(f"no 4331 {punkt}", BEIDE, [g1(), g2(), g3(felder={136: punkt})], [])
+fall("insertion point cut by the end of the line", BEIDE, [g1(), g2(), g3(felder={136: "5"})], [bei(3001, 3, "G3:24d")])
+for position, reserve in (("900000", False), ("190000", True), ("100900", True), ("100090", True), ("111009", False)):
+    fall(f"reserve position {position}", BEIDE, [g1(), g2(position)],
+         [ohne(4721, 111, int(position))] if reserve else [])
 fall("insertion point no number", BEIDE, [g1(), g2(), g3(felder={136: "5 "})], [bei(3001, 3, "G3:24d")])
 fall("all three of the insertion point", "E1S",
      [g1(), g2(), g3(variable="00", felder={136: "05"}), g3(variable="00", zeile="02", felder={136: "31"})],
@@ -203,7 +208,8 @@ fall("all of a line", "01S",
      [bei(4308, 3), bei(4304, 3), bei(4331, 3), bei(4231, 3)])
 
 # Form errors come in the order of the fields, all with one key: the one sort decides where they end.
-fall("form errors of G1", "01S", [satz("G1", {93: "Titel"})], [bei(3002, 1, "G1:2a"), bei(3002, 1, "G1:2c"), bei(4101, 1)],
+fall("form errors of G1", "01S", [satz("G1", {93: "Titel"})], [bei(3002, 1, "G1:2a"), bei(3002, 1, "G1:2c"),
+                                                               bei(4101, 1)],
      kapitel=())
 fall("form errors of G2", BEIDE, [satz("G2")], [bei(3002, 1, "G2:2a"), bei(3002, 1, "G2:3"), bei(4201, 1)], kapitel=())
 fall("form errors of G3", BEIDE, [satz("G3")],

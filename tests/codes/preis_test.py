@@ -77,7 +77,8 @@ fall("4505 reserve chapter", "01S", [g1("119"), g2(kapitel="119"), g5(felder={59
      [bei(4505, 3), ohne(4721, 119, 111001)], kapitel=())
 ASTE = ["100000", "110000", "111000"]
 fall("4505 reserve chapter", "E1S",
-     [g1("119"), *(g2(p, kapitel="119") for p in ASTE), g2(kapitel="119"), g5(felder={59: OHNE_EINHEIT}, kapitel="119")],
+     [g1("119"), *(g2(p, kapitel="119") for p in ASTE), g2(kapitel="119"), g5(felder={59: OHNE_EINHEIT},
+                                                                              kapitel="119")],
      [bei(4505, 6), *(ohne(4721, 119, int(p)) for p in [*ASTE, "111001"])], kapitel=())
 
 # Sign and price.
@@ -94,7 +95,8 @@ fall("4507 of a price that is no number", BEIDE, [g1(), g2(), g5(felder={63: "  
      [bei(3001, 3, "G5:19"), bei(4507, 3)])
 fall("price that fills its field in part", BEIDE, [g1(), g2(), g5(felder={62: "+", 63: "        1250"})],
      [bei(3001, 3, "G5:19")])
-fall("price cut by the end of the line", BEIDE, [g1(), g2(), g5(felder={62: "+", 63: "00000"})], [bei(3001, 3, "G5:19")])
+fall("price cut by the end of the line", BEIDE, [g1(), g2(), g5(felder={62: "+", 63: "00000"})],
+     [bei(3001, 3, "G5:19")])
 
 # Kind of price.
 for zeichen in "AFINR ":

@@ -1,5 +1,6 @@
 """Codes 4401 to 4496: assignments of preliminary remarks (G4)."""
-from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1, g2,
+from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1,
+                    g2,
                     g4, g5, ohne)
 from rahmen import abschluss, satz
 
@@ -101,7 +102,8 @@ for oben, unten, leer, mit_joker, nicht_da, oberer, gut, anderer, feld, struktur
     zuordnung(f"{mit_joker}", "01S", {oben: gut[0][0] + "*", unten: gut[1]}, [mit_joker], struktur)
     zuordnung(f"{mit_joker}", "E1S", {oben: gut[0][0] + "*", unten: gut[1]}, [mit_joker, 4481], struktur)
     zuordnung(f"{mit_joker} joker without a match", "01S", {oben: "X*", unten: gut[1]}, [oberer, mit_joker], struktur)
-    zuordnung(f"{mit_joker} joker without a match", "E1S", {oben: "X*", unten: "XX"}, [oberer, mit_joker, 4481], struktur)
+    zuordnung(f"{mit_joker} joker without a match", "E1S", {oben: "X*", unten: "XX"}, [oberer, mit_joker, 4481],
+              struktur)
     zuordnung(f"no {mit_joker} without the lower", "01S", {oben: gut[0][0] + "*"}, [], struktur)
     zuordnung(f"{nicht_da}", BEIDE, {oben: gut[0], unten: "XX"}, [nicht_da], struktur)
     zuordnung(f"{nicht_da} below the other", BEIDE, {oben: gut[0], unten: anderer}, [nicht_da], struktur)
@@ -112,6 +114,9 @@ for oben, unten, leer, mit_joker, nicht_da, oberer, gut, anderer, feld, struktur
         zuordnung(f"joker {feld} {joker}", "01S", {oben: gut[0], unten: joker}, rest, struktur)
         zuordnung(f"joker {feld} {joker}", "E1S", {oben: gut[0], unten: joker}, [*rest, 4481], struktur)
     zuordnung(f"joker {feld} below an unknown one", "01S", {oben: "XX", unten: "*"}, [oberer, nicht_da], struktur)
+for eintrag, gefunden in (("12", True), ("123", True), ("1", False)):
+    zuordnung(f"joker 12* and the entry {eintrag}", "01S", {82: "12*"}, [] if gefunden else [4421],
+              [KAG[0], satz("B1", {2: "001", 82: eintrag, 93: "Kosten"})])
 zuordnung("joker * below an object without locations", "01S", {18: "H3", 24: "*"}, [],
           [*OGL[:1], satz("B2", {2: "002", 18: "H3", 93: "Haus 3"})])
 
@@ -133,7 +138,8 @@ fall("an assignment with a wrong reference is stored", "01S",
      [g1(), g2("111100"), g4(felder={82: "X", 136: "05"}), g4(felder={136: "05"})], [bei(4421, 3), bei(4471, 4)])
 zuordnung("order no number", "01S", {136: "5 "}, [(3001, "G4:24d")])
 zuordnung("order no number", "E1S", {136: "5 "}, [(3001, "G4:24d"), 3208])
-fall("order no number counts as none", "01S", [g1(), g2("111100"), *(g4(felder={82: c, 136: "5 "}) for c in ("12", "123"))],
+fall("order no number counts as none", "01S", [g1(), g2("111100"),
+                                               *(g4(felder={82: c, 136: "5 "}) for c in ("12", "123"))],
      [bei(3001, 3, "G4:24d"), bei(3001, 4, "G4:24d")], davor=KAG)
 
 # The joker is gone from the new interface: once for the record.
@@ -154,7 +160,8 @@ for art in BEIDE:
     zuordnung("nine form errors doubled", art, {spalte: " **" for _, spalte in FELDER},
               [(3001, feld) for feld, _ in FELDER for _ in (1, 2)]
               + [4411, 4414, 4421, 4431, 4441, 4444, 4451, 4491, 4495] + ([4481] if art == "E1S" else []))
-fall("form errors of the number fields", BEIDE, [satz("G4")], [bei(3002, 1, "G4:2a"), bei(3002, 1, "G4:3"), bei(4401, 1)],
+fall("form errors of the number fields", BEIDE, [satz("G4")], [bei(3002, 1, "G4:2a"), bei(3002, 1, "G4:3"),
+                                                               bei(4401, 1)],
      kapitel=())
 
 # Stored or not shows at a title position: an assignment belongs in an end node.
