@@ -4,8 +4,7 @@ In a 01S file columns 14 to 17 of a quantity are no fields: each detail line the
 judged as a detail line all the same.
 """
 from gblock import (BEIDE, EKG, KAG, NUTZUNG, OGL, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, eg6, fall, g1, g2, g3, g5,
-                    g6,
-                    ohne)
+                    g6, ohne)
 from rahmen import abschluss
 
 VIEL = "0000000001000"
@@ -66,8 +65,8 @@ fall("a detail line after a quantity with errors", "E1S", [g1(), g2(), g5(), g6(
      [bei(4611, 4), bei(4613, 4), bei(4614, 4)])
 fall("wrong references are equal too", "E1S", [g1(), g2(), g5(), g6({18: "X"}), eg6({18: "X"})],
      [bei(4631, 4), bei(4631, 5)])
-fall("a quantity with a wrong kind has no detail line of another kind", "E1S", [*VORNE,
-                                                                                eg6({44: "J", 33: "V1", 30: "G1"})],
+fall("a quantity with a wrong kind has no detail line of another kind", "E1S",
+     [*VORNE, eg6({44: "J", 33: "V1", 30: "G1"})],
      [bei(4692, 5)], davor=VARIANTEN)
 
 # Kind: not read with the quantity's own, and always A.
@@ -88,8 +87,8 @@ ausmass("group blank", {14: "  "}, [(3002, 14), 4694], spalten=(16,))
 ausmass("group in one column", {14: "1 "}, [(3001, 14), 4694])
 ausmass("line in one column", {16: " 1"}, [(3001, 16), 4694])
 ausmass("both no numbers", {14: "x", 16: "y"}, [(3001, 14), (3001, 16), 4694])
-ausmass("both no numbers, kind blank", {14: "x", 16: "y", 44: None}, [(3001, 14), (3001, 16), (3002, "G6:13"), 4693,
-                                                                      4694])
+ausmass("both no numbers, kind blank", {14: "x", 16: "y", 44: None},
+        [(3001, 14), (3001, 16), (3002, "G6:13"), 4693, 4694])
 ausmass("a blank in front makes it a detail line too", {14: " 1"}, [(3001, 14), 4694], spalten=(15,))
 
 # Sign and quantity: judged twice.
@@ -168,8 +167,8 @@ ausmass("no 4674", {168: "N1"}, [], "E1S", NUTZUNG, menge={168: "N1"})
 for art in BEIDE:
     fall("two lines of the same numbers", art, [*VORNE, eg6(), eg6({123: "000000"})],
          [*aussen(art, 5, 14), *aussen(art, 6, 14), bei(2032, 6, "G6:24a")])
-fall("only one of the two columns, on many lines", "E1S", [*VORNE,
-                                                           *(eg6({14: "  ", 16: f"{n:02}"}) for n in range(1, 9))],
+fall("only one of the two columns, on many lines", "E1S",
+     [*VORNE, *(eg6({14: "  ", 16: f"{n:02}"}) for n in range(1, 9))],
      [bei(c, 4 + n, f) for n in range(1, 9) for c, f in ((3002, "G6:4"), (4694, None))])
 
 # Everything at once, and the order of the many equal keys over a longer file.

@@ -17,8 +17,8 @@ fall("chapter blank", BEIDE, [g1("   ")], [bei(3002, 1, "G1:2a"), bei(4101, 1)],
 for nummer in ("100", "110", "790", "900", "990"):
     fall(f"4102 {nummer}", BEIDE, [g1(nummer)], [bei(4102, 1)], kapitel=())
 fall("4103", BEIDE, [g1(), g1(felder=DOPPELT)], [bei(2032, 2, AUSSEN), bei(4103, 2)])
-fall("4103 of a reserve chapter without a title, only the first", "01S", [g1("119"),
-                                                                          g1("119", {82: "X", 93: " " * 30})],
+fall("4103 of a reserve chapter without a title, only the first", "01S",
+     [g1("119"), g1("119", {82: "X", 93: " " * 30})],
      [bei(2032, 2, AUSSEN), bei(4103, 2)], kapitel=())
 fall("no 4103", BEIDE, [g1(), g1("112", DOPPELT)], [bei(2032, 2, AUSSEN)], kapitel=(111, 112))
 fall("no 4103 after a chapter that was refused", BEIDE, [g1("110"), g1("110", DOPPELT)],
@@ -208,9 +208,8 @@ fall("all of a line", "01S",
      [bei(4308, 3), bei(4304, 3), bei(4331, 3), bei(4231, 3)])
 
 # Form errors come in the order of the fields, all with one key: the one sort decides where they end.
-fall("form errors of G1", "01S", [satz("G1", {93: "Titel"})], [bei(3002, 1, "G1:2a"), bei(3002, 1, "G1:2c"),
-                                                               bei(4101, 1)],
-     kapitel=())
+fall("form errors of G1", "01S", [satz("G1", {93: "Titel"})],
+     [bei(3002, 1, "G1:2a"), bei(3002, 1, "G1:2c"), bei(4101, 1)], kapitel=())
 fall("form errors of G2", BEIDE, [satz("G2")], [bei(3002, 1, "G2:2a"), bei(3002, 1, "G2:3"), bei(4201, 1)], kapitel=())
 fall("form errors of G3", BEIDE, [satz("G3")],
      [bei(3002, 1, f) for f in ("G3:2a", "G3:3", "G3:4", "G3:5")] + [bei(4301, 1)], kapitel=())

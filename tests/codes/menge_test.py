@@ -1,7 +1,6 @@
 """Codes 4601 to 4683: quantities (G6), and 2032 for the fields that only a detail line may fill."""
 from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1,
-                    g2,
-                    g5, g6, ohne)
+                    g2, g5, g6, ohne)
 from rahmen import abschluss, satz
 
 VIEL = "0000000001000"  # one unit, three decimals
@@ -185,10 +184,10 @@ for oben, unten, leer, nicht_da, oberer, gut, anderer, ofeld, ufeld, struktur in
 # Check digit of the running number, weights 3 and 1 from the right.
 for text, gueltig in (("1234565", True), ("1234560", False), ("1234564", False), ("0012348", True), ("12348", True),
                       ("1236", True), ("123456x", False), ("12345x5", False), ("5", False), ("12345*5", False),
-                      ("   1236", False), ("-123457", False), ("1.00000", False), ("12 3456", False), ("9999995",
-                                                                                                       False),
-                      ("9999992", True), ("17", True), ("71", False), ("1000009", True), ("1000007", False), ("0100007",
-                                                                                                              True),
+                      ("   1236", False), ("-123457", False), ("1.00000", False), ("12 3456", False),
+                      ("9999995", False),
+                      ("9999992", True), ("17", True), ("71", False), ("1000009", True), ("1000007", False),
+                      ("0100007", True),
                       ("0100009", False)):
     menge(f"check digit {text}", BEIDE, {75: text}, [] if gueltig else [4681])
 # Value 0: a running number that is none, in the new interface; a text like others in the old.
@@ -273,8 +272,7 @@ menge("remark no number", BEIDE, {123: "11110"}, [(3001, "G6:24a")])
 
 # All of a line, and that it is stored: its detail line finds it.
 ALLES = {18: " *", 24: " *", 30: " *", 33: " *", 44: "x", 45: "x", 46: "x", 61: "Q", 62: "x", 63: "x", 75: "1",
-         82: " *",
-         87: " *", 93: "x", 123: "x", 129: " *", 136: "x", 138: "x", 168: " *x", 188: " *x", 208: "x"}
+         82: " *", 87: " *", 93: "x", 123: "x", 129: " *", 136: "x", 138: "x", 168: " *x", 188: " *x", 208: "x"}
 FORM = ["G6:6", "G6:6", "G6:7", "G6:7", "G6:8", "G6:8", "G6:9", "G6:9", "G6:15", "G6:19", "G6:21", "G6:21", "G6:22",
         "G6:22", "G6:24a", "G6:24b", "G6:24b"]
 VERWEISE = [4631, 4633, 4641, 4651, 4661, 4663, 4671, 4674, 4677, 4681]
@@ -283,8 +281,7 @@ menge("all of a line", "E1S", ALLES,
        4521, *VERWEISE, (2032, "G6:23"), (2032, "G6:24e"), (2032, "G6:24h")])
 menge("all of a line", "01S", ALLES,
       [(2032, "93"), (2032, "138"), *((3001, feld) for feld in [*FORM, "168", "168", "188", "188", "G6:24d"]), 4611,
-       4613,
-       4622, *VERWEISE, (2032, "93"), (2032, "138"), (2032, "208")])
+       4613, 4622, *VERWEISE, (2032, "93"), (2032, "138"), (2032, "208")])
 fall("form errors of the number fields", BEIDE, [satz("G6")],
      [bei(3002, 1, "G6:2a"), bei(3002, 1, "G6:3"), bei(3002, 1, "G6:13"), bei(4601, 1)], kapitel=())
 GUT = {18: "H1", 24: "P1", 30: "G1", 33: "V1", 36: "Zusatz", 44: "J", 45: "+", 46: VIEL, 61: "A", 62: "-", 63: PREIS,

@@ -77,8 +77,8 @@ fall("4505 reserve chapter", "01S", [g1("119"), g2(kapitel="119"), g5(felder={59
      [bei(4505, 3), ohne(4721, 119, 111001)], kapitel=())
 ASTE = ["100000", "110000", "111000"]
 fall("4505 reserve chapter", "E1S",
-     [g1("119"), *(g2(p, kapitel="119") for p in ASTE), g2(kapitel="119"), g5(felder={59: OHNE_EINHEIT},
-                                                                              kapitel="119")],
+     [g1("119"), *(g2(p, kapitel="119") for p in ASTE), g2(kapitel="119"),
+      g5(felder={59: OHNE_EINHEIT}, kapitel="119")],
      [bei(4505, 6), *(ohne(4721, 119, int(p)) for p in [*ASTE, "111001"])], kapitel=())
 
 # Sign and price.

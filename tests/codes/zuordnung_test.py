@@ -1,7 +1,6 @@
 """Codes 4401 to 4496: assignments of preliminary remarks (G4)."""
 from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1,
-                    g2,
-                    g4, g5, ohne)
+                    g2, g4, g5, ohne)
 from rahmen import abschluss, satz
 
 
@@ -138,8 +137,8 @@ fall("an assignment with a wrong reference is stored", "01S",
      [g1(), g2("111100"), g4(felder={82: "X", 136: "05"}), g4(felder={136: "05"})], [bei(4421, 3), bei(4471, 4)])
 zuordnung("order no number", "01S", {136: "5 "}, [(3001, "G4:24d")])
 zuordnung("order no number", "E1S", {136: "5 "}, [(3001, "G4:24d"), 3208])
-fall("order no number counts as none", "01S", [g1(), g2("111100"),
-                                               *(g4(felder={82: c, 136: "5 "}) for c in ("12", "123"))],
+fall("order no number counts as none", "01S",
+     [g1(), g2("111100"), *(g4(felder={82: c, 136: "5 "}) for c in ("12", "123"))],
      [bei(3001, 3, "G4:24d"), bei(3001, 4, "G4:24d")], davor=KAG)
 
 # The joker is gone from the new interface: once for the record.
@@ -160,9 +159,8 @@ for art in BEIDE:
     zuordnung("nine form errors doubled", art, {spalte: " **" for _, spalte in FELDER},
               [(3001, feld) for feld, _ in FELDER for _ in (1, 2)]
               + [4411, 4414, 4421, 4431, 4441, 4444, 4451, 4491, 4495] + ([4481] if art == "E1S" else []))
-fall("form errors of the number fields", BEIDE, [satz("G4")], [bei(3002, 1, "G4:2a"), bei(3002, 1, "G4:3"),
-                                                               bei(4401, 1)],
-     kapitel=())
+fall("form errors of the number fields", BEIDE, [satz("G4")],
+     [bei(3002, 1, "G4:2a"), bei(3002, 1, "G4:3"), bei(4401, 1)], kapitel=())
 
 # Stored or not shows at a title position: an assignment belongs in an end node.
 fall("stored", BEIDE, [g1(), g2("111000"), g4("111000", {18: "X"}), g2("111001"), g5()],
