@@ -41,7 +41,7 @@ klick() { xdotool mousemove --window "$1" "$2" "$3" click 1; }
 taste() { sleep 0.3; xdotool key --delay 150 "$@"; }
 
 # A protocol without its date and time.
-ohne_zeit() { sed -E 's/<Date[^>]*>//' "$1"; }
+ohne_zeit() { sed -E 's|<Date>.*</Time>||' "$1"; }
 
 gut=0 schlecht=0
 pruefe() { # what, command...
