@@ -76,7 +76,7 @@ pruefe("P1 with all its findings", [satz("P1", {14: "00", 43: "2"})],
 ITEMS = [satz("G1", {2: "191", 6: "20", 93: "Reserve"}), satz("G2", {2: "191", 8: "100000"}),
          satz("G3", {2: "191", 8: "100000", 14: "00", 16: "01", 93: "Text"})]
 fall("attachments of a position that exists", "E1S",
-     [*ITEMS, *(anhang(art, kapitel="191", position="100000") for art in ("P1", "P2", "P3", "P4", "P5", "X4", "X5"))], [])
+     [*ITEMS, *(anhang(art, kapitel="191", position="100000") for art in sorted(ARTEN))], [])
 fall("attachments have no position in the protocol", "E1S",
      [*ITEMS, anhang("P2", kapitel="191", position="100000", variable="00"),
       anhang("X4", kapitel="191", position="100000", variable="00")], [f(4252, 5), f(4252, 6)])
@@ -85,11 +85,13 @@ fall("attachments have no position in the protocol", "E1S",
 for art in ("X0", "X1", "X3", "X6", "P0", "P6", "P9", "X ", "P "):
     pruefe(f"{art} is undefined and not tested", [satz(art, {2: "x", 14: "00", 43: "2"})], [UNBEKANNT])
 pruefe("between others", [anhang("P1", variable="00"), satz("P6", {2: "222"}), anhang("P1", kapitel="333", zeichen="2"),
-                          anhang("X4", variable="00"), satz("X6", {2: "222"}), anhang("X5", kapitel="333", variable="0a")],
+                          anhang("X4", variable="00"), satz("X6", {2: "222"}),
+                          anhang("X5", kapitel="333", variable="0a")],
        [f(4252, 2), f(4282, 4), f(4252, 5), f(3001, 7, "X5:4"), f(4252, 7), UNBEKANNT])
 # The X records are tested before the P records, which shows in the order of equal findings of one line.
 fall("many lines of many blanks", "E1S",
-     [satz(art, {8: f"{i:06}"}) for i in range(7) for art in ("P1", "P3")] + [satz("X4", {8: f"{i:06}"}) for i in range(7)],
+     [satz(art, {8: f"{i:06}"}) for i in range(7) for art in ("P1", "P3")]
+     + [satz("X4", {8: f"{i:06}"}) for i in range(7)],
      geordnet([f(3002, 16 + i, f"X4:{n}") for i in range(7) for n in ("2a", "5", "23")]
               + [f(3002, 2 + 2 * i + k, f"{art}:{n}") for i in range(7)
                  for k, (art, felder) in enumerate((("P1", ("2a", "23")), ("P3", ("2a", "5", "23")))) for n in felder]))

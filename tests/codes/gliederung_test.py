@@ -285,7 +285,8 @@ fall("its twin names another", "beide", [b(5, "F", {135: "V2"}, nummer="004"), V
 fall("the line of another record that has the text there doesn't count", "beide",
      [b0("004"), b(4, "A", {135: "V1"}), VAR, b(5, "G")], [f(2032, 3, "135"), f(3291, 5)])
 fall("a B5 without primary variant", "beide", [VAR, b(5, "G", {135: "  "})], [f(3002, 3, "B5:24c-d"), f(3291, 3)])
-fall("on the first line with blanks there", "beide", [b(5, "F", {135: "  "}, nummer="004"), VAR, b(5, "G", {135: "  "})],
+fall("on the first line with blanks there", "beide",
+     [b(5, "F", {135: "  "}, nummer="004"), VAR, b(5, "G", {135: "  "})],
      [f(3002, 2, "B5:24c-d"), f(3241, 2), f(3291, 2), f(3002, 4, "B5:24c-d")])
 fall("a line that ends before it has blanks there", "beide",
      [satz("B5", {2: "004", 30: "F", 93: "Name"}), VAR, satz("B5", {2: "005", 30: "G", 93: "Name"})],
@@ -368,7 +369,8 @@ for art in (7, 8):
          [f(3001, 2, "2"), f(nr, 2), UNBEKANNT])
 
 # --- B9 and digits that don't exist: silent ---------------------------------------------------------------------------
-for felder in ({}, {2: "xxx", 18: "*?*", 24: " *", 82: "K", 45: "x", 46: "abc", 62: "?", 63: "-1"}, {2: "009", 18: "A"}):
+for felder in ({}, {2: "009", 18: "A"},
+               {2: "xxx", 18: "*?*", 24: " *", 82: "K", 45: "x", 46: "abc", 62: "?", 63: "-1"}):
     fall("B9", "beide", [satz("B9", felder)], [UNBEKANNT])
 fall("B9 between others", "beide", [OGL, b(2, "A"), satz("B9", {2: "002", 18: "Z", 24: "p", 62: "x"}), b0("003")],
      [UNBEKANNT])

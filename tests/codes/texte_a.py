@@ -1,6 +1,8 @@
 """The rows of the error table that these tests expect: code -> severity, field reference, German text."""
 
 TEXTE = {
+    2021: ("A", "", "Es sind doppelte Schlüssel im Universalschlüssel vorhanden"),
+    2022: ("A", "", "Die Reihenfolge der Zeilen stimmt nicht"),
     2031: ("A", "", "Unzulässige Zeichen in den Datenfeldern"),
     2032: ("B", "", "Unzulässige Daten ausserhalb der definierten Felder"),
     2041: ("A", "", "Undefinierter Recordtyp in der Datei (z.B. D0, G9 oder Leerzeile)"),
