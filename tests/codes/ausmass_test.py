@@ -22,13 +22,13 @@ def aussen(art, zeile, *spalten):
     return [bei(2032, zeile, str(spalte)) for spalte in spalten] if art == "01S" else []
 
 
-def ausmass(name, felder, codes, arten=BEIDE, davor=(), menge=None, preis=None, spalten=(14,), am_ende=()):
+def ausmass(name, felder, codes, arten=BEIDE, davor=(), menge=None, preis=None, spalten=(14,)):
     """A plain quantity on line 4, its detail line on line 5; `codes` are codes, or a code with its column or field."""
     for art in [arten] if isinstance(arten, str) else arten:
         saetze = [g1(), g2(), g5(felder=preis), g6(menge), eg6(felder)]
         meldungen = [bei(code[0], 5, feld(art, code[1]) if code[1] in NAMEN else code[1])
                      if isinstance(code, tuple) else bei(code, 5) for code in codes]
-        fall(name, art, saetze, [*aussen(art, 5, *spalten), *meldungen, *am_ende], davor=davor)
+        fall(name, art, saetze, [*aussen(art, 5, *spalten), *meldungen], davor=davor)
 
 
 # Without a quantity of the same references: 4692, and nothing of the line's own codes.

@@ -6,7 +6,6 @@ from rahmen import abschluss, satz
 VIEL = "0000000001000"  # one unit, three decimals
 NULL = "0000000000000"
 PREIS = "000000001250"
-UNDEFINIERT = [ohne(2041)]
 VORNE = [g1(), g2(), g5()]
 
 
@@ -14,9 +13,14 @@ def codes_bei(codes, zeile):
     return [bei(code[0], zeile, code[1]) if isinstance(code, tuple) else bei(code, zeile) for code in codes]
 
 
-def menge(name, arten, felder, codes, davor=(), preis=None, am_ende=()):
-    """One G6 on line 4; `codes` are its codes, or a code with its field. `preis` are fields of the G5."""
-    fall(name, arten, [g1(), g2(), g5(felder=preis), g6(felder)], [*codes_bei(codes, 4), *am_ende], davor=davor)
+def menge(name, arten, felder, codes, davor=(), preis=None, undefiniert=False):
+    """One G6 on line 4; `codes` are its codes, or a code with its field. `preis` are fields of the G5. `undefiniert`:
+    `davor` holds a line of an undefined type, which is told behind the first code, the one of the line's characters.
+    """
+    meldungen = codes_bei(codes, 4)
+    if undefiniert:
+        meldungen.insert(1, ohne(2041))
+    fall(name, arten, [g1(), g2(), g5(felder=preis), g6(felder)], meldungen, davor=davor)
 
 
 # Chapter, position, G5.
@@ -153,12 +157,12 @@ for spalte, feld, code, gut, struktur in ((168, "G6:24f", 4674, "N1", NUTZUNG), 
     menge(f"{code}", "E1S", {spalte: "X1"}, [code], struktur)
     menge(f"no {code}", "E1S", {spalte: gut}, [], struktur)
     menge(f"{code} without the structure", "E1S", {spalte: gut}, [code])
-    menge(f"{code}", "01S", {spalte: "X1"}, [aussen, code], struktur, am_ende=UNDEFINIERT)
-    menge(f"no {code}", "01S", {spalte: gut}, [aussen], struktur, am_ende=UNDEFINIERT)
+    menge(f"{code}", "01S", {spalte: "X1"}, [aussen, code], struktur, undefiniert=True)
+    menge(f"no {code}", "01S", {spalte: gut}, [aussen], struktur, undefiniert=True)
     menge(f"{code} without the structure", "01S", {spalte: gut}, [aussen, code])
     for joker in (gut + "*", "*"):
         menge(f"{code} joker {joker}", "E1S", {spalte: joker}, [code], struktur)
-        menge(f"{code} joker {joker}", "01S", {spalte: joker}, [aussen, code], struktur, am_ende=UNDEFINIERT)
+        menge(f"{code} joker {joker}", "01S", {spalte: joker}, [aussen, code], struktur, undefiniert=True)
     menge(f"{code} joker not last", "E1S", {spalte: "*x"}, [(3001, feld), code], struktur)
     menge(f"{code} joker not last", "01S", {spalte: "*x"}, [aussen, (3001, str(spalte)), code])
     menge(f"{code} two form errors", "E1S", {spalte: " *x"}, [(3001, feld), (3001, feld), code])
@@ -250,7 +254,7 @@ menge("order no number", "01S", {136: "x"}, [(3001, "G6:24d")])
 menge("order no number", "E1S", {136: "x"}, [(3001, "G6:24d"), 3208])
 
 # A cost account record is an undefined line, so that no quantity is held against it: 4691 is never reported.
-fall("no 4691", BEIDE, [*VORNE, g6({82: "12"})], UNDEFINIERT,
+fall("no 4691", BEIDE, [*VORNE, g6({82: "12"})], [ohne(2041)],
      davor=[satz("B9", {18: "X", 45: "+", 46: VIEL, 82: "99"}), *KAG])
 
 # Fields of a detail line in a plain quantity.

@@ -4,10 +4,10 @@ from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, 
 from rahmen import abschluss, satz
 
 
-def zuordnung(name, arten, felder, codes, davor=STRUKTUR, am_ende=()):
+def zuordnung(name, arten, felder, codes, davor=STRUKTUR, vorher=()):
     """One G4 on position 111100, line 3; `codes` are its codes, or a code with its field."""
     meldungen = [bei(*(code[:1] + (3,) + code[1:] if isinstance(code, tuple) else (code, 3))) for code in codes]
-    fall(name, arten, [g1(), g2("111100"), g4(felder=felder)], [*meldungen, *am_ende], davor=davor)
+    fall(name, arten, [g1(), g2("111100"), g4(felder=felder)], [*vorher, *meldungen], davor=davor)
 
 
 # A 01S file with uses or rooms has lines of an undefined type: one finding without a place, for the whole file.
