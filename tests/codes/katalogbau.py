@@ -133,14 +133,17 @@ def starte(art, saetze, katalog, sprache="de", mehr=(), kopf_=None):
     return befehl([f"file=e.{art}", f"dialog={sprache}-", "errorfile=p.xml", f"catalog={katalog}", *mehr])
 
 
-def befehl(argumente, ausgabe="p.xml"):
+def befehl(argumente, ausgabe="p.xml", frist=30):
     pfad = rahmen.pathlib.Path(rahmen.ort.name)
     (pfad / ausgabe).unlink(missing_ok=True)
+    vorher = {*pfad.iterdir()}
     try:
-        ende = subprocess.run([*rahmen.PROGRAMM, *argumente], cwd=pfad, capture_output=True, timeout=30)
+        ende = subprocess.run([*rahmen.PROGRAMM, *argumente], cwd=pfad, capture_output=True, timeout=frist)
     except subprocess.TimeoutExpired:
         return "hang"
     da = (pfad / ausgabe).exists()
+    if {*pfad.iterdir()} - vorher - {pfad / ausgabe}:
+        return f"left behind: {[*pfad.iterdir()]}"
     if ende.returncode == 1 and not da and not ende.stdout and ende.stderr.count(b"\n") == 1 and ende.stderr[-1:] == b"\n":
         return ABBRUCH
     if ende.returncode != 0 or ende.stdout or ende.stderr:
