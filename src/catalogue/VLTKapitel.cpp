@@ -375,8 +375,9 @@ std::array<Gruppen, 3> GruppenDerEndknoten() {
 
 // Marks the groups without such end nodes that lie in a branch found so far.
 void MarkiereGedeckte(Gruppen& gruppen) {
-    constexpr std::int32_t grenze = 40000;           // beyond any main position, negative ones too
-    std::vector<std::int32_t> offene(2 * grenze, 0); // how many branches more are open at a number than before it
+    constexpr std::int32_t grenze = 40000; // beyond any main position, negative ones too
+    std::vector<std::int32_t> offene(std::size_t{2} * grenze,
+                                     0); // how many branches more are open at a number than before it
     for (const TextAst& ast : kapitelDaten.TextAeste) {
         ++offene[static_cast<std::size_t>(ast.Von + grenze)];
         --offene[static_cast<std::size_t>(ast.Bis + 1 + grenze)];

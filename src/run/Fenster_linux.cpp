@@ -5,13 +5,16 @@
 #include "run/DialogDeFrIt.h"
 #include "run/FensterModul.h"
 #include "run/Formulartexte.h"
+#include "run/Fortschritt.h"
 #include "run/Terminalanzeige.h"
 #include "run/Textanzeige.h"
 #include "support/OS_API.h"
 
 #include <dlfcn.h>
+#include <time.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <string>
 
 namespace zepholt {
@@ -47,8 +50,20 @@ const FensterModul* ModulLaden() {
     return modul == nullptr ? nullptr : modul(kFensterModulFassung);
 }
 
+// True when the environment names a display: without one the module isn't even loaded.
+bool AnzeigeGenannt() {
+    const auto gesetzt = [](const char* name) {
+        const char* wert = std::getenv(name);
+        return wert != nullptr && *wert != '\0';
+    };
+    return gesetzt("DISPLAY") || gesetzt("WAYLAND_DISPLAY") || gesetzt("QT_QPA_PLATFORM");
+}
+
 // The module when it has a display to show windows on, or null.
 const FensterModul* BereitesModul() {
+    if (!AnzeigeGenannt()) {
+        return nullptr;
+    }
     const FensterModul* modul = ModulLaden();
     return modul != nullptr && modul->Bereit() ? modul : nullptr;
 }
@@ -121,6 +136,12 @@ std::unique_ptr<Fenster> FensterOeffnen() {
         return std::make_unique<Terminalanzeige>();
     }
     return std::make_unique<Phasenzeilen>();
+}
+
+std::int64_t MilliSekunden() {
+    timespec jetzt{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &jetzt);
+    return std::int64_t{jetzt.tv_sec} * 1000 + jetzt.tv_nsec / 1000000;
 }
 
 void MeldungsboxZeigen(TextSicht text) {

@@ -6,6 +6,7 @@
 
 #include "intake/TestDaten.h"
 #include "run/Formulartexte.h"
+#include "run/Fortschritt.h"
 #include "run/Textanzeige.h"
 
 #include <windows.h>
@@ -113,7 +114,11 @@ bool Passt(const Formular& formular, const Formulartexte& texte, HFONT schrift, 
         const Steuerelement& e = formular.Elemente[i];
         const int rand = e.Art == ElementArt::Knopf ? 2 * MulDiv(kKnopfRand, static_cast<int>(dpi), 96) : 0;
         const int breite = Pixel(e.Breite, dpi) - rand;
-        const SIZE groesse = mass.Misst(texte.Elemente[static_cast<std::size_t>(i)], breite, IstAbsatz(e));
+        const Text& inhalt = texte.Elemente[static_cast<std::size_t>(i)];
+        if (inhalt.empty()) {
+            continue; // even no text may be given the height of a line
+        }
+        const SIZE groesse = mass.Misst(inhalt, breite, IstAbsatz(e));
         if (groesse.cx > breite || groesse.cy > Pixel(e.Hoehe, dpi)) {
             return false;
         }
@@ -510,6 +515,10 @@ std::unique_ptr<Fenster> FensterOeffnen() {
         return fenster;
     }
     return std::make_unique<Phasenzeilen>();
+}
+
+std::int64_t MilliSekunden() {
+    return static_cast<std::int64_t>(GetTickCount64());
 }
 
 void MeldungsboxZeigen(TextSicht text) {

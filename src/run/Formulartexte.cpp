@@ -8,6 +8,7 @@ namespace {
 
 std::vector<Text> ElementeUebersetzt(const Formular& formular) {
     std::vector<Text> texte;
+    texte.reserve(static_cast<std::size_t>(formular.Anzahl));
     for (std::int32_t i = 0; i < formular.Anzahl; ++i) {
         texte.emplace_back(Uebersetze(formular.Elemente[i].Text));
     }

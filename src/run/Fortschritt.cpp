@@ -5,7 +5,6 @@
 #include "run/Formulare.h"
 
 #include <algorithm>
-#include <chrono>
 
 namespace zepholt {
 
@@ -99,11 +98,6 @@ double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum) {
         return 0.0;
     }
     return std::min(breite, innen);
-}
-
-std::int64_t MilliSekunden() {
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 } // namespace zepholt

@@ -28,7 +28,8 @@ void BedieneFenster();
 // where the phase has no maximum.
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum);
 
-// Milliseconds of a clock that only goes forward.
+// Milliseconds of the platform's cheapest clock that only goes forward, as coarse as 16 of them: it is looked at for
+// each record.
 std::int64_t MilliSekunden();
 
 struct FortschrittStand {

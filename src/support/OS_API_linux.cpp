@@ -103,7 +103,7 @@ std::string OhneVerweis(const std::string& pfad) {
         return pfad;
     }
     char* ziel = realpath(pfad.c_str(), nullptr);
-    const std::string ergebnis = ziel != nullptr ? ziel : "";
+    std::string ergebnis = ziel != nullptr ? ziel : "";
     std::free(ziel);
     return ergebnis;
 }

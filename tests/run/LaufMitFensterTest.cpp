@@ -72,7 +72,7 @@ protected:
         std::string text = m_ordner.Lies("aus/p.xml");
         std::filesystem::remove(m_ordner.Pfad() / "aus/p.xml");
         const std::size_t ab = text.find("<Date");
-        return text.erase(ab, text.find('>', ab) - ab);
+        return text.erase(ab, text.find("</Time>", ab) - ab);
     }
 
     // No protocol, and nothing beside its place either.

@@ -13,16 +13,21 @@
 #include <xcb/xcb.h>
 
 #include <cstring>
+#include <memory>
 
 namespace zepholt {
 
 namespace {
 
+struct Trennen {
+    void operator()(xcb_connection_t* verbindung) const { xcb_disconnect(verbindung); }
+};
+
+// The connection stays until the process ends: a server whose last client leaves may start afresh, and whoever comes in
+// that moment, Qt here, is refused.
 bool XServerAntwortet() {
-    xcb_connection_t* verbindung = xcb_connect(nullptr, nullptr);
-    const bool antwortet = xcb_connection_has_error(verbindung) == 0;
-    xcb_disconnect(verbindung);
-    return antwortet;
+    static const std::unique_ptr<xcb_connection_t, Trennen> verbindung(xcb_connect(nullptr, nullptr));
+    return xcb_connection_has_error(verbindung.get()) == 0;
 }
 
 bool WaylandAntwortet() {

@@ -100,10 +100,14 @@ bool Passt(const FormularMitTexten& formular, const QFont& schrift) {
     const QFontMetrics mass(schrift);
     for (std::int32_t i = 0; i < formular.Form->Anzahl; ++i) {
         const Steuerelement& e = formular.Form->Elemente[i];
+        const QString inhalt = AusText(formular.Texte[i]);
+        if (inhalt.isEmpty()) {
+            continue; // Qt gives even no text the height of a line
+        }
         const QRect platz = Platz(e);
         const int breite = platz.width() - (e.Art == ElementArt::Knopf ? 2 * kKnopfRand : 0);
         const int umbruch = IstAbsatz(e) ? Qt::TextWordWrap : 0;
-        const QRect text = mass.boundingRect(QRect(0, 0, breite, 0), umbruch, AusText(formular.Texte[i]));
+        const QRect text = mass.boundingRect(QRect(0, 0, breite, 0), umbruch, inhalt);
         if (text.width() > breite || text.height() > platz.height()) {
             return false;
         }
