@@ -2,8 +2,8 @@
 
 A case names its findings in the order in which the run comes upon them: first the characters of all lines, then the
 records one by one, then the finished tree, then the catalogue. fall() puts them in the order of the protocol by the
-rule of the protocol itself: a key of line, position and code, sorted by the one fixed quicksort, which does not keep the
-order of equal keys. So two findings of one code on one line stand where that procedure leaves them.
+rule of the protocol itself: a key of line, position and code, sorted by the one fixed quicksort, which does not keep
+the order of equal keys. So two findings of one code on one line stand where that procedure leaves them.
 """
 import re
 

@@ -1,7 +1,7 @@
-"""Random files of chapters and positions against the rules of the records G1 to G6, written out once more as plain scans.
+"""Random files of chapters and positions against the rules of the records G1 to G6, written out once more as scans.
 
-The seed is fixed. Each record is filled from short lists of good and bad values, so that numbers, references and running
-numbers meet often; lines are put in order, and lines with a key that stands already are left out.
+The seed is fixed. Each record is filled from short lists of good and bad values, so that numbers, references and
+running numbers meet often; lines are put in order, and lines with a key that stands already are left out.
 """
 import random
 import re
@@ -441,7 +441,8 @@ class Pruefung:
                 for r in (m["rest"] for m in position["mengen"] if m["rest"]):
                     if not self.such_position(kapitel, r):
                         self.meldungen.append(ohne(4741, kapitel["nr"], p))
-                    bereiche = [(p // 1000 * 1000, 99), (p // 10000 * 10000, 999), (p // 100000 * 100000, 999), (0, 999)]
+                    bereiche = [(p // 1000 * 1000, 99), (p // 10000 * 10000, 999), (p // 100000 * 100000, 999),
+                                (0, 999)]
                     if self.neu and not any(von <= r <= von + n for von, n in bereiche):
                         self.meldungen.append(ohne(4742, kapitel["nr"], p))
 
@@ -453,8 +454,8 @@ WERTE = {
     129: ["T1", "T1", "T*", "X"], 168: ["N1", "N1", "N*", "*x"], 188: ["R1", "R1", "X", "*"],
 }
 KAPITEL = ["111", "112", "119", "101", "800", "110", "11x", "   ", "911"]
-POSITIONEN = ["111001", "111000", "111100", "111010", "111002", "110000", "100000", "190000", "190100", "111900", "111910",
-              "111901", "119001", "101000", "110001", "011001", "000000", "111190", "999999", "1x1001", "      "]
+POSITIONEN = ["111001", "111000", "111100", "111010", "111002", "110000", "100000", "190000", "190100", "111900",
+              "111910", "111901", "119001", "101000", "110001", "011001", "000000", "111190", "999999", "1x1001", "      "]
 G3 = {14: ["01", "00", "02", "x", "  "], 16: ["01", "02", "03", "00", " 1"], 43: ["E", "e", "x"], 93: ["Text", "   "],
       135: ["+", "x"], 136: ["05", "30", "31", "00", "x"], 82: ["A", "B", "C"]}
 G5 = {59: ["m2", "St", "Pr", "xx", "  "], 61: ["A", "R", "Q"], 62: ["+", "-", "x"],
@@ -462,7 +463,8 @@ G5 = {59: ["m2", "St", "Pr", "xx", "  "], 61: ["A", "R", "Q"], 62: ["+", "-", "x
 MENGE = {36: ["x"], 44: list("AJQDCLMSUWRKBx "), 45: ["+", "-", "x"], 46: ["0000000001000", "0000000000000", "x"],
          61: ["A", "Q"], 62: ["+", "-", "x"], 63: ["000000001250", "x"],
          75: ["1234565", "1234572", "0000000", "12348", "0012348", "1", "  12348", "x"], 93: ["Text", "  T"],
-         123: ["111000", "000000", "110000", "999999", "x", "000999"], 136: ["05", "06", "00", "x"], 138: ["T"], 208: ["T"]}
+         123: ["111000", "000000", "110000", "999999", "x", "000999"], 136: ["05", "06", "00", "x"], 138: ["T"],
+         208: ["T"]}
 DETAIL = {14: ["01", "02", "00", "x", "  "], 16: ["01", "02", "03", "00", "x"]}
 TEILE = [("KAG", KAG, ["12", "123"]), ("OGL", OGL, {"H1": ["P1"], "H2": ["Q1"]}), ("EKG", EKG, ["E1"]),
          ("EIN", EINRICHTUNG, ["T1"]), ("VAR", VARIANTEN, {"G1": ["V1", "V2"], "G2": ["W1"]}), ("NUT", NUTZUNG, ["N1"]),
@@ -498,7 +500,8 @@ def zufalls_datei(zufall, art):
                 saetze.append(satz("G3", {**kopf, 14: wahl(zufall, G3[14]), 16: wahl(zufall, G3[16]),
                                           **felder(zufall, G3, dicht)}))
             for _ in range(zufall.randint(0, 3)):
-                saetze.append(satz("G4", {**kopf, **felder(zufall, {**WERTE, 135: ["*", "x"], 136: MENGE[136]}, dicht)}))
+                werte = {**WERTE, 135: ["*", "x"], 136: MENGE[136]}
+                saetze.append(satz("G4", {**kopf, **felder(zufall, werte, dicht)}))
             for _ in range(zufall.choice([0, 1, 1, 1, 2])):
                 saetze.append(satz("G5", {**kopf, **felder(zufall, G5, dicht)}))
             for _ in range(zufall.randint(0, 5)):
