@@ -33,8 +33,8 @@ public:
 // standard error.
 std::unique_ptr<Fenster> FensterOeffnen();
 
-// Shows the parameter message (lines ended by CR LF) in a box with the stop icon and one OK button, or on standard
-// error where no box can be shown. Returns when it is answered.
-void MeldungsboxZeigen(TextSicht text);
+// Shows a message (lines ended by CR LF) in a box with the stop icon and one OK button and returns when it is answered;
+// false where no box can be shown.
+bool MeldungsboxZeigen(TextSicht text);
 
 } // namespace zepholt

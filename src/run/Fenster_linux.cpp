@@ -144,12 +144,10 @@ std::int64_t MilliSekunden() {
     return std::int64_t{jetzt.tv_sec} * 1000 + jetzt.tv_nsec / 1000000;
 }
 
-void MeldungsboxZeigen(TextSicht text) {
+bool MeldungsboxZeigen(TextSicht text) {
     const FensterModul* modul = BereitesModul();
     const Text ok(Uebersetze(u"OK"));
-    if (modul == nullptr || !modul->Meldung(kProgrammTitel, Text(text).c_str(), ok.c_str())) {
-        MeldungAlsText(text);
-    }
+    return modul != nullptr && modul->Meldung(kProgrammTitel, Text(text).c_str(), ok.c_str());
 }
 
 } // namespace zepholt

@@ -521,10 +521,8 @@ std::int64_t MilliSekunden() {
     return static_cast<std::int64_t>(GetTickCount64());
 }
 
-void MeldungsboxZeigen(TextSicht text) {
-    if (MessageBoxW(nullptr, Breit(Text(text)), Breit(kProgrammTitel), MB_OK | MB_ICONSTOP) == 0) {
-        MeldungAlsText(text);
-    }
+bool MeldungsboxZeigen(TextSicht text) {
+    return MessageBoxW(nullptr, Breit(Text(text)), Breit(kProgrammTitel), MB_OK | MB_ICONSTOP) != 0;
 }
 
 } // namespace zepholt

@@ -8,6 +8,7 @@
 #include "run/DialogDeFrIt.h"
 #include "run/Fenster.h"
 #include "run/Test.h"
+#include "run/Textanzeige.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 
@@ -20,6 +21,13 @@ namespace {
 // The errors that can arise before a language is known: their text is shown in all three.
 bool VorDerSprache(std::int32_t code) {
     return code == 1001 || code == 1002 || code == 1004;
+}
+
+// Not in a silent run; on standard error where no box can be shown.
+void ParameterfehlerZeigen(const Text& meldung) {
+    if (!testDaten.OhneDialog && !MeldungsboxZeigen(meldung)) {
+        MeldungAlsText(meldung);
+    }
 }
 
 void TestlaufAusfuehren() {
@@ -44,9 +52,7 @@ void Ausfuehren(TextSicht kommandozeile) {
     SpracheSetzen(sprache);
 
     if (code != 0) {
-        if (!testDaten.OhneDialog) {
-            MeldungsboxZeigen(ParameterMeldung(code, sprache));
-        }
+        ParameterfehlerZeigen(ParameterMeldung(code, sprache));
     } else if (testDaten.Spezialfunktion) {
         SpezialfunktionAusfuehren(TextSicht(testDaten.Austauschdatei).substr(1), testDaten.Sprache,
                                   testDaten.Fehlerdatei, testDaten.Katalog);
