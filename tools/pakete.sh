@@ -7,5 +7,5 @@ PAKETE_BAU="g++ cmake ninja-build qt6-base-dev libxcb1-dev xmlstarlet"
 PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3"
 
 # The slower checks besides: clang, the Windows build, Wine and a display without a screen.
-PAKETE_CI="$PAKETE_TEST clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
+PAKETE_CI="$PAKETE_TEST git clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
 xvfb xdotool openbox"
