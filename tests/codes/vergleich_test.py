@@ -87,32 +87,41 @@ def attribut(name, text):
     return text[q1:q2 - 1] if 0 < q1 < q2 else ""
 
 
-def vorn(text):
-    """The number in front; the generator makes whole numbers only."""
-    text, zahl = text.lstrip(" "), ""
-    for i, z in enumerate(text):
+BREITE = {"N": (-32768, 32767), "E": (-32768, 32767), "X": (0, 255), "Y": (0, 255), "W": (-2 ** 31, 2 ** 31 - 1)}
+
+
+def vorn(name, text):
+    """The number in front of an attribute's value; out of its width it fails. The generator makes whole numbers only."""
+    zahl = ""
+    for i, z in enumerate(attribut(name, text).lstrip(" ")):
         if not (z.isdigit() or i == 0 and z in "+-"):
             break
         zahl += z
-    return int(zahl) if zahl.strip("+-") else 0
+    wert = int(zahl) if zahl.strip("+-") else 0
+    if not BREITE[name][0] <= wert <= BREITE[name][1]:
+        raise Abgebrochen
+    return wert
 
 
 def geparst(text):
     """The chapter as lists, or None where it counts as absent."""
+    text = text[text.find("<"):] if "<" in text else ""
     if name_von(text) != "Kapitel":
         return None
-    for name, soll in (("N", 241), ("S", 1), ("V", 2013), ("A", 0)):
+    for name, soll in (("N", 241), ("S", 1), ("V", 2013), ("A", None)):
         wert = attribut(name, text).strip(" ")
-        if not wert.isdigit() or int(wert) != soll:
+        if not wert.isdigit() or int(wert) > 32767 or int(wert) != (int(wert) if soll is None else soll):
             return None
-    ergebnis = []
-    for h in suche("H", text):
-        us = []
-        for u in suche("U", h):
-            vs = [(vorn(attribut("N", v)), attribut("A", v), vorn(attribut("E", v))) for v in suche("V", u)]
-            us.append((vorn(attribut("N", u)), vorn(attribut("W", u)), vorn(attribut("Y", u)), vs))
-        ergebnis.append((vorn(attribut("N", h)), us))
-    return ergebnis
+    try:
+        return [(vorn("N", h), [uposition(u) for u in suche("U", h)]) for h in suche("H", text) if vorn("X", h) >= 0]
+    except Abgebrochen:
+        return None
+
+
+def uposition(u):
+    vorn("X", u)
+    return (vorn("N", u), vorn("W", u), vorn("Y", u),
+            [(vorn("N", v), attribut("A", v), vorn("E", v)) for v in suche("V", u)])
 
 
 # The chapter
