@@ -3,7 +3,7 @@ chapter (6101), what is taken as it stands, and what ends the run."""
 import time
 
 from katalogbau import (ABBRUCH, E, G1, G2, G3, G4, H, U, V, beide, befehl, dateiname, eintrag, gemeldet, geordnet,
-                        kapitel, kopf, ohne_uhr, ordner, sammeldatei, soll_elemente, starte, tabelle)
+                        kapitel, kopf, ordner, sammeldatei, soll_elemente, starte)
 from rahmen import abschluss, datei, erwarte, ort as arbeitsort
 import pathlib
 import re

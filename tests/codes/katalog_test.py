@@ -1,6 +1,8 @@
 """The document against the catalogue: chapters, positions, repeat ranges, reserve positions, variables, assignments."""
-from katalogbau import E, G1, G2, G3, G4, G5, G6, H, U, V, beide, eintrag, kapitel, mit_text
-from rahmen import abschluss, satz
+from katalogbau import (E, G1, G2, G3, G4, G5, G6, H, U, V, beide, eintrag, gemeldet, geordnet, kapitel, mit_text, ordner,
+                        starte)
+from rahmen import abschluss, erwarte, satz
+from texte_c import FREMD
 
 
 def kat(*haupt, **mehr):
@@ -326,10 +328,21 @@ def zuordnungen():
           kat(H(111, U(1))), [])
 
 
+def sprachen():
+    """The texts follow the language of the dialogue, the chapter that of the file."""
+    for nummer, sprache in enumerate(("fr", "it")):
+        for code, saetze, eintraege in ((6101, [G1()], {}), (6231, [G1(), mit_text(241, 111090)],
+                                                            {"N131241.qvm": kat(H(111, U(1)))})):
+            ist = gemeldet(starte("E1S", geordnet(saetze), ordner(eintraege), sprache))
+            erwarte(f"{code} {sprache}", ist,
+                    [E(code, "241.000.000" if code == 6101 else "241.111.090", text=FREMD[code][nummer])])
+
+
 kapitel_vorhanden()
 position_vorhanden()
 ohne_text()
 variablen()
 reserve()
 zuordnungen()
+sprachen()
 abschluss()

@@ -2,7 +2,7 @@
 import pathlib
 import re
 
-from katalogbau import H, U, befehl, eintrag, kapitel, kopf, ordner, sammeldatei, tabelle
+from katalogbau import H, U, befehl, eintrag, kapitel, ordner, sammeldatei
 from rahmen import abschluss, erwarte, ort
 from texte_c import FREMD, TEXTE
 
@@ -61,7 +61,7 @@ def gerahmt(zeilen):
     return f"{KOPF}<ZEPHOLT><Worksections>{''.join(zeilen)}</Worksections></ZEPHOLT>"
 
 
-def ein(name, inhalt, soll, dateien=None):
+def ein(name, inhalt, soll):
     """One chapter file, in a folder and in a collected file."""
     erwarte(f"*1 {name} (folder)", liste("*1", ordner({"N131241.qvm": inhalt})), gerahmt(soll))
     erwarte(f"*1 {name} (collected file)", liste("*1", sammeldatei([inhalt])), gerahmt(soll))

@@ -7,8 +7,10 @@ torn and damaged ones too.
 """
 import os
 import random
+import re
+from decimal import Decimal
 
-from katalogbau import (E, G1, G2, G3, G4, G5, G6, H, U, V, dateiname, eintrag, gemeldet, geordnet, kapitel, ordner,
+from katalogbau import (ABBRUCH, E, G1, G2, G3, G4, G5, G6, H, U, V, befehl, dateiname, eintrag, gemeldet, geordnet, kapitel, ordner,
                         sammeldatei, starte)
 from rahmen import abschluss, erwarte
 
@@ -87,32 +89,181 @@ def attribut(name, text):
     return text[q1:q2 - 1] if 0 < q1 < q2 else ""
 
 
-def vorn(text):
-    """The number in front; the generator makes whole numbers only."""
-    text, zahl = text.lstrip(" "), ""
-    for i, z in enumerate(text):
-        if not (z.isdigit() or i == 0 and z in "+-"):
-            break
-        zahl += z
-    return int(zahl) if zahl.strip("+-") else 0
+BREITE = {"N": (-32768, 32767), "E": (-32768, 32767), "X": (0, 255), "Y": (0, 255), "W": (-2 ** 31, 2 ** 31 - 1)}
+
+
+def vorn(name, text):
+    """The number in front of an attribute's value; out of its width it fails."""
+    zahl = re.match(r" *([+-]?[0-9]*(\.[0-9]*)?)", attribut(name, text))[1]
+    wert = round(Decimal(zahl)) if re.search("[0-9]", zahl) else 0
+    if not BREITE[name][0] <= wert <= BREITE[name][1]:
+        raise Abgebrochen
+    return wert
 
 
 def geparst(text):
     """The chapter as lists, or None where it counts as absent."""
+    text = text[text.find("<"):] if "<" in text else ""
     if name_von(text) != "Kapitel":
         return None
-    for name, soll in (("N", 241), ("S", 1), ("V", 2013), ("A", 0)):
-        wert = attribut(name, text).strip(" ")
-        if not wert.isdigit() or int(wert) != soll:
+    for name, soll in (("N", 241), ("S", 1), ("V", 2013), ("A", None)):
+        try:
+            wert = streng(attribut(name, text), 32767)
+        except Abgebrochen:
             return None
+        if soll is not None and wert != soll:
+            return None
+    try:
+        return [(vorn("N", h), [uposition(u) for u in suche("U", h)]) for h in suche("H", text) if vorn("X", h) >= 0]
+    except Abgebrochen:
+        return None
+
+
+def uposition(u):
+    vorn("X", u)
+    return (vorn("N", u), vorn("W", u), vorn("Y", u),
+            [(vorn("N", v), attribut("A", v), vorn("E", v)) for v in suche("V", u)])
+
+
+# The files. A chapter is None when it counts as absent; Abgebrochen where the run ends.
+
+def streng(text, hoechstens=2 ** 31 - 1):
+    text = text.strip(" ")
+    if not re.fullmatch(r"[+-]?[0-9]+(\.[0-9]+)?", text) or not -hoechstens - 1 <= round(Decimal(text)) <= hoechstens:
+        raise Abgebrochen
+    return round(Decimal(text))
+
+
+def kuerzeltabelle(roh):
+    """The table of a raw chapter and where its body begins; None for a bad code."""
+    tabelle, i = {}, 30
+    while True:
+        if i >= len(roh):
+            raise Abgebrochen
+        code, ende = ord(roh[i]), roh.find("\n", i + 1)
+        if code == 32:
+            return tabelle, i + 1
+        if ende < 0:
+            raise Abgebrochen
+        if not 1 <= code <= 31:
+            return None, 0
+        tabelle[code], i = roh[i + 1:ende], ende + 1
+
+
+def ausgeschrieben(text, tabelle):
+    return "".join(z if ord(z) > 31 else tabelle.get(ord(z), "") for z in text)
+
+
+def entpackt(roh):
+    if roh[:4] != "CF11":
+        return None
+    for von, bis in ((4, 8), (8, 9), (9, 12), (12, 21), (21, 30)):
+        streng(roh[von:bis])
+    tabelle, rumpf = kuerzeltabelle(roh)
+    return None if tabelle is None else ausgeschrieben(roh[rumpf:], tabelle)
+
+
+def gesammelt(roh):
+    """The entries of a collected file; ends with None where the walk fails."""
+    stelle = 0
+    while stelle + 1 < len(roh):
+        kopf = roh[stelle:stelle + 30]
+        try:
+            laenge = streng(kopf[12:21])
+        except Abgebrochen:
+            laenge = 0
+        if laenge < 30:
+            yield None
+            return
+        yield kopf, roh[stelle:stelle + laenge], roh[stelle:stelle + 1000]
+        stelle += laenge
+
+
+def geholt(roh, sammlung):
+    """The raw chapter 241 of 2013 in German."""
+    if not sammlung:
+        return roh
+    for teil in gesammelt(roh):
+        if teil is None:
+            return ""
+        if teil[0][4:12] == "20131241":
+            return teil[1]
+    return ""
+
+
+def verzeichnis(roh, sammlung):
+    """The chapter list of one file: the elements, none where it fails."""
+    text = ""
+    try:
+        for teil in gesammelt(roh) if sammlung else [("    20131241", "", roh[:1000])]:
+            if teil is None:
+                raise Abgebrochen
+            kopf, _, gelesen = teil
+            if kopf[8:9] != "1":
+                continue
+            nummer, jahr = streng(kopf[9:12]), streng(kopf[4:8])
+            if text:
+                text += "\n"
+            anfang = gelesen.find("<Kapitel")
+            if anfang < 0:
+                raise Abgebrochen
+            ende = gelesen.find("><", anfang)
+            if ende < 0:
+                text += f"{nummer}\t{jahr}\t\t\t"
+                continue
+            tabelle, _ = kuerzeltabelle(gelesen)
+            if tabelle is None:
+                continue
+            wurzel = ausgeschrieben(gelesen[anfang:ende + 1], tabelle)
+            text += "\t".join(attribut(n, wurzel) for n in "NVATZ")
+    except Abgebrochen:
+        text = ""
     ergebnis = []
-    for h in suche("H", text):
-        us = []
-        for u in suche("U", h):
-            vs = [(vorn(attribut("N", v)), attribut("A", v), vorn(attribut("E", v))) for v in suche("V", u)]
-            us.append((vorn(attribut("N", u)), vorn(attribut("W", u)), vorn(attribut("Y", u)), vs))
-        ergebnis.append((vorn(attribut("N", h)), us))
+    for zeile in text.split("\n") if text else []:
+        werte = (zeile.split("\t") + [""] * 5)[:5]
+        for i, wert in enumerate(werte):
+            wert = re.sub("[\0-\x1f\x80-\x90\x93-\x9f]", "", re.sub("[\x91\x92]", "'", wert))
+            for zeichen, ersatz in (("&", "amp"), ("<", "lt"), (">", "gt"), ("'", "apos"), ('"', "quot")):
+                wert = wert.replace(zeichen, f"\1{ersatz};")
+            werte[i] = wert.replace("\1", "&")
+        mit_z = zeile.split("\t")[4:5] not in ([], [""])
+        paare = list(zip("NVATZ", werte))[:5 if mit_z else 4]
+        ergebnis.append("<Worksection" + "".join(f' {n}="{w}"' for n, w in paare) + "/>")
     return ergebnis
+
+
+def zufallsdatei(zufall, rumpf):
+    """Bytes of a chapter file with abbreviations, in a collected file or alone, torn at some places."""
+    rumpf = rumpf.replace('T="Titel"', f'T="{zufall.choice(["A &amp; B", chr(0xe4), chr(0x91) + chr(0x80), "", "Titel"])}"')
+    if zufall.random() < 0.3:
+        rumpf = rumpf.replace('Z=""', 'Z="z"')
+    roh, kuerzel = rumpf.encode("latin-1"), {}
+    for code in zufall.sample(range(1, 32), zufall.randint(0, 5)):
+        if len(roh) > 40:
+            von = zufall.randrange(len(roh) - 12)
+            text = roh[von:von + zufall.randint(2, 12)]
+            if min(text) > 31:
+                kuerzel[code] = text
+                roh = roh.replace(text, bytes([code]))
+    datei = eintrag(roh, kuerzel=kuerzel)
+    sammlung = zufall.random() < 0.5
+    if sammlung:
+        andere = [eintrag(kapitel(H(111, U(1)), n=242), nummer=242), eintrag(kapitel(s=2), sprache=2), eintrag("", nummer=243)]
+        teile = [datei, *zufall.sample(andere, zufall.randint(0, 2))]
+        zufall.shuffle(teile)
+        datei = b"".join(teile)
+    while zufall.random() < 0.5:
+        i = min(zufall.randrange(len(datei) + 1), zufall.choice((len(datei), 40, 90)))
+        art = zufall.randrange(4)
+        if art == 0:
+            datei = datei[:i] + datei[i + 1:]
+        elif art == 1:
+            datei = datei[:i] + bytes([zufall.choice((0, 1, 9, 10, 13, 32, 33, 48, 49, 255, zufall.randrange(256)))]) + datei[i:]
+        elif art == 2:
+            datei = datei[:zufall.randrange(len(datei) + 1)] if zufall.random() < 0.3 else datei
+        else:
+            datei = datei[:i] + bytes([zufall.choice(b"0123456789 <>.+-")]) + datei[i + 1:]
+    return datei, sammlung
 
 
 # The chapter
@@ -419,6 +570,24 @@ def main():
         if ist != soll:
             print(f"run {lauf} {art}\n  {text!r}\n  {doc}")
         erwarte(f"run {lauf}", ist, soll)
+
+        # The same as bytes, damaged now and then: the findings and the list of chapters.
+        datei, sammlung = zufallsdatei(zufall, text)
+        roh = datei.decode("latin-1")
+        try:
+            inhalt = entpackt(geholt(roh, sammlung))
+            haupt = None if inhalt is None else geparst(inhalt)
+            soll = [E(c, f"241.{p // 1000:03}.{p % 1000:03}")
+                    for p, c in befunde(doc, None if haupt is None else Kapitel(haupt), art == "E1S")]
+        except Abgebrochen:
+            soll = ABBRUCH
+        katalog = sammeldatei([datei]) if sammlung else ordner({dateiname(): datei})
+        ist = gemeldet(starte(art, saetze(doc), katalog))
+        liste = re.findall("<Worksection [^>]*/>", befehl(["file=*1", "dialog=de-", "errorfile=p.xml", f"catalog={katalog}"]))
+        if (ist, liste) != (soll, verzeichnis(roh, sammlung)):
+            print(f"bytes of run {lauf} {art} {sammlung}\n  {datei!r}\n  {doc}")
+        erwarte(f"bytes of run {lauf}", ist, soll)
+        erwarte(f"list of run {lauf}", liste, verzeichnis(roh, sammlung))
 
 
 main()
