@@ -108,9 +108,9 @@ void LiesH(tqXML& xml, TextSicht text) {
     kapitelDaten.KapitelH.push_back(h);
 }
 
-// The chapter with its main positions, sub-positions and variables. False when the root is no chapter; a number that
-// can't be taken is a LaufzeitFehler.
-bool KapitelStruktur(TextSicht dokument) {
+// The chapter with its main positions, sub-positions and variables; `kinder` are the children of its root. False when
+// the root is no chapter; a number that can't be taken is a LaufzeitFehler.
+bool KapitelStruktur(TextSicht dokument, const std::vector<TextSicht>& kinder) {
     if (tqXML::getName(dokument) != u"Kapitel") {
         return false;
     }
@@ -122,31 +122,35 @@ bool KapitelStruktur(TextSicht dokument) {
     kapitelDaten.KapitelZ = tqXML::getAttribut(u"Z", dokument);
 
     tqXML xml;
-    const std::vector<TextSicht> treffer = Suche(xml, u"H", dokument);
-    for (const TextSicht hText : treffer) {
-        LiesH(xml, hText);
+    for (const TextSicht kind : kinder) {
+        if (tqXML::getName(kind) == u"H") {
+            LiesH(xml, kind);
+        }
     }
-    kapitelDaten.KapitelHAnzahl = static_cast<std::int16_t>(treffer.size());
+    if (kapitelDaten.KapitelH.size() > HoechsteAnzahl) {
+        throw LaufzeitFehler("more entries than their count can tell");
+    }
+    kapitelDaten.KapitelHAnzahl = static_cast<std::int16_t>(kapitelDaten.KapitelH.size());
     return true;
 }
 
 // The rows of texts. Nothing asks for them; they are there only when no row holds text, see tqXML.
-void KapitelTexte(TextSicht dokument) {
+void KapitelTexte(const std::vector<TextSicht>& kinder) {
     constexpr TextSicht trenner = u"</T><T>";
     constexpr std::size_t kopf = TextSicht(u"<Texte><T>").size();
     constexpr std::size_t fuss = TextSicht(u"</T></Texte>").size();
 
-    const std::vector<TextSicht> treffer = tqXML().SucheElemente(u"Texte", dokument, 1);
-    if (treffer.empty()) {
+    const auto texte =
+        std::find_if(kinder.begin(), kinder.end(), [](TextSicht kind) { return tqXML::getName(kind) == u"Texte"; });
+    if (texte == kinder.end()) {
         return;
     }
     std::vector<Text>& zeilen = kapitelDaten.KapitelTexteListe;
     std::size_t anfang = 0;
-    for (std::size_t ende; (ende = treffer[0].find(trenner, anfang)) != TextSicht::npos;
-         anfang = ende + trenner.size()) {
-        zeilen.emplace_back(treffer[0].substr(anfang, ende - anfang));
+    for (std::size_t ende; (ende = texte->find(trenner, anfang)) != TextSicht::npos; anfang = ende + trenner.size()) {
+        zeilen.emplace_back(texte->substr(anfang, ende - anfang));
     }
-    zeilen.emplace_back(treffer[0].substr(anfang));
+    zeilen.emplace_back(texte->substr(anfang));
 
     zeilen.front().erase(0, kopf);
     if (zeilen.back().size() < fuss) {
@@ -459,9 +463,11 @@ bool KapitelEinlesen(TextSicht text) {
     try {
         tqXML xml;
         xml.DocumentElement(text);
-        gelesen = KapitelStruktur(xml.DocumentElement());
+        const TextSicht dokument = xml.DocumentElement();
+        const std::vector<TextSicht> kinder = tqXML().SucheElemente(u"", dokument); // main positions and texts at once
+        gelesen = KapitelStruktur(dokument, kinder);
         if (gelesen) {
-            KapitelTexte(xml.DocumentElement());
+            KapitelTexte(kinder);
             BildeIndexe();
         }
     } catch (const LaufzeitFehler&) {
