@@ -12,6 +12,7 @@ import sys
 import tempfile
 
 PROGRAMM = sys.argv[1:]  # the program, with an emulator in front of it where there is one
+UNTER_EMULATOR = len(PROGRAMM) > 1
 KOPF = {2: "211126", 30: "Bauherr", 42: "1", 44: "A", 45: "A", 63: "000000000001", 82: "P-1", 93: "Schulhaus",
         123: "D-1", 138: "Baumeister", 168: "Muster AG", 188: "Bern", 208: "Ausmass"}
 KENNUNG = {"01S": {8: "451-92", 14: "11"}, "E1S": {8: "QVMX17", 14: "21"}}
