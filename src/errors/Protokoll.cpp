@@ -74,11 +74,39 @@ Sortierschluessel SchluesselVon(const FehlerEintrag& eintrag) {
     return schluessel;
 }
 
+// Many small steps: the window gets its look between some of them, so that it answers however many findings there are.
+class Takt {
+public:
+    void Schritt() {
+        if (++m_schritte % 16384 == 0) {
+            BedieneFenster();
+        }
+    }
+
+private:
+    std::uint32_t m_schritte = 0;
+};
+
+std::vector<Sortierschluessel> SchluesselVon(const std::vector<FehlerEintrag>& liste) {
+    std::vector<Sortierschluessel> schluessel;
+    schluessel.reserve(liste.size());
+    Takt takt;
+    for (const FehlerEintrag& eintrag : liste) {
+        schluessel.push_back(SchluesselVon(eintrag));
+        takt.Schritt();
+    }
+    return schluessel;
+}
+
 // For each key the number of different keys below it.
 std::vector<std::uint32_t> RaengeVon(const std::vector<Sortierschluessel>& schluessel) {
     std::vector<std::uint32_t> folge(schluessel.size());
     std::iota(folge.begin(), folge.end(), 0U);
-    std::ranges::sort(folge, {}, [&](std::uint32_t i) -> const Sortierschluessel& { return schluessel[i]; });
+    Takt takt;
+    std::ranges::sort(folge, [&](std::uint32_t a, std::uint32_t b) {
+        takt.Schritt();
+        return schluessel[a] < schluessel[b];
+    });
 
     std::vector<std::uint32_t> raenge(schluessel.size());
     for (std::size_t k = 1; k < folge.size(); ++k) {
@@ -237,15 +265,12 @@ void WarnungenEntfernen() {
 
 void FehlerSortieren() {
     std::vector<FehlerEintrag>& liste = fehlerSpeicher.FehlerListe;
-    std::vector<Sortierschluessel> schluessel(liste.size());
-    std::ranges::transform(liste, schluessel.begin(), SchluesselVon);
-    BedieneFenster(); // between the long steps of many findings
-    std::vector<std::uint32_t> raenge = RaengeVon(schluessel);
-    BedieneFenster();
+    std::vector<std::uint32_t> raenge = RaengeVon(SchluesselVon(liste));
+    const std::vector<std::uint32_t> folge = SortierFolge(std::move(raenge), BedieneFenster);
 
     std::vector<FehlerEintrag> sortiert;
     sortiert.reserve(liste.size());
-    for (const std::uint32_t i : SortierFolge(std::move(raenge))) {
+    for (const std::uint32_t i : folge) {
         sortiert.push_back(liste[i]);
     }
     liste = std::move(sortiert);

@@ -104,7 +104,9 @@ void Sortieren(std::vector<Text>& liste, std::vector<Text>& begleitliste);
 //
 // The procedure is Hoare's quicksort with the middle element, (left + right) / 2 rounded down, as pivot; both scans
 // stop at elements equal to the pivot, and elements at two different places are swapped, equal ones too: three entries
-// of one key come out in reverse. Without recursion, and with at most n log^2 n steps on any input.
-std::vector<std::uint32_t> SortierFolge(std::vector<std::uint32_t> raenge);
+// of one key come out in reverse. Without recursion, and with at most n log^2 n steps on any input. `zwischendurch` is
+// called between long steps, every few milliseconds: whoever waits for the order may do something else there.
+std::vector<std::uint32_t> SortierFolge(
+    std::vector<std::uint32_t> raenge, void (*zwischendurch)() = [] {});
 
 } // namespace zepholt

@@ -219,8 +219,10 @@ void Durchgang(const std::vector<Element>& elemente, const Spanne& spanne, Lauf&
 
 // Sorts a range with passes of the given kind. Where `zuTief` is given, the ranges that lie too deep go there unsorted.
 template <class Lauf>
-void SpanneSortieren(std::vector<Element>& elemente, Spanne ganze, Lauf& lauf, std::vector<Spanne>* zuTief) {
+void SpanneSortieren(std::vector<Element>& elemente, Spanne ganze, Lauf& lauf, std::vector<Spanne>* zuTief,
+                     void (*zwischendurch)()) {
     constexpr Stelle Klein = 128; // below this the plain passes cost less than an index, however they fall
+    constexpr Stelle Lang = 10'000;
     std::vector<Spanne> offen{ganze};
     while (!offen.empty()) {
         const Spanne spanne = offen.back();
@@ -235,6 +237,9 @@ void SpanneSortieren(std::vector<Element>& elemente, Spanne ganze, Lauf& lauf, s
         Stelle i = 0;
         Stelle j = 0;
         Durchgang(elemente, spanne, lauf, i, j);
+        if (spanne.Laenge() > Lang) {
+            zwischendurch();
+        }
         const int tiefe = std::max(spanne.Tiefe - 1, 0);
         Spanne kleine{spanne.Links, j, tiefe};
         Spanne grosse{i, spanne.Rechts, tiefe};
@@ -272,7 +277,7 @@ void Umstellen(std::vector<Text>& liste, const std::vector<std::uint32_t>& folge
 
 } // namespace
 
-std::vector<std::uint32_t> SortierFolge(std::vector<std::uint32_t> raenge) {
+std::vector<std::uint32_t> SortierFolge(std::vector<std::uint32_t> raenge, void (*zwischendurch)()) {
     std::vector<Element> elemente(raenge.size());
     for (std::size_t k = 0; k < raenge.size(); ++k) {
         elemente[k] = {raenge[k], static_cast<std::uint32_t>(k)};
@@ -281,10 +286,10 @@ std::vector<std::uint32_t> SortierFolge(std::vector<std::uint32_t> raenge) {
     std::vector<Spanne> zuTief;
     EinfacherLauf einfach{elemente};
     const int tiefe = 2 * static_cast<int>(std::bit_width(raenge.size()));
-    SpanneSortieren(elemente, {0, std::ssize(elemente) - 1, tiefe}, einfach, &zuTief);
+    SpanneSortieren(elemente, {0, std::ssize(elemente) - 1, tiefe}, einfach, &zuTief, zwischendurch);
     for (const Spanne& spanne : zuTief) {
         SpringenderLauf springend(elemente, spanne.Links, spanne.Rechts);
-        SpanneSortieren(elemente, spanne, springend, nullptr);
+        SpanneSortieren(elemente, spanne, springend, nullptr, zwischendurch);
     }
 
     for (std::size_t k = 0; k < raenge.size(); ++k) {
@@ -297,7 +302,7 @@ void Sortieren(std::vector<Text>& liste, std::vector<Text>& begleitliste) {
     if (liste.size() != begleitliste.size()) {
         return;
     }
-    const std::vector<std::uint32_t> folge = SortierFolge(Raenge(liste));
+    const std::vector<std::uint32_t> folge = SortierFolge(Raenge(liste), [] {});
     Umstellen(liste, folge);
     Umstellen(begleitliste, folge);
 }

@@ -218,6 +218,22 @@ TEST(SortierFolge, BleibtSchnellBeiJederForm) {
     }
 }
 
+// The rest of a run waits for a long list only.
+TEST(SortierFolge, LaesstAnderesZwischenLangenSchrittenZu) {
+    static int anzahl;
+    const auto zaehlen = [] { ++anzahl; };
+    std::mt19937 zufall(12);
+    const Raenge kurz = Zufaellig(1000, 1000, zufall);
+    anzahl = 0;
+    EXPECT_EQ(SortierFolge(kurz, zaehlen), SortierFolge(kurz));
+    EXPECT_EQ(anzahl, 0);
+    for (const Raenge& lang : {Zufaellig(300000, 300000, zufall), MitteGroesste(300000)}) {
+        anzahl = 0;
+        EXPECT_EQ(SortierFolge(lang, zaehlen), SortierFolge(lang));
+        EXPECT_GE(anzahl, 10);
+    }
+}
+
 TEST(Sortieren, NachSechzehnBitEinheiten) {
     // U+1F600 is two units from U+D83D on and so stands in front of U+FF21; upper case in front of lower case.
     std::vector<Text> liste{u"b", u"\uFF21", u"a", u"\U0001F600", u"B", u"", u"aa", u"\u00E4"};

@@ -102,7 +102,6 @@ bool AnzeigeVorhanden() {
 }
 
 bool VerbindungGestoert(xcb_connection_t* verbindung) {
-
     return verbindung != nullptr && xcb_connection_has_error(verbindung) != 0;
 }
 
