@@ -15,11 +15,14 @@ FILE ends in .01S or .E1S, which decides the interface. N is the size in the uni
     laufnummern       N running numbers (at most 999999)
     gliederung        N structure codes, each referred to once
     einschraenkungen  one condition with N restrictions
+    katalog           N chapters with a few positions each; FILE.katalog becomes a folder with their chapter files, each
+                      of 1.2 MB
 
 With --falsch every record of the shape is wrong in some way that its test reports.
 """
 import argparse
 import itertools
+import pathlib
 import string
 
 
@@ -57,6 +60,7 @@ class Datei:
     def __init__(self, pfad, falsch):
         self.neu = pfad.endswith(".E1S")
         self.falsch = falsch
+        self.pfad = pfad
         self.zeilen = []
 
     def __call__(self, art, *felder):
@@ -81,13 +85,13 @@ class Datei:
         self("G6", (2, kapitel), (8, position), (44, "x" if self.falsch else art), (45, "+"), (46, "0000000012500"),
              *felder)
 
-    def schreiben(self, pfad):
+    def schreiben(self):
         a = satz("A", [(2, "211126"), (8, "QVMX1721" if self.neu else "451-9211"), (30, "Bauherr"), (42, "1"), (44, "A"),
                        (45, "A"), (63, "000000000001"), (82, "P-1"), (93, "Schulhaus"), (123, "D-1"),
                        (138, "Baumeister"), (168, "Muster AG"), (188, "Bern"), (208, "Ausmass")])
         z = satz("Z", [(2, "211126"), (18, "Ersteller"), (46, f"{len(self.zeilen) + 2:013}"), (62, "-"),
                        (63, "000000000001"), (138, "Baumeister"), (168, "Muster AG"), (188, "Bern")])
-        with open(pfad, "w", encoding="utf-8" if self.neu else "cp850", newline="") as ziel:
+        with open(self.pfad, "w", encoding="utf-8" if self.neu else "cp850", newline="") as ziel:
             ziel.writelines(zeile + "\r\n" for zeile in itertools.chain([a], self.zeilen, [z]))
 
 
@@ -252,9 +256,22 @@ def einschraenkungen(d, n):
         d("C5", (2, "001"), (82, code(i + n if d.falsch else i, 5)))
 
 
+def katalog(d, n):
+    ordner = pathlib.Path(d.pfad + ".katalog")
+    ordner.mkdir()
+    unter = "".join(f'<U N="{u}"><V N="0" E="0"/><V N="1" E="31"/></U>' for u in range(1, 75))
+    haupt = "".join(f'<H N="{h}">{unter}</H>' for h in range(100, 400))
+    for nummer in KAPITEL[:n]:
+        rumpf = f'<Kapitel N="{nummer}" S="1" V="2017" A="1" T="Kapitel" Z="">{haupt}<Texte></Texte></Kapitel>'
+        (ordner / f"N171{nummer}.qvm").write_text(f"CF1120171{nummer}{len(rumpf) + 31:09}{len(rumpf) + 44:09} {rumpf}")
+        d.kapitel(nummer)
+        for p in positionsnummern(9):
+            d.position(str(nummer), p)
+
+
 def main():
     formen = {f.__name__: f for f in (dokument, zeichen, undefiniert, leer, kapitel, positionen, mengen, laufnummern,
-                                      gliederung, einschraenkungen)}
+                                      gliederung, einschraenkungen, katalog)}
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     eingabe.add_argument("form", choices=formen)
     eingabe.add_argument("datei")
@@ -263,7 +280,7 @@ def main():
     wahl = eingabe.parse_args()
     d = Datei(wahl.datei, wahl.falsch)
     formen[wahl.form](d, wahl.n)
-    d.schreiben(wahl.datei)
+    d.schreiben()
 
 
 main()

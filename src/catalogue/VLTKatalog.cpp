@@ -72,9 +72,12 @@ bool LeseAbkuerzungen(ByteSicht roh, std::size_t& stelle, Abkuerzungen& tabelle)
 }
 
 std::size_t EntpackteLaenge(ByteSicht rumpf, const Abkuerzungen& tabelle) {
+    std::array<std::size_t, 256> laengen;
+    laengen.fill(1);
+    std::ranges::transform(tabelle, laengen.begin(), [](ByteSicht text) { return text.size(); });
     std::size_t laenge = 0;
     for (const unsigned char zeichen : rumpf) {
-        laenge += zeichen < TabellenEnde ? tabelle[zeichen].size() : 1;
+        laenge += laengen[zeichen];
     }
     return laenge;
 }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstring>
 
 namespace zepholt {
 
@@ -9,17 +11,19 @@ namespace {
 
 constexpr std::size_t Keine = TextSicht::npos;
 
-// The first place of a character at or behind `ab`, eight units at a time: a chapter is walked many times over.
+// The first place of a character at or behind `ab`, four units at a time: a chapter is walked many times over. Taking 1
+// from each unit of a word borrows into its top bit where the unit was 0; the lowest such bit is sure.
 std::size_t Finde(TextSicht text, char16_t zeichen, std::size_t ab) {
-    constexpr std::size_t block = 8;
+    constexpr std::uint64_t eins = 0x0001'0001'0001'0001;
+    constexpr std::size_t block = sizeof(eins) / sizeof(char16_t);
+    static_assert(std::endian::native == std::endian::little);
     for (; ab + block <= text.size(); ab += block) {
-        const char16_t* stelle = text.data() + ab;
-        unsigned treffer = 0;
-        for (std::size_t i = 0; i < block; ++i) {
-            treffer |= stelle[i] == zeichen ? 1U : 0U;
-        }
+        std::uint64_t wort = 0;
+        std::memcpy(&wort, text.data() + ab, sizeof(wort));
+        wort ^= eins * zeichen;
+        const std::uint64_t treffer = (wort - eins) & ~wort & (eins << 15U);
         if (treffer != 0) {
-            break;
+            return ab + static_cast<std::size_t>(std::countr_zero(treffer)) / 16;
         }
     }
     for (; ab < text.size(); ++ab) {
@@ -228,21 +232,24 @@ TextSicht tqXML::getName(TextSicht element) {
 }
 
 TextSicht tqXML::getAttribut(TextSicht name, TextSicht element) {
-    const std::size_t ende = Finde(element, u'>', 0);
-    if (ende == Keine) {
-        return {};
-    }
     // An occurrence counts when it begins before the first '>', wherever it ends.
-    const TextSicht bereich = element.substr(0, ende + 1 + name.size());
-    std::size_t stelle = bereich.find(name);
-    while (stelle != Keine && bereich.substr(stelle + name.size(), 1) != u"=") {
-        stelle = bereich.find(name, stelle + 1);
+    std::size_t stelle = 0;
+    for (std::size_t gleich = name.size();; ++stelle, ++gleich) {
+        if (gleich >= element.size()) {
+            return {};
+        }
+        if (element[gleich] == u'=' && element.substr(stelle, name.size()) == name) {
+            break;
+        }
+        if (element[stelle] == u'>') {
+            return {};
+        }
     }
-    if (stelle == Keine || stelle > ende) {
+    if (Finde(element, u'>', stelle) == Keine) {
         return {};
     }
-    const std::size_t q1 = element.find(u'"', stelle + name.size() + 1);
-    const std::size_t q2 = q1 == Keine ? Keine : element.find(u'"', q1 + 1);
+    const std::size_t q1 = Finde(element, u'"', stelle + name.size() + 1);
+    const std::size_t q2 = q1 == Keine ? Keine : Finde(element, u'"', q1 + 1);
     return q2 == Keine ? TextSicht() : Zwischen(element, q1 + 1, q2);
 }
 

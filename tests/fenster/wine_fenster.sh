@@ -7,6 +7,7 @@
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 programm=$(realpath "${1:-build/windows/zepholt.exe}")
+leser=$(dirname "$programm")/fenstertexte.exe
 praefix=${WINEPREFIX:-$PWD/build/windows/wp}
 . tests/fenster/anzeige.sh
 wine_bereiten "$praefix"
@@ -16,11 +17,12 @@ bench/erzeugen.py dokument "$ordner/gross.01S" "${ZEPHOLT_MEGABYTE:-60}" --falsc
 wpfad() { echo "Z:${1//\//\\}"; }
 parameter=("file=$(wpfad "$ordner/gross.01S")" "errorfile=$(wpfad "$ordner/aus/p.xml")" "catalog=$(wpfad "$ordner/k")")
 
-starte() { # dialog
+starte() { # parameters in addition
     rm -f "$ordner/aus/p.xml"
-    "$wine" "$programm" "dialog=$1" "${parameter[@]}" </dev/null >"$ordner/out" 2>&1 &
+    "$wine" "$programm" "${parameter[@]}" "$@" </dev/null >"$ordner/out" 2>&1 &
     lauf=$!
 }
+texte() { "$wine" "$leser" </dev/null 2>/dev/null | tr -d '\r'; }
 titel='QVM-Test: SIA451'
 haupt() { fenster "$titel"; }
 info() { [ "$(zahl "$titel")" -eq 2 ]; }
@@ -28,17 +30,21 @@ frage() { fenster '^ZEPHOLT$'; }
 nichts_da() { [ -z "$(ls -A "$ordner/aus")" ]; }
 gleich() { [ "$(ohne_zeit "$ordner/aus/p.xml" | sha256sum)" = "$protokoll" ]; }
 
-beginn=$(date +%s%N)
-starte de-
-wait "$lauf"
-dauer=$((($(date +%s%N) - beginn) / 1000000))
-pruefe "a silent run writes its protocol" test -s "$ordner/aus/p.xml"
-protokoll=$(ohne_zeit "$ordner/aus/p.xml" | sha256sum)
+still() { # parameters in addition: runs silently, for $protokoll and the time it takes
+    local beginn
+    beginn=$(date +%s%N)
+    starte dialog=de- "$@"
+    wait "$lauf"
+    dauer=$((($(date +%s%N) - beginn) / 1000000))
+    pruefe "a silent run writes its protocol" test -s "$ordner/aus/p.xml"
+    protokoll=$(ohne_zeit "$ordner/aus/p.xml" | sha256sum)
+}
 
 # Each way to the question, answered with No: the run goes on as if nothing had happened. While a window is open the run
 # stands still, so that the next step finds it where it was.
+still
 beginne() {
-    starte de
+    starte dialog=de
     pruefe "the window opens for: $1" warte haupt
     w=$(haupt)
     klick "$w" 300 90 # no control stands here: the window has the keys
@@ -70,35 +76,70 @@ beginne "close box"
 xdotool key alt+F4
 nein_und_zu_ende "the close box asks"
 
-# Yes at growing distances from the start, spread over a run: in reading, testing, comparing, writing.
-for achtel in 0 1 2 3 4 5 6 7; do
-    sekunden=$(printf '%d.%03d' $((dauer * achtel / 8000)) $((dauer * achtel / 8 % 1000)))
-    starte fr
-    warte haupt
-    sleep "$sekunden"
-    if w=$(haupt) && klick "$w" 470 52 && warte frage; then
-        taste Left Return
-        wait "$lauf"
-        pruefe "no file is left after Yes at $sekunden s" nichts_da
-    else
-        wait "$lauf"
-        pruefe "the run was over before $sekunden s: its protocol stands" test -s "$ordner/aus/p.xml"
-    fi
+# No and Yes at growing distances from the start, spread over a run. While the question stands, so does the run: the
+# window tells its phase.
+declare -A phasen
+momente() { # parameters in addition
+    still "$@"
+    for antwort in Return "Left Return"; do
+        for achtel in 0 1 2 3 4 5 6 7; do
+            sekunden=$(printf '%d.%03d' $((dauer * achtel / 8000)) $((dauer * achtel / 8 % 1000)))
+            starte dialog=de "$@"
+            warte haupt
+            sleep "$sekunden"
+            gefragt=nein
+            if w=$(haupt) && klick "$w" 470 52 && warte frage; then
+                gefragt=ja
+                phase=$(texte | grep -oE '^  (Liest Austauschdatei ein|Testet Dokument|Testet VLT-Kapitel|Schreibt Fehlerprotokoll)')
+                phasen[$phase $antwort]=1
+                # shellcheck disable=SC2086
+                taste $antwort
+            fi
+            wait "$lauf"
+            if [ "$gefragt" = ja ] && [ "$antwort" = "Left Return" ]; then
+                pruefe "no file is left after Yes at $sekunden s" nichts_da
+            else
+                pruefe "the protocol is the same, with a question or without, at $sekunden s" gleich
+            fi
+        done
+    done
+}
+momente
+bench/erzeugen.py katalog "$ordner/kapitel.01S" 250
+momente "file=$(wpfad "$ordner/kapitel.01S")" "catalog=$(wpfad "$ordner/kapitel.01S.katalog")"
+for phase in "Liest Austauschdatei ein" "Testet Dokument" "Testet VLT-Kapitel" "Schreibt Fehlerprotokoll"; do
+    pruefe "No in the phase: $phase" test -n "${phasen[  $phase Return]:-}"
+    pruefe "Yes in the phase: $phase" test -n "${phasen[  $phase Left Return]:-}"
 done
 
-# The parameter box: for each code a window with the program's title, whose OK ends the run without a protocol.
-for falsch in "" "datei=x" "file=fehlt.01S dialog=de" "file=${parameter[0]#*=} dialog=en" \
-    "file=${parameter[0]#*=} dialog=fr" "file=${parameter[0]#*=} dialog=it ${parameter[1]}" \
-    "file=${parameter[0]#*=} dialog=de ${parameter[1]} ${parameter[2]} mode=X"; do
+# The parameter box: its exact text, and OK, which ends the run without a protocol.
+parameterbox() { # the six lines of the values and the error, each ended by " | "; the command line
     rm -f "$ordner/aus/p.xml"
-    # shellcheck disable=SC2086
-    "$wine" "$programm" $falsch </dev/null >"$ordner/out" 2>&1 &
+    "$wine" "$programm" "${@:2}" </dev/null >"$ordner/out" 2>&1 &
     lauf=$!
-    pruefe "a box for: $falsch" warte frage
+    pruefe "a box for: ${*:2}" warte frage
+    texte >"$ordner/box"
+    pruefe "its title, its only button and its text for: ${*:2}" \
+        cmp <(printf 'ZEPHOLT\n  OK\n  \n  %s\n' "$1") <(grep -A 3 -x 'ZEPHOLT' "$ordner/box")
     taste Return
     wait "$lauf"
-    pruefe "no protocol for: $falsch" nichts_da
-done
+    pruefe "no protocol for: ${*:2}" nichts_da
+}
+werte() { # file, dialog, errorfile, catalog
+    printf 'file="%s" | dialog="%s" | errorfile="%s" | catalog="%s" | ' "$@"
+}
+f=${parameter[0]#*=} e=${parameter[1]#*=} k=${parameter[2]#*=}
+parameterbox "$(werte "" "" "" "") | Allgemeines Problem bei den Aufrufparametern | \
+Problème général concernant les paramètres d’appel | Problema generale nei parametri di chiamata"
+parameterbox "$(werte "" "" "" "") | Unerkannter Parameter | Paramètre non reconnu | Parametro non riconosciuto" datei=x
+parameterbox "$(werte fehlt.01S de "" "") | Austauschdatei (SIA451-Datei) nicht gefunden" file=fehlt.01S dialog=de
+parameterbox "$(werte "$f" en "" "") | Unerkannte Dialogsprache (de/fr/it) | \
+Langue de dialogue non reconnue (de/fr/it) | Lingua di dialogo non riconosciuta (de/fr/it)" "file=$f" dialog=en
+parameterbox "$(werte "$f" fr "" "") | Fichier d’erreurs non valable ou déjà existant" "file=$f" dialog=fr
+parameterbox "$(werte "$f" it "$e" "") | Cartella contenente i files del Catalogo DXM non valida" \
+    "file=$f" dialog=it "errorfile=$e"
+parameterbox "$(werte "$f" de "$e" "$k")mode=\"X\" |  | Ungültiger Modus (E/I)" \
+    "file=$f" dialog=de "errorfile=$e" "catalog=$k" mode=X
 
 echo "$gut passed, $schlecht failed"
 [ "$schlecht" -eq 0 ]

@@ -21,10 +21,11 @@ using namespace hilfen;
 
 constexpr std::int32_t kPositionen = 999; // of each chapter
 
-// A document of three chapters, each with many positions that no catalogue has.
-std::string Dokument() {
+// A document of chapters from 111 on, each with many positions that no catalogue has.
+std::string Dokument(std::int32_t kapitelAnzahl) {
     std::vector<Text> saetze;
-    for (const TextSicht kapitel : {u"111", u"112", u"113"}) {
+    for (std::int32_t nummer = 111; nummer < 111 + kapitelAnzahl; ++nummer) {
+        const Text kapitel = ZahlText(nummer);
         saetze.push_back(Zeile(u"G1", {{2, kapitel}, {6, u"17"}, {93, u"Kapitel"}}));
         for (std::int32_t i = 1; i <= kPositionen; ++i) {
             const Text position = ZahlText(100000 + i);
@@ -46,7 +47,7 @@ class LaufMitFensterTest : public testing::Test {
 protected:
     void SetUp() override {
         NeuerLauf();
-        m_ordner.Schreibe("a.01S", Dokument());
+        m_ordner.Schreibe("a.01S", Dokument(3));
         std::filesystem::create_directory(m_ordner.Pfad() / "k");
         std::filesystem::create_directory(m_ordner.Pfad() / "aus");
     }
@@ -195,10 +196,16 @@ TEST_F(LaufMitFensterTest, ProtocolIsTheSameSilentWithWindowAndAfterNo) {
     }
 }
 
-// Twenty moments, or as many as ZEPHOLT_MOMENTE asks for, spread over a run and a little more.
+int AusUmgebung(const char* name, int sonst) {
+    const char* verlangt = std::getenv(name);
+    return verlangt == nullptr ? sonst : std::atoi(verlangt);
+}
+
+// Moments spread over a run and a little more. ZEPHOLT_MOMENTE and ZEPHOLT_KAPITEL ask for more of them in a longer
+// run.
 TEST_F(LaufMitFensterTest, YesAtARandomMomentLeavesNoFile) {
-    const char* verlangt = std::getenv("ZEPHOLT_MOMENTE");
-    const int momente = verlangt == nullptr ? 20 : std::atoi(verlangt);
+    const int momente = AusUmgebung("ZEPHOLT_MOMENTE", 20);
+    m_ordner.Schreibe("a.01S", Dokument(AusUmgebung("ZEPHOLT_KAPITEL", 3)));
     QElapsedTimer uhr;
     uhr.start();
     Laufe(u"de");
