@@ -42,16 +42,44 @@ std::int32_t NurZiffern(TextSicht text) {
     return wert;
 }
 
-// The leading number of an attribute, 0 when it is missing.
-template <class Ganz>
-Ganz Zahl(TextSicht name, TextSicht element) {
-    const TextSicht text = tqXML::getAttribut(name, element);
-    if (text.empty()) {
-        return 0;
+// The attributes of one element whose names are a single capital letter, in one walk over its start tag. Each value is
+// the one that tqXML::getAttribut finds.
+class Merkmale {
+public:
+    explicit Merkmale(TextSicht element) : m_element(element) {
+        for (std::size_t i = 1; i < element.size() && element[i] != u'>'; ++i) {
+            const char16_t name = element[i - 1];
+            if (element[i] == u'=' && name >= u'A' && name <= u'Z' && Gleich(name) == 0) {
+                Gleich(name) = static_cast<std::uint32_t>(i);
+            }
+        }
     }
-    const std::int32_t wert = NurZiffern(text);
-    return InBreite<Ganz>(wert >= 0 ? wert : GanzzahlAmAnfang(text));
-}
+
+    TextSicht Wert(char16_t name) {
+        const std::size_t gleich = Gleich(name);
+        const std::size_t q1 = gleich == 0 ? TextSicht::npos : m_element.find(u'"', gleich + 1);
+        const std::size_t q2 = q1 == TextSicht::npos ? q1 : m_element.find(u'"', q1 + 1);
+        return q2 == TextSicht::npos ? TextSicht() : m_element.substr(q1 + 1, q2 - q1 - 1);
+    }
+
+    // The leading number of a value, 0 when it is missing.
+    template <class Ganz>
+    Ganz Zahl(char16_t name) {
+        const TextSicht text = Wert(name);
+        if (text.empty()) {
+            return 0;
+        }
+        const std::int32_t wert = NurZiffern(text);
+        return InBreite<Ganz>(wert >= 0 ? wert : GanzzahlAmAnfang(text));
+    }
+
+private:
+    // Where the equals sign behind a name stands; 0 where there is none, for no name begins there.
+    std::uint32_t& Gleich(char16_t name) { return m_gleich[static_cast<std::size_t>(name - u'A')]; }
+
+    TextSicht m_element;
+    std::array<std::uint32_t, 26> m_gleich = {};
+};
 
 std::int16_t StrengeZahlVon(TextSicht name, TextSicht element) {
     const std::optional<std::int32_t> wert = StrengeGanzzahl(tqXML::getAttribut(name, element));
@@ -72,22 +100,24 @@ std::vector<TextSicht> Suche(tqXML& xml, TextSicht name, TextSicht element) {
 }
 
 void LiesV(TextSicht text) {
+    Merkmale merkmale(text);
     VEintrag v;
-    v.N = Zahl<std::int16_t>(u"N", text);
-    const TextSicht gruppe = tqXML::getAttribut(u"A", text);
+    v.N = merkmale.Zahl<std::int16_t>(u'N');
+    const TextSicht gruppe = merkmale.Wert(u'A');
     v.AAb = static_cast<std::uint32_t>(kapitelDaten.Alternativgruppen.size());
     v.AZahl = static_cast<std::uint32_t>(gruppe.size());
     kapitelDaten.Alternativgruppen += gruppe;
-    v.E = Zahl<std::int16_t>(u"E", text);
+    v.E = merkmale.Zahl<std::int16_t>(u'E');
     kapitelDaten.KapitelVListe.push_back(v);
 }
 
 void LiesU(tqXML& xml, TextSicht text) {
+    Merkmale merkmale(text);
     UEintrag u;
-    u.N = Zahl<std::int16_t>(u"N", text);
-    u.W = Zahl<std::int32_t>(u"W", text);
-    u.X = Zahl<std::uint8_t>(u"X", text);
-    u.Y = Zahl<std::uint8_t>(u"Y", text);
+    u.N = merkmale.Zahl<std::int16_t>(u'N');
+    u.W = merkmale.Zahl<std::int32_t>(u'W');
+    u.X = merkmale.Zahl<std::uint8_t>(u'X');
+    u.Y = merkmale.Zahl<std::uint8_t>(u'Y');
     u.VAb = static_cast<std::uint32_t>(kapitelDaten.KapitelVListe.size());
     const std::vector<TextSicht> treffer = Suche(xml, u"V", text);
     u.VAnzahl = static_cast<std::int16_t>(treffer.size());
@@ -96,9 +126,10 @@ void LiesU(tqXML& xml, TextSicht text) {
 }
 
 void LiesH(tqXML& xml, TextSicht text) {
+    Merkmale merkmale(text);
     HEintrag h;
-    h.N = Zahl<std::int16_t>(u"N", text);
-    h.X = Zahl<std::uint8_t>(u"X", text);
+    h.N = merkmale.Zahl<std::int16_t>(u'N');
+    h.X = merkmale.Zahl<std::uint8_t>(u'X');
     h.UAb = static_cast<std::uint32_t>(kapitelDaten.KapitelUListe.size());
     const std::vector<TextSicht> treffer = Suche(xml, u"U", text);
     h.UAnzahl = static_cast<std::int16_t>(treffer.size());

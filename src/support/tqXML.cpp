@@ -170,7 +170,8 @@ std::vector<TextSicht> tqXML::SucheElemente(TextSicht name, TextSicht element, s
 // Reads on by one tag: the closing one of the innermost open element if it stands right here, else the next that
 // begins. False when the text ends or isn't understood; no element that is open then can come to its end.
 bool tqXML::LeseElement(Suchlauf& lauf) {
-    const bool schluss = !m_offen.empty() && lauf.Suchtext.substr(lauf.Stelle, 2) == u"</";
+    const TextSicht hier = lauf.Suchtext.substr(lauf.Stelle, 2);
+    const bool schluss = !m_offen.empty() && hier.size() == 2 && hier[0] == u'<' && hier[1] == u'/';
     return schluss ? LeseSchluss(lauf) : LeseAnfang(lauf);
 }
 
@@ -219,16 +220,18 @@ void tqXML::MerkeElement(TextSicht element) {
 }
 
 TextSicht tqXML::getName(TextSicht element) {
-    const std::size_t auf = element.find(u'<');
+    const std::size_t auf = Finde(element, u'<', 0);
     if (auf == Keine) {
         return {};
     }
-    const std::size_t zu = element.find(u'>', auf + 1);
-    const std::size_t leer = element.find(u' ', auf + 1);
-    if (zu == Keine || leer == Keine) {
+    const std::size_t ende = element.find_first_of(u" >", auf + 1);
+    if (ende == Keine) {
         return {};
     }
-    return Zwischen(element, auf + 1, std::min(leer, zu));
+    // Both characters must stand somewhere behind the '<', the other one be it far behind the name.
+    const char16_t anderes = element[ende] == u' ' ? u'>' : u' ';
+    const bool beide = element.back() == anderes || Finde(element, anderes, ende + 1) != Keine;
+    return beide ? Zwischen(element, auf + 1, ende) : TextSicht();
 }
 
 TextSicht tqXML::getAttribut(TextSicht name, TextSicht element) {
