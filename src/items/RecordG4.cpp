@@ -49,7 +49,7 @@ bool SternGesetzt(TextSicht spezifikation) {
     return spezifikation == u"*";
 }
 
-// A reference to one structure, and behind it the fault of a furnishing specification that does not go with it.
+// A reference to one structure, and behind it the fault of a furnishing detail that does not go with it.
 void PruefeBezug(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t nichtDefiniert, bool spezifikationFalsch,
                  std::int32_t codeSpezifikation) {
     if (code.empty()) {

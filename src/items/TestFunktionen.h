@@ -20,7 +20,7 @@ bool KostenkontoGefunden(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht 
                          TextSicht variante);
 
 // True when positions of the chapter may carry furnishing types: every chapter may. A chapter that may not would bind
-// the furnishing specification (G4:24c) to the furnishing type: 4412, 4422, 4432, 4442, 4452, 4492, 4496.
+// the furnishing detail (G4:24c) to the furnishing type: 4412, 4422, 4432, 4442, 4452, 4492, 4496.
 bool EinrichtungErlaubt(std::int32_t kapitel);
 
 } // namespace zepholt

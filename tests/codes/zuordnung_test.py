@@ -31,7 +31,7 @@ fall("the outdated order is told before the record ends", "E1S", [g1(), g2(), g4
 fall("the outdated order is told before the chapter is looked for", "E1S", [g4(felder={136: "05"})],
      [bei(3208, 1), bei(4401, 1)], kapitel=())
 
-# Specification. The fittings are allowed in each chapter: 4412, 4422, 4432, 4442, 4452, 4492, 4496 are never reported.
+# The furnishing detail. The fittings are allowed in each chapter: 4412, 4422, 4432, 4442, 4452, 4492, 4496 are never reported.
 for zeichen in ("x", "+", "1"):
     zuordnung(f"4461 {zeichen}", BEIDE, {135: zeichen}, [4461])
 for zeichen in ("*", " "):
@@ -39,15 +39,15 @@ for zeichen in ("*", " "):
 GUT = {18: "H1", 24: "P1", 30: "G1", 33: "V1", 82: "12", 87: "E1", 129: "T1"}
 ALLE = {**GUT, 168: "N1", 188: "R1"}
 for stern in ("*", " "):
-    zuordnung(f"all references, specification {stern}", BEIDE, {**GUT, 135: stern}, [])
-    zuordnung(f"all references, specification {stern}", "E1S", {**ALLE, 135: stern}, [], STRUKTUR_E1S)
-    zuordnung(f"all references, specification {stern}", "01S", {**ALLE, 135: stern}, [], STRUKTUR_E1S, UNDEFINIERT)
+    zuordnung(f"all references, detail {stern}", BEIDE, {**GUT, 135: stern}, [])
+    zuordnung(f"all references, detail {stern}", "E1S", {**ALLE, 135: stern}, [], STRUKTUR_E1S)
+    zuordnung(f"all references, detail {stern}", "01S", {**ALLE, 135: stern}, [], STRUKTUR_E1S, UNDEFINIERT)
     for spalte, text in GUT.items():
         if spalte not in (24, 33):
-            zuordnung(f"{spalte} alone, specification {stern}", BEIDE, {spalte: text, 135: stern}, [])
+            zuordnung(f"{spalte} alone, detail {stern}", BEIDE, {spalte: text, 135: stern}, [])
     for spalte in (168, 188):
-        zuordnung(f"{spalte} alone, specification {stern}", "E1S", {spalte: ALLE[spalte], 135: stern}, [], STRUKTUR_E1S)
-zuordnung("the specification is told beside a wrong fitting", BEIDE, {129: "X", 135: "x"}, [4461, 4451])
+        zuordnung(f"{spalte} alone, detail {stern}", "E1S", {spalte: ALLE[spalte], 135: stern}, [], STRUKTUR_E1S)
+zuordnung("the detail is told beside a wrong fitting", BEIDE, {129: "X", 135: "x"}, [4461, 4451])
 
 # Each reference: its code is not there, its structure is not there, and what a joker does.
 for spalte, feld, code, gut, falsch, struktur in (
@@ -144,7 +144,7 @@ fall("order no number counts as none", "01S",
 # The joker is gone from the new interface: once for the record.
 zuordnung("4481 once", "E1S", {18: "H*", 82: "*"}, [4481])
 zuordnung("no 4481", "01S", {18: "H*", 82: "*"}, [])
-zuordnung("no 4481 for the specification", "E1S", {18: "H1", 135: "*"}, [])
+zuordnung("no 4481 for the detail", "E1S", {18: "H1", 135: "*"}, [])
 zuordnung("joker in all nine", "E1S",
           {18: "H*", 24: "P*", 30: "G*", 33: "V*", 82: "1*", 87: "E*", 129: "T*", 168: "N*", 188: "R*"},
           [4414, 4444, 4491, 4495, 4481], STRUKTUR_E1S)

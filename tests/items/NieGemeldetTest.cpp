@@ -17,7 +17,7 @@ struct NieFall {
     Text Satz;
 };
 
-constexpr const char* Ueberall = "every chapter may have furnishing, so that the specification goes with anything";
+constexpr const char* Ueberall = "every chapter may have furnishing, so that the detail goes with anything";
 
 const std::vector<NieFall>& NieFaelle() {
     const Text g3 = Zeile(u"G3", {{2, u"111"}, {8, u"111001"}, {14, u"05"}, {16, u"01"}});

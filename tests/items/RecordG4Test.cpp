@@ -34,7 +34,7 @@ TEST_F(PruefeG4Test, ReportsFaults) {
                       {Beide, {{2, u"112"}, {8, u"112000"}}, {{4401}}},
                       {Beide, {{8, u"111001"}}, {{4403}}},
                       {Beide, {{8, u"111001"}, {18, u"X"}}, {{4403}}}, // stops
-                      // The specification is a star or nothing.
+                      // The detail is a star or nothing.
                       {Beide, {{135, u"*"}}, {}},
                       {Beide, {{135, u"x"}}, {{4461}}},
                       // Object structure.
@@ -92,7 +92,7 @@ TEST_F(PruefeG4Test, ReportsFaults) {
                       {Neu, {{168, u"WO*"}}, {{4491}, {4481}}},
                       {Neu, {{188, u"BAD*"}}, {{4495}, {4481}}},
                       {Neu, {{18, u"HA*"}, {82, u"12*"}}, {{4481}}}, // once for the record
-                      // The star of the specification is no reference.
+                      // The star of the detail is no reference.
                       {Neu, {{135, u"*"}, {18, u"HAUS1"}}, {}},
                       // The order, which the new interface no longer knows.
                       {Alt, {{136, u"01"}}, {}},
