@@ -63,13 +63,12 @@ QStringList PlattformOrdner() {
     return ordner;
 }
 
-// True when Qt's part for this display is there with all that it needs itself.
+// True when Qt's part for this display is there with all that it needs itself. It stays loaded: Qt takes it next.
 bool PlattformLadbar(const QByteArray& name) {
     const QString datei = QStringLiteral("/libq%1.so").arg(QString::fromLocal8Bit(name));
     for (const QString& ordner : PlattformOrdner()) {
         const QByteArray pfad = QFile::encodeName(ordner + datei);
-        if (void* teil = dlopen(pfad.constData(), RTLD_LAZY | RTLD_LOCAL)) {
-            dlclose(teil);
+        if (dlopen(pfad.constData(), RTLD_LAZY | RTLD_LOCAL) != nullptr) {
             return true;
         }
     }
