@@ -36,3 +36,6 @@ tools/ctest_lauf.sh build/clang -R '^(faelle|codes)/'
 
 echo "== The Windows program and its tests under Wine"
 tools/windows_pruefen.sh
+
+echo "== The windows of the Windows program, by clicks and keys"
+tests/fenster/wine_fenster.sh

@@ -1,12 +1,14 @@
 #!/usr/bin/env bash
 # The windows of the Windows program under Wine on a display without a screen, by real clicks and keys.
 #
-#     tests/fenster/wine_fenster.sh [PROGRAM]
+#     tests/fenster/wine_fenster.sh [WINDOWS-PROGRAM [LINUX-PROGRAM]]
 #
-# Needs xvfb, openbox, xdotool, wine64 and python3.
+# The Linux program runs once too, with its own window: the protocols must be alike. Needs xvfb, openbox, xdotool, wine64
+# and python3.
 set -uo pipefail
 cd "$(dirname "$0")/../.."
 programm=$(realpath "${1:-build/windows/zepholt.exe}")
+linux=$(realpath "${2:-build/release/zepholt}")
 leser=$(dirname "$programm")/fenstertexte.exe
 praefix=${WINEPREFIX:-$PWD/build/windows/wp}
 . tests/fenster/anzeige.sh
@@ -43,6 +45,12 @@ still() { # parameters in addition: runs silently, for $protokoll and the time i
 # Each way to the question, answered with No: the run goes on as if nothing had happened. While a window is open the run
 # stands still, so that the next step finds it where it was.
 still
+"$linux" dialog=de "file=$ordner/gross.01S" "errorfile=$ordner/aus/p.xml.linux" "catalog=$ordner/k" >"$ordner/out" 2>&1
+pruefe "the window on Linux was shown: it leaves no line" test ! -s "$ordner/out"
+pruefe "the protocol is the same on Linux with its window" cmp <(ohne_zeit "$ordner/aus/p.xml") \
+    <(ohne_zeit "$ordner/aus/p.xml.linux")
+rm "$ordner/aus/p.xml.linux"
+
 beginne() {
     starte dialog=de
     pruefe "the window opens for: $1" warte haupt
@@ -112,15 +120,15 @@ for phase in "Liest Austauschdatei ein" "Testet Dokument" "Testet VLT-Kapitel" "
     pruefe "Yes in the phase: $phase" test -n "${phasen[  $phase Left Return]:-}"
 done
 
-# The parameter box: its exact text, and OK, which ends the run without a protocol.
-parameterbox() { # the six lines of the values and the error, each ended by " | "; the command line
+# The parameter box: its title, icon, button and exact text; OK ends the run without a protocol.
+parameterbox() { # its lines, joined by " | "; the parameters
     rm -f "$ordner/aus/p.xml"
     "$wine" "$programm" "${@:2}" </dev/null >"$ordner/out" 2>&1 &
     lauf=$!
     pruefe "a box for: ${*:2}" warte frage
     texte >"$ordner/box"
-    pruefe "its title, its only button and its text for: ${*:2}" \
-        cmp <(printf 'ZEPHOLT\n  OK\n  \n  %s\n' "$1") <(grep -A 3 -x 'ZEPHOLT' "$ordner/box")
+    pruefe "title, button and text for: ${*:2}" \
+        cmp <(printf 'ZEPHOLT\n  \n  OK\n  %s\n' "$1") <(grep -A 3 -x 'ZEPHOLT' "$ordner/box")
     taste Return
     wait "$lauf"
     pruefe "no protocol for: ${*:2}" nichts_da
