@@ -7,6 +7,7 @@ import re
 import xml.etree.ElementTree as ET
 
 from rahmen import elemente, erwarte, fehler, lauf
+from sortierung import sortieren
 from texte_a import TEXTE
 
 OHNE_ZEILE = None
@@ -21,35 +22,6 @@ def element(befund):
     code, L, F, I = befund
     schwere, _, text = TEXTE[code]
     return fehler(code, schwere, text, L=L, I=I, F=F)
-
-
-def sortieren(liste, begleitliste):
-    """The protocol's quicksort, to the letter: it decides the order of findings with equal keys."""
-    def bereich(links, rechts):
-        if rechts <= links:
-            return
-        i, j = links, rechts
-        mitte = liste[(links + rechts) // 2]
-        while True:
-            while liste[i] < mitte:
-                i += 1
-            while mitte < liste[j]:
-                j -= 1
-            if i > j:
-                break
-            if i != j:
-                liste[i], liste[j] = liste[j], liste[i]
-                begleitliste[i], begleitliste[j] = begleitliste[j], begleitliste[i]
-            i += 1
-            j -= 1
-            if i > j:
-                break
-        if links < j:
-            bereich(links, j)
-        if i < rechts:
-            bereich(i, rechts)
-
-    bereich(0, len(liste) - 1)
 
 
 def geordnet(befunde):

@@ -8,6 +8,7 @@ the order of equal keys. So two findings of one code on one line stand where tha
 import re
 
 from rahmen import elemente, erwarte, fehler, lauf, satz
+from sortierung import sortieren
 from texte_b import TEXTE
 
 BEIDE = ("01S", "E1S")
@@ -73,32 +74,6 @@ def ohne(code, kapitel=0, position=0):
     return code, None, kapitel, position, None
 
 
-def sortieren(liste, begleitliste, links, rechts):
-    """The one sort of the program: equal elements are swapped too."""
-    if rechts <= links:
-        return
-    i, j = links, rechts
-    pivot = liste[(links + rechts) // 2]
-    while True:
-        while liste[i] < pivot:
-            i += 1
-        while pivot < liste[j]:
-            j -= 1
-        if i > j:
-            break
-        if i != j:
-            liste[i], liste[j] = liste[j], liste[i]
-            begleitliste[i], begleitliste[j] = begleitliste[j], begleitliste[i]
-        i += 1
-        j -= 1
-        if i > j:
-            break
-    if links < j:
-        sortieren(liste, begleitliste, links, j)
-    if i < rechts:
-        sortieren(liste, begleitliste, i, rechts)
-
-
 def zahl_am_anfang(text):
     ziffern = re.match(r" *(\d*)", text)[1]
     return int(ziffern) if ziffern else 0
@@ -149,7 +124,7 @@ def fall(name, arten, saetze, meldungen, davor=(), kapitel=(111,), kopf=None):
         soll = [*meldungen, *(ohne(6101, nummer) for nummer in kapitel)]
         paare = [element(meldung, alle, len(davor)) for meldung in soll]
         schluessel, ergebnis = [paar[0] for paar in paare], [paar[1] for paar in paare]
-        sortieren(schluessel, ergebnis, 0, len(ergebnis) - 1)
+        sortieren(schluessel, ergebnis)
         protokoll = lauf(art, alle, kopf=kopf)
         gezaehlt = re.findall(r"<(?:Errors|Warnings)>(\d+)</", protokoll)
         erwarte(f"{name} ({art})", elemente(protokoll) + gezaehlt, ergebnis + anzahlen(art, soll))
