@@ -31,7 +31,7 @@ done
 
 echo "== Whole runs with the program that clang builds"
 cmake --preset clang -Wno-dev >/dev/null
-cmake --build --preset clang --target zepholt
+cmake --build --preset clang --target zepholt zepholt_fenster_qt
 tools/ctest_lauf.sh build/clang -R '^(faelle|codes)/'
 
 echo "== The Windows program and its tests under Wine"
