@@ -84,40 +84,53 @@ beginne "close box"
 xdotool key alt+F4
 nein_und_zu_ende "the close box asks"
 
-# No and Yes at growing distances from the start, spread over a run. While the question stands, so does the run: the
-# window tells its phase.
-declare -A phasen
+# No and Yes at moments of a run. While the question stands, so does the run: the window tells its phase.
+nein=Return ja="Left Return"
+alle_phasen=("Liest Austauschdatei ein" "Testet Dokument" "Testet VLT-Kapitel" "Schreibt Fehlerprotokoll")
+declare -A gesehen
+frage_oder_ende() { frage || ! kill -0 "$lauf"; }
+moment() { # answer, milliseconds from when the window stands, parameters in addition
+    local antwort=$1 sekunden phase offen
+    sekunden=$(printf '%d.%03d' $(($2 / 1000)) $(($2 % 1000)))
+    starte dialog=de "${@:3}"
+    warte haupt
+    sleep "$sekunden"
+    w=$(haupt) && klick "$w" 470 52 && warte frage_oder_ende
+    if frage >/dev/null; then
+        offen=$(texte)
+        for phase in "${alle_phasen[@]}"; do
+            grep -q "^  $phase" <<<"$offen" && gesehen[$phase $antwort]=1
+        done
+        # shellcheck disable=SC2086
+        taste $antwort
+        wait "$lauf"
+        if [ "$antwort" = "$ja" ]; then
+            pruefe "no file is left after Yes at $sekunden s" nichts_da
+        else
+            pruefe "the protocol is the same after No at $sekunden s" gleich
+        fi
+    else
+        wait "$lauf"
+        pruefe "the run was over before $sekunden s: its protocol stands" gleich
+    fi
+}
 momente() { # parameters in addition
     still "$@"
-    for antwort in Return "Left Return"; do
-        for achtel in 0 1 2 3 4 5 6 7; do
-            sekunden=$(printf '%d.%03d' $((dauer * achtel / 8000)) $((dauer * achtel / 8 % 1000)))
-            starte dialog=de "$@"
-            warte haupt
-            sleep "$sekunden"
-            gefragt=nein
-            if w=$(haupt) && klick "$w" 470 52 && warte frage; then
-                gefragt=ja
-                phase=$(texte | grep -oE '^  (Liest Austauschdatei ein|Testet Dokument|Testet VLT-Kapitel|Schreibt Fehlerprotokoll)')
-                phasen[$phase $antwort]=1
-                # shellcheck disable=SC2086
-                taste $antwort
-            fi
-            wait "$lauf"
-            if [ "$gefragt" = ja ] && [ "$antwort" = "Left Return" ]; then
-                pruefe "no file is left after Yes at $sekunden s" nichts_da
-            else
-                pruefe "the protocol is the same, with a question or without, at $sekunden s" gleich
-            fi
-        done
+    for achtel in 0 1 2 3 4 5 6 7; do
+        moment "$nein" $((dauer * achtel / 8)) "$@"
+        moment "$ja" $((dauer * achtel / 8)) "$@"
     done
 }
-momente
 bench/erzeugen.py katalog "$ordner/kapitel.01S" 250
 momente "file=$(wpfad "$ordner/kapitel.01S")" "catalog=$(wpfad "$ordner/kapitel.01S.katalog")"
-for phase in "Liest Austauschdatei ein" "Testet Dokument" "Testet VLT-Kapitel" "Schreibt Fehlerprotokoll"; do
-    pruefe "No in the phase: $phase" test -n "${phasen[  $phase Return]:-}"
-    pruefe "Yes in the phase: $phase" test -n "${phasen[  $phase Left Return]:-}"
+momente
+for antwort in "$nein" "$ja"; do
+    for phase in "${alle_phasen[@]}"; do
+        for versuch in $(seq 24); do # a phase that was missed so far
+            [ -z "${gesehen[$phase $antwort]:-}" ] && moment "$antwort" $((dauer * versuch / 24))
+        done
+        pruefe "the question was answered by $antwort in the phase: $phase" test -n "${gesehen[$phase $antwort]:-}"
+    done
 done
 
 # The parameter box: its title, icon, button and exact text; OK ends the run without a protocol.
