@@ -15,8 +15,8 @@ FILE ends in .01S or .E1S, which decides the interface. N is the size in the uni
     laufnummern       N running numbers (at most 999999)
     gliederung        N structure codes, each referred to once
     einschraenkungen  one condition with N restrictions
-    katalog           N chapters with a few positions each; FILE.katalog becomes a folder with their chapter files, each
-                      of 1.2 MB
+    katalog           N chapters with a few positions each; FILE.katalog becomes a folder with their chapter files of
+                      about a megabyte
 
 With --falsch every record of the shape is wrong in some way that its test reports.
 """

@@ -302,7 +302,7 @@ void Sortieren(std::vector<Text>& liste, std::vector<Text>& begleitliste) {
     if (liste.size() != begleitliste.size()) {
         return;
     }
-    const std::vector<std::uint32_t> folge = SortierFolge(Raenge(liste), [] {});
+    const std::vector<std::uint32_t> folge = SortierFolge(Raenge(liste));
     Umstellen(liste, folge);
     Umstellen(begleitliste, folge);
 }
