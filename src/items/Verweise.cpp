@@ -51,6 +51,9 @@ std::int32_t Finde(const BezugIndex& index, const std::vector<MengeEintrag>& men
 }
 
 void Nachfuehren(BezugIndex& index, const std::vector<MengeEintrag>& mengen) {
+    if (index.Gelesen == 0) { // mostly all that there will be: the details of a position stand behind its quantities
+        index.Erste.reserve(mengen.size());
+    }
     for (; index.Gelesen < mengen.size(); ++index.Gelesen) {
         const std::array<TextSicht, 9> bezuege = Bezuege(mengen[index.Gelesen]);
         const std::size_t streuwert = Streuwert(bezuege);
