@@ -1,7 +1,7 @@
 #!/bin/sh
-# Draws the program's icon afresh: src/run/bild/zepholt.png and zepholt.ico. Needs ImageMagick.
+# Draws the program's icon afresh: src/window/bild/zepholt.png and zepholt.ico. Needs ImageMagick.
 set -eu
-ziel=$(dirname "$0")/../src/run/bild
+ziel=$(dirname "$0")/../src/window/bild
 ordner=$(mktemp -d)
 trap 'rm -r "$ordner"' EXIT
 

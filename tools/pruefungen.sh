@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The slower checks: form, clang-tidy, the tests under the sanitizers, the whole runs with what users get and with the
+# The slower checks: form, the order of the rooms, clang-tidy, the tests under the sanitizers, the whole runs with what users get and with the
 # program that clang builds, and on Windows under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -9,6 +9,9 @@ tools/einrichten.sh $PAKETE_CI
 
 echo "== Form (clang-format)"
 git ls-files '*.cpp' '*.h' | xargs -r clang-format --dry-run --Werror
+
+echo "== Rooms: none includes what stands below it"
+tools/raeume_pruefen.py
 
 echo "== clang-tidy"
 [ -f build/debug/compile_commands.json ] || cmake --preset debug -Wno-dev >/dev/null

@@ -1,9 +1,9 @@
 // satzschreiber: makes an exchange file from a readable description, so that nobody edits 256 columns by hand.
 #include "Werkzeug.h"
 
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
 #include "intake/UTF8_Speicherung.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>

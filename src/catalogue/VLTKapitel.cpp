@@ -1,7 +1,7 @@
 #include "catalogue/VLTKapitel.h"
 
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/tqXML.h"
 

@@ -1,11 +1,11 @@
 #include "catalogue/VLTKatalog.h"
 
 #include "catalogue/VLTKapitel.h"
-#include "intake/TestDaten.h"
-#include "items/Verweise.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/StringBuilder.h"
 #include "support/tqXML.h"
+#include "window/Fortschritt.h"
 
 #include <algorithm>
 #include <array>

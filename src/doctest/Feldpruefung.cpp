@@ -1,8 +1,8 @@
 #include "doctest/Feldpruefung.h"
 
 #include "errors/TestFehler.h"
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>

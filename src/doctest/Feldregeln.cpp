@@ -2,7 +2,7 @@
 
 #include "doctest/Feldpruefung.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 namespace zepholt {
 

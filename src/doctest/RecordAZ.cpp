@@ -1,9 +1,9 @@
 // Records A and Z: the header and the closing record, tested in one go.
 #include "doctest/Feldpruefung.h"
-#include "doctest/SIA451Datei.h"
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 
 namespace zepholt {
 

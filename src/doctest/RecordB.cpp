@@ -2,11 +2,11 @@
 // fails ends its test, but for the uniqueness of the order.
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
-#include "doctest/SIA451Datei.h"
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "errors/TestFehler.h"
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Datei.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>

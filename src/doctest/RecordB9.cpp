@@ -1,9 +1,9 @@
 // Record B9, a cost account. Dormant: the driver calls it at Revision 0 only, which no accepted file has.
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
-#include "doctest/SIA451Datei.h"
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "doctest/Verweispruefung.h"
+#include "state/SIA451Datei.h"
 
 namespace zepholt {
 

@@ -2,11 +2,11 @@
 // are kept, nothing is calculated.
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
-#include "doctest/SIA451Datei.h"
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "doctest/Verweispruefung.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 
 namespace zepholt {
 

@@ -1,7 +1,7 @@
 // Attachment records X4, X5 and P1 to P5, of the new interface only: tests of form. Whether the position and the
 // variable that they name exist is nobody's question.
 #include "doctest/Feldpruefung.h"
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "errors/TestFehler.h"
 
 namespace zepholt {

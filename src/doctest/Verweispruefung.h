@@ -3,7 +3,7 @@
 #pragma once
 
 #include "errors/TestFehler.h"
-#include "items/Verweise.h"
+#include "state/Verweise.h"
 
 namespace zepholt {
 

@@ -1,14 +1,14 @@
 #include "errors/Protokoll.h"
 
-#include "doctest/SIA451Datei.h"
 #include "errors/FehlerERL.h"
 #include "errors/TestFehler.h"
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
-#include "run/Fortschritt.h"
+#include "state/SIA451Datei.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 #include "support/tqXML.h"
+#include "window/Fortschritt.h"
 
 #include <algorithm>
 #include <array>

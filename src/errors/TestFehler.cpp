@@ -1,6 +1,6 @@
 #include "errors/TestFehler.h"
 
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "intake/ParameterPruefung.h"
 
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 

@@ -1,17 +1,18 @@
 #include "intake/TestTechnisch.h"
 
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
-#include "intake/SIA451Felder.h"
+#include "intake/Dateibytes.h"
 #include "intake/TestCRLFCodierung.h"
-#include "intake/TestDaten.h"
 #include "intake/TestUTF8Codierung.h"
 #include "intake/UTF8_Speicherung.h"
 #include "intake/UniversalSchluessel.h"
 #include "intake/Zeichentest.h"
-#include "run/DialogDeFrIt.h"
-#include "run/Fortschritt.h"
+#include "state/SIA451Datei.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fortschritt.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,8 @@
 #include "intake/TestUTF8Codierung.h"
 
-#include "intake/TestDaten.h"
+#include "intake/Dateibytes.h"
 #include "intake/UTF8_Speicherung.h"
+#include "state/TestDaten.h"
 
 #include <algorithm>
 #include <array>

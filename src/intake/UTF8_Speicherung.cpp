@@ -1,6 +1,7 @@
 #include "intake/UTF8_Speicherung.h"
 
-#include "intake/TestDaten.h"
+#include "intake/Dateibytes.h"
+#include "state/TestDaten.h"
 
 #include <array>
 #include <chrono>

@@ -1,7 +1,7 @@
 // From the file's bytes to 16-bit text: the byte order mark and the two decoders.
 #pragma once
 
-#include "intake/Dateitext.h"
+#include "state/Dateitext.h"
 #include "support/Text.h"
 
 namespace zepholt {

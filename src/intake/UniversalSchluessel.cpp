@@ -1,9 +1,9 @@
 #include "intake/UniversalSchluessel.h"
 
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
-#include "run/Fortschritt.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
+#include "window/Fortschritt.h"
 
 #include <algorithm>
 #include <array>

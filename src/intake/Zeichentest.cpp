@@ -1,10 +1,10 @@
 #include "intake/Zeichentest.h"
 
 #include "errors/TestFehler.h"
-#include "intake/SIA451Felder.h"
-#include "intake/TestDaten.h"
 #include "intake/UTF8_Speicherung.h"
 #include "intake/UniversalSchluessel.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
 
 #include <algorithm>
 #include <array>

@@ -2,9 +2,9 @@
 
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
 #include "items/Positionsregeln.h"
+#include "state/SIA451Datei.h"
 
 namespace zepholt {
 

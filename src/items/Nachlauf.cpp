@@ -1,10 +1,10 @@
 // The checks over the finished tree, which no single record can judge. The tree stays as it is.
 #include "catalogue/TestVLT.h"
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
 #include "items/RecordG.h"
-#include "items/Verweise.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
+#include "state/Verweise.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>

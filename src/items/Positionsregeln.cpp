@@ -2,8 +2,8 @@
 
 #include "doctest/Feldpruefung.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
-#include "items/Verweise.h"
+#include "state/TestDaten.h"
+#include "state/Verweise.h"
 
 namespace zepholt {
 

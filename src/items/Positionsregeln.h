@@ -2,7 +2,7 @@
 #pragma once
 
 #include "doctest/Feldregeln.h"
-#include "doctest/SIA451Datei.h"
+#include "state/SIA451Datei.h"
 #include "support/Text.h"
 
 #include <initializer_list>

@@ -3,10 +3,10 @@
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
 #include "items/Positionsregeln.h"
 #include "items/TestFunktionen.h"
-#include "items/Verweise.h"
+#include "state/TestDaten.h"
+#include "state/Verweise.h"
 
 #include <algorithm>
 #include <array>

@@ -3,7 +3,7 @@
 #include "doctest/Feldpruefung.h"
 #include "errors/TestFehler.h"
 #include "items/Positionsregeln.h"
-#include "items/Verweise.h"
+#include "state/Verweise.h"
 
 namespace zepholt {
 

@@ -1,6 +1,6 @@
 #include "items/TestFunktionen.h"
 
-#include "doctest/SIA451Datei.h"
+#include "state/SIA451Datei.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>

@@ -1,16 +1,16 @@
 #include "run/Main_Start.h"
 
 #include "errors/FehlerERL.h"
-#include "errors/Spezialfunktionen.h"
 #include "errors/TestFehler.h"
 #include "intake/ParameterPruefung.h"
-#include "intake/TestDaten.h"
-#include "run/DialogDeFrIt.h"
-#include "run/Fenster.h"
+#include "run/Spezialfunktionen.h"
 #include "run/Test.h"
-#include "run/Textanzeige.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fenster.h"
+#include "window/Textanzeige.h"
 
 #include <exception>
 

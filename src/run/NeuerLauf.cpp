@@ -2,11 +2,11 @@
 
 #include "catalogue/VLTKapitel.h"
 #include "catalogue/VLTKatalog.h"
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
-#include "run/DialogDeFrIt.h"
-#include "run/Fortschritt.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fortschritt.h"
 
 namespace zepholt {
 

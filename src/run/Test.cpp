@@ -1,12 +1,12 @@
 #include "run/Test.h"
 
 #include "catalogue/TestVLT.h"
-#include "doctest/TestInhalt.h"
 #include "errors/Protokoll.h"
-#include "intake/TestDaten.h"
 #include "intake/TestTechnisch.h"
-#include "run/DialogDeFrIt.h"
-#include "run/Fortschritt.h"
+#include "run/TestInhalt.h"
+#include "state/TestDaten.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fortschritt.h"
 
 namespace zepholt {
 

@@ -119,6 +119,10 @@ struct Zeitpunkt {
 };
 Zeitpunkt Jetzt();
 
+// Milliseconds of the platform's cheapest clock that only goes forward, as coarse as 16 of them: it is looked at for
+// each record.
+std::int64_t MilliSekunden();
+
 // The command text behind the program's own name. Windows takes it from the system as it stands; Linux rebuilds it from
 // the arguments, see KommandotextAus.
 Text Kommandozeile(int anzahl, char** argumente);

@@ -260,6 +260,12 @@ Zeitpunkt Jetzt() {
     return {ort.tm_year + 1900, ort.tm_mon + 1, ort.tm_mday, ort.tm_hour, ort.tm_min};
 }
 
+std::int64_t MilliSekunden() {
+    timespec jetzt{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &jetzt);
+    return std::int64_t{jetzt.tv_sec} * 1000 + jetzt.tv_nsec / 1000000;
+}
+
 Text Kommandozeile(int anzahl, char** argumente) {
     std::vector<Text> texte;
     for (int i = 1; i < anzahl; ++i) {

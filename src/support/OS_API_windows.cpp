@@ -277,6 +277,10 @@ Zeitpunkt Jetzt() {
     return {ort.wYear, ort.wMonth, ort.wDay, ort.wHour, ort.wMinute};
 }
 
+std::int64_t MilliSekunden() {
+    return static_cast<std::int64_t>(GetTickCount64());
+}
+
 Text Kommandozeile(int /*anzahl*/, char** /*argumente*/) {
     return Text(OhneProgrammnamen(AusBreit(GetCommandLineW())));
 }

@@ -2,7 +2,7 @@
 // never would: numbers out of order, doubled, negative, ranges of any kind.
 #include "catalogue/VLTKapitel.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include "catalogue/Kapitelbau.h"
 

@@ -4,10 +4,10 @@
 #include "catalogue/VLTKapitel.h"
 #include "hilfen/Katalogtest.h"
 #include "items/RecordG.h"
-#include "items/Verweise.h"
-#include "run/Fenster.h"
-#include "run/Formulare.h"
-#include "run/Fortschritt.h"
+#include "state/Verweise.h"
+#include "window/Fenster.h"
+#include "window/Formulare.h"
+#include "window/Fortschritt.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // What a chapter text gives: its entries, its end nodes, its text branches, and the answers of the searches.
 #include "catalogue/VLTKapitel.h"
 #include "errors/TestFehler.h"
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include "catalogue/Kapitelbau.h"
 

@@ -1,10 +1,10 @@
 // Finding, fetching and expanding chapter files, and the list of chapters.
 #include "catalogue/VLTKatalog.h"
 #include "catalogue/VLTKapitel.h"
-#include "intake/TestDaten.h"
-#include "run/Fenster.h"
-#include "run/Formulare.h"
-#include "run/Fortschritt.h"
+#include "state/TestDaten.h"
+#include "window/Fenster.h"
+#include "window/Formulare.h"
+#include "window/Fortschritt.h"
 
 #include "catalogue/Kapitelbau.h"
 #include "hilfen/Testordner.h"

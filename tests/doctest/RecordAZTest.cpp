@@ -1,5 +1,5 @@
 // Records A and Z: what is reported for each field, in both interfaces, and what is kept.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/KopfSaetze.h"
 #include "hilfen/Satztest.h"
 

@@ -1,8 +1,8 @@
 // Record B9, called directly: no file's Revision lets the driver call it.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/Gliederungen.h"
 #include "hilfen/Satztest.h"
-#include "intake/SIA451Felder.h"
+#include "state/SIA451Felder.h"
 
 namespace zepholt {
 namespace {

@@ -1,7 +1,7 @@
 // The end of the B block: primary variants and the order of the structures.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/Satztest.h"
-#include "intake/SIA451Felder.h"
+#include "state/SIA451Felder.h"
 #include "support/HilfsFunktionen.h"
 
 #include <random>

@@ -1,7 +1,7 @@
 // Structure records B0 to B8: what each reports, what stops it and what is kept, in both interfaces.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/Satztest.h"
-#include "intake/SIA451Felder.h"
+#include "state/SIA451Felder.h"
 
 #include <random>
 

@@ -1,8 +1,8 @@
 // Records C0, C1 and C5: gross amount, conditions, restrictions.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/Gliederungen.h"
 #include "hilfen/Satztest.h"
-#include "intake/SIA451Felder.h"
+#include "state/SIA451Felder.h"
 
 #include <random>
 

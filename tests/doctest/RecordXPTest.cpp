@@ -1,5 +1,5 @@
 // Attachment records X4, X5 and P1 to P5.
-#include "doctest/TestInhalt.h"
+#include "doctest/Records.h"
 #include "hilfen/Satztest.h"
 
 namespace zepholt {

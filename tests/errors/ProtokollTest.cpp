@@ -1,11 +1,11 @@
 // The protocol: its elements, its counts, its order, and what stands in each attribute.
 #include "errors/Protokoll.h"
 
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

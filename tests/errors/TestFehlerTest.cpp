@@ -1,7 +1,7 @@
 // The store of findings.
 #include "errors/TestFehler.h"
 
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

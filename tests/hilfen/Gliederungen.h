@@ -1,7 +1,7 @@
 // Structures for tests of the records that refer to them.
 #pragma once
 
-#include "doctest/SIA451Datei.h"
+#include "state/SIA451Datei.h"
 
 namespace zepholt::hilfen {
 

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "catalogue/Kapitelbau.h"
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Satztest.h"
 #include "hilfen/Testordner.h"
-#include "intake/TestDaten.h"
 #include "run/NeuerLauf.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>

@@ -4,10 +4,10 @@
 // The records live as long as the run, so that the tables that view into them stay good. Beginne starts afresh.
 #pragma once
 
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Zeilenbau.h"
-#include "intake/TestDaten.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,13 +1,13 @@
 // An exchange file for a test: its records become a real file, which the intake reads.
 #pragma once
 
-#include "doctest/SIA451Datei.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
-#include "intake/TestDaten.h"
 #include "intake/TestTechnisch.h"
 #include "run/NeuerLauf.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "intake/TestTechnisch.h"
 
 #include "intake/Intaketest.h"
-#include "run/DialogDeFrIt.h"
-#include "run/Fenster.h"
-#include "run/Formulare.h"
-#include "run/Fortschritt.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fenster.h"
+#include "window/Formulare.h"
+#include "window/Fortschritt.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,6 +1,6 @@
 #include "intake/TestUTF8Codierung.h"
 
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "intake/UTF8_Speicherung.h"
 
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "intake/UniversalSchluessel.h"
 
 #include "hilfen/Zeilenbau.h"
-#include "intake/TestDaten.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 // Check digits, cost accounts and what else no file can reach.
 #include "items/TestFunktionen.h"
 
-#include "doctest/SIA451Datei.h"
 #include "items/Positionstest.h"
+#include "state/SIA451Datei.h"
 #include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>

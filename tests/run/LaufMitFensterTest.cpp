@@ -3,11 +3,11 @@
 #include "hilfen/Fensterhilfe.h"
 #include "hilfen/KopfSaetze.h"
 #include "hilfen/Testordner.h"
-#include "intake/TestDaten.h"
-#include "run/DialogDeFrIt.h"
 #include "run/Main_Start.h"
 #include "run/NeuerLauf.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
+#include "window/DialogDeFrIt.h"
 
 #include <gtest/gtest.h>
 

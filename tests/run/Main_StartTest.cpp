@@ -1,13 +1,13 @@
 // Command line, parameter test, parameter message, and the roads of a run.
 #include "run/Main_Start.h"
 
-#include "doctest/SIA451Datei.h"
 #include "errors/FehlerERL.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "intake/ParameterPruefung.h"
-#include "intake/TestDaten.h"
 #include "run/NeuerLauf.h"
+#include "state/SIA451Datei.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>

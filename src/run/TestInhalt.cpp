@@ -1,0 +1,198 @@
+#include "run/TestInhalt.h"
+
+#include "doctest/Records.h"
+#include "items/RecordG.h"
+#include "state/SIA451Datei.h"
+#include "state/SIA451Felder.h"
+#include "state/TestDaten.h"
+#include "window/DialogDeFrIt.h"
+#include "window/Fortschritt.h"
+
+#include <array>
+#include <span>
+
+namespace zepholt {
+
+namespace {
+
+// The unit codes that a G5 record may use, by the language of the file; a blank before every code and behind the last.
+struct Einheitenliste {
+    TextSicht Einheiten;
+    TextSicht PauschalEinheiten;
+};
+constexpr std::array<Einheitenliste, 3> Einheitenlisten = {{
+    {u" St Pr m m2 m3 kg t h d Wo Mt l hl S Kb Kr Ro % %o kJ pl gl LE ", u" Pr S Kb Kr Ro "},
+    {u" p pa m m2 m3 kg t h d se ms l hl sa su br ro % %o kJ f gl up ", u" pa sa su br ro "},
+    {u" pz pa m m2 m3 kg t h d st ms l hl sa se ca ro % %o kJ ac gl up ", u" pa sa se ca ro "},
+}};
+
+void EinheitenSetzen() {
+    const std::int32_t sprache = sia451Datei.Sprachcode;
+    if (sprache >= 1 && sprache <= 3) {
+        const Einheitenliste& liste = Einheitenlisten[static_cast<std::size_t>(sprache - 1)];
+        sia451Datei.Einheiten = liste.Einheiten;
+        sia451Datei.PauschalEinheiten = liste.PauschalEinheiten;
+    }
+}
+
+TextSicht ZeileAn(std::int32_t index) {
+    return testDaten.Zeilen[static_cast<std::size_t>(index)];
+}
+
+// Column 42; 0 for a line that ends before it.
+char16_t Ziffer(TextSicht zeile) {
+    return zeile.size() >= 42 ? zeile[41] : u'\0';
+}
+
+// The lines of one record letter: first and last index in Zeilen; a first index of 0 means that it does not occur.
+struct Abschnitt {
+    std::int32_t Erste = 0;
+    std::int32_t Letzte = 0;
+};
+
+struct Abschnitte {
+    Abschnitt B, C, G, P, X;
+
+    Abschnitt* Von(char16_t buchstabe) {
+        switch (buchstabe) {
+        case u'B':
+            return &B;
+        case u'C':
+            return &C;
+        case u'G':
+            return &G;
+        case u'P':
+            return &P;
+        case u'X':
+            return &X;
+        default:
+            return nullptr;
+        }
+    }
+};
+
+Abschnitte AbschnitteSuchen() {
+    Abschnitte abschnitte;
+    for (std::int32_t i = 1; i <= testDaten.ZeilenAnzahl - 2; ++i) {
+        const TextSicht zeile = ZeileAn(i);
+        Abschnitt* abschnitt = zeile.empty() ? nullptr : abschnitte.Von(zeile.front());
+        if (abschnitt == nullptr) {
+            continue;
+        }
+        abschnitt->Letzte = i;
+        if (abschnitt->Erste == 0) {
+            abschnitt->Erste = i;
+        }
+    }
+    return abschnitte;
+}
+
+// One test of a pass: the digit in column 42 that chooses it.
+struct Satztest {
+    char16_t Ziffer;
+    void (*Pruefe)();
+};
+
+// Hands each line of a section to the test of its digit; other digits are passed over. The first letter is not looked
+// at again: the order of the lines keeps a letter together.
+void Durchgang(const Abschnitt& abschnitt, std::span<const Satztest> tests, std::int32_t& zaehler) {
+    if (abschnitt.Erste == 0) {
+        return;
+    }
+    for (std::int32_t i = abschnitt.Erste; i <= abschnitt.Letzte; ++i) {
+        testDaten.Record = ZeileAn(i);
+        testDaten.ZeilenNr = testDaten.ZeilenNummern[static_cast<std::size_t>(i)];
+        ZeigeFortschritt(++zaehler);
+        const char16_t ziffer = Ziffer(testDaten.Record);
+        for (const Satztest& test : tests) {
+            if (test.Ziffer == ziffer) {
+                test.Pruefe();
+            }
+        }
+    }
+}
+
+// The cost account record belongs to Revision 0 alone, which no accepted file has.
+void PruefeB9BeiRevision0() {
+    if (testDaten.Revision == 0) {
+        PruefeB9();
+    }
+}
+
+// Tells the quantity test whether its line stands in a run of G6 lines. The line numbers of a file that has passed the
+// order test are the indices of its lines; the first and the last line are A and Z, so both neighbours exist.
+void PruefeG6MitNachbarn() {
+    const std::int32_t i = testDaten.ZeilenNr;
+    PruefeG6(Ziffer(ZeileAn(i - 1)) == u'6' || Ziffer(ZeileAn(i + 1)) == u'6');
+}
+
+constexpr std::array<Satztest, 10> TestsB = {{
+    {u'0', PruefeB0},
+    {u'1', PruefeB1},
+    {u'2', PruefeB2},
+    {u'3', PruefeB3},
+    {u'4', PruefeB4},
+    {u'5', PruefeB5},
+    {u'6', PruefeB6},
+    {u'7', PruefeB7},
+    {u'8', PruefeB8},
+    {u'9', PruefeB9BeiRevision0},
+}};
+
+constexpr std::array<Satztest, 6> TestsG = {{
+    {u'1', PruefeG1},
+    {u'2', PruefeG2},
+    {u'3', PruefeG3},
+    {u'4', PruefeG4},
+    {u'5', PruefeG5},
+    {u'6', PruefeG6MitNachbarn},
+}};
+
+constexpr std::array<Satztest, 3> TestsC = {{
+    {u'0', PruefeC0},
+    {u'1', PruefeC1},
+    {u'5', PruefeC5},
+}};
+
+constexpr std::array<Satztest, 2> TestsX = {{
+    {u'4', PruefeX4},
+    {u'5', PruefeX5},
+}};
+
+constexpr std::array<Satztest, 5> TestsP = {{
+    {u'1', [] { PruefeP(1); }},
+    {u'2', [] { PruefeP(2); }},
+    {u'3', [] { PruefeP(3); }},
+    {u'4', [] { PruefeP(4); }},
+    {u'5', [] { PruefeP(5); }},
+}};
+
+// "Name   [Nummer]"
+Text MitNummer(TextSicht name, TextSicht nummer) {
+    return Text(name).append(u"   [").append(nummer).append(u"]");
+}
+
+} // namespace
+
+void DokumentTesten() {
+    PruefeRecordAZ(testDaten.Zeilen.front(), testDaten.Zeilen.back());
+    ZeigeProjekt(MitNummer(sia451Datei.ProjektName, sia451Datei.ProjektNummer));
+    ZeigeDokument(MitNummer(sia451Datei.DokumentName, sia451Datei.DokumentNummer));
+    ZeigeSchritt(Uebersetze(u"Testet Dokument"), testDaten.ZeilenAnzahl - 2);
+    EinheitenSetzen();
+
+    const Abschnitte abschnitte = AbschnitteSuchen();
+    std::int32_t zaehler = 0;
+    Durchgang(abschnitte.B, TestsB, zaehler);
+    PruefeBEnde();
+    Durchgang(abschnitte.G, TestsG, zaehler);
+    PruefeNachlauf();
+    Durchgang(abschnitte.C, TestsC, zaehler);
+    if (!testDaten.IstE1S) {
+        return; // the old interface has no attachments
+    }
+    Durchgang(abschnitte.X, TestsX, zaehler);
+    Durchgang(abschnitte.P, TestsP, zaehler);
+}
+
+} // namespace zepholt

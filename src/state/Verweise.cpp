@@ -1,0 +1,242 @@
+#include "state/Verweise.h"
+
+#include "state/TestDaten.h"
+#include "support/HilfsFunktionen.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace zepholt {
+
+namespace {
+
+KapitelEintrag& Kapitel(std::int32_t index) {
+    return sia451Datei.DokumentKapitel[static_cast<std::size_t>(index)];
+}
+
+PositionEintrag& Position(std::int32_t kapitel, std::int32_t index) {
+    return Kapitel(kapitel).Positionen[static_cast<std::size_t>(index)];
+}
+
+template <class Liste, class Praedikat>
+std::int32_t ErsterIndex(const Liste& liste, Praedikat praedikat) {
+    const auto treffer = std::ranges::find_if(liste, praedikat);
+    return treffer == liste.end() ? -1 : static_cast<std::int32_t>(treffer - liste.begin());
+}
+
+// --- References
+
+std::array<TextSicht, 9> Bezuege(const MengeEintrag& menge) {
+    return {menge.OGL,      menge.PSL,     menge.KAG, menge.Element, menge.Einrichtungstyp, menge.Variantengruppe,
+            menge.Variante, menge.Nutzung, menge.Raum};
+}
+
+std::size_t Streuwert(const std::array<TextSicht, 9>& texte) {
+    std::size_t wert = 0;
+    for (const TextSicht text : texte) {
+        wert = wert * 0x100000001B3U + std::hash<TextSicht>()(text);
+    }
+    return wert;
+}
+
+// The quantity among those taken in; -1 for none.
+std::int32_t Finde(const BezugIndex& index, const std::vector<MengeEintrag>& mengen, std::size_t streuwert,
+                   const std::array<TextSicht, 9>& bezuege) {
+    const auto [von, bis] = index.Erste.equal_range(streuwert);
+    const auto treffer = std::find_if(
+        von, bis, [&](const auto& paar) { return Bezuege(mengen[static_cast<std::size_t>(paar.second)]) == bezuege; });
+    return treffer == bis ? -1 : treffer->second;
+}
+
+void Nachfuehren(BezugIndex& index, const std::vector<MengeEintrag>& mengen) {
+    if (index.Gelesen == 0) { // mostly all that there will be: the details of a position stand behind its quantities
+        index.Erste.reserve(mengen.size());
+    }
+    for (; index.Gelesen < mengen.size(); ++index.Gelesen) {
+        const std::array<TextSicht, 9> bezuege = Bezuege(mengen[index.Gelesen]);
+        const std::size_t streuwert = Streuwert(bezuege);
+        if (Finde(index, mengen, streuwert, bezuege) == -1) {
+            index.Erste.emplace(streuwert, static_cast<std::int32_t>(index.Gelesen));
+        }
+    }
+}
+
+// --- Running numbers
+
+bool NurZiffern(TextSicht text) {
+    return !text.empty() && std::ranges::all_of(text, [](char16_t z) { return z >= u'0' && z <= u'9'; });
+}
+
+// The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
+// express. Old interface: its digits behind a 1, which keeps leading zeros apart; other texts equal no digits.
+std::optional<std::size_t> LaufnummerPlatz(TextSicht nummer) {
+    constexpr std::size_t Grenze = 10'000'000; // the field has seven columns
+    if (nummer.empty()) {
+        return std::nullopt;
+    }
+    if (testDaten.Revision > 11) {
+        const double wert = ZahlAmAnfang(nummer);
+        const bool ganz = wert >= 0 && wert < static_cast<double>(Grenze) && wert == static_cast<std::int32_t>(wert);
+        return ganz ? std::optional(static_cast<std::size_t>(wert)) : std::nullopt;
+    }
+    if (!NurZiffern(nummer) || nummer.size() > 7) {
+        return std::nullopt;
+    }
+    std::size_t platz = 1;
+    for (const char16_t ziffer : nummer) {
+        platz = platz * 10 + (ziffer - u'0');
+    }
+    return platz;
+}
+
+// --- Structure tables
+
+template <class Eintrag>
+bool CodeGefunden(const CodeListe<Eintrag>& tabelle, TextSicht code) {
+    const std::size_t joker = code.find(u'*');
+    if (joker == TextSicht::npos) {
+        return tabelle.Finde(code) != -1;
+    }
+    return joker == 0 || tabelle.HatAnfang(code.substr(0, joker));
+}
+
+bool Zwischen(std::int32_t zahl, std::int32_t von, std::int32_t bis) {
+    return von <= zahl && zahl <= bis;
+}
+
+std::int32_t Ziffer(std::int32_t zahl, std::int32_t stellenwert) {
+    return zahl / stellenwert % 10;
+}
+
+} // namespace
+
+std::int32_t SucheKapitel(std::int32_t nummer) {
+    return sia451Datei.KapitelNachNummer.Finde(sia451Datei.DokumentKapitel, nummer);
+}
+
+std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer) {
+    KapitelEintrag& eintrag = Kapitel(kapitel);
+    return eintrag.PositionenNachNummer.Finde(eintrag.Positionen, nummer);
+}
+
+// Variables and their lines have numbers of two digits: no more than a hundred of each, so these two scan.
+std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer) {
+    return ErsterIndex(Position(kapitel, position).Variablen,
+                       [nummer](const VariableEintrag& variable) { return variable.Nummer == nummer; });
+}
+
+std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile) {
+    return ErsterIndex(Position(kapitel, position).Variablen[static_cast<std::size_t>(variable)].ZeilenNrn,
+                       [zeile](std::int32_t nummer) { return nummer == zeile; });
+}
+
+std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& bezuege) {
+    BezugIndex& index = sia451Datei.MengenNachBezug;
+    if (index.Kapitel != kapitel || index.Position != position) {
+        index = {kapitel, position, 0, {}};
+    }
+    const std::vector<MengeEintrag>& mengen = Position(kapitel, position).Mengen;
+    Nachfuehren(index, mengen);
+    const std::array<TextSicht, 9> texte = Bezuege(bezuege);
+    return Finde(index, mengen, Streuwert(texte), texte);
+}
+
+bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge) {
+    return reihenfolge != 0 && position.Reihenfolgen.test(static_cast<std::size_t>(reihenfolge));
+}
+
+void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
+    position.Reihenfolgen.set(static_cast<std::size_t>(reihenfolge));
+}
+
+bool LaufnummerVergeben(TextSicht nummer) {
+    const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
+    if (!platz) {
+        return false;
+    }
+    const auto seite = sia451Datei.Laufnummern.find(*platz / 1024);
+    return seite != sia451Datei.Laufnummern.end() && seite->second[*platz % 1024];
+}
+
+void LaufnummerMerken(TextSicht nummer) {
+    if (const std::optional<std::size_t> platz = LaufnummerPlatz(nummer)) {
+        sia451Datei.Laufnummern[*platz / 1024].set(*platz % 1024);
+    }
+}
+
+bool OGLGefunden(TextSicht code) {
+    return sia451Datei.OGLVorhanden && CodeGefunden(sia451Datei.OGLTabelle, code);
+}
+
+bool KAGGefunden(TextSicht code) {
+    return sia451Datei.KAGVorhanden && CodeGefunden(sia451Datei.KAGTabelle, code);
+}
+
+bool EKGGefunden(TextSicht code) {
+    return sia451Datei.EKGVorhanden && CodeGefunden(sia451Datei.EKGTabelle, code);
+}
+
+bool VariantengruppeGefunden(TextSicht code) {
+    return sia451Datei.VariantenVorhanden && CodeGefunden(sia451Datei.VariantenTabelle, code);
+}
+
+bool EinrichtungGefunden(TextSicht code) {
+    return sia451Datei.EinrichtungVorhanden && CodeGefunden(sia451Datei.EinrichtungTabelle, code);
+}
+
+bool PSLGefunden(TextSicht ogl, TextSicht psl) {
+    const std::int32_t index = sia451Datei.OGLVorhanden ? sia451Datei.OGLTabelle.Finde(ogl) : -1;
+    return index != -1 && CodeGefunden(sia451Datei.OGLTabelle[index].PSLListe, psl);
+}
+
+bool VarianteGefunden(TextSicht gruppe, TextSicht variante) {
+    const std::int32_t index = sia451Datei.VariantenVorhanden ? sia451Datei.VariantenTabelle.Finde(gruppe) : -1;
+    return index != -1 && CodeGefunden(sia451Datei.VariantenTabelle[index].Varianten, variante);
+}
+
+bool NutzungGefunden(TextSicht code) {
+    return sia451Datei.NutzungVorhanden && sia451Datei.NutzungTabelle.Finde(code) != -1;
+}
+
+bool RaumGefunden(TextSicht code) {
+    return sia451Datei.RaumVorhanden && sia451Datei.RaumTabelle.Finde(code) != -1;
+}
+
+bool KapitelGefunden(TextSicht kapitel) {
+    Kapitelnummerntexte& index = sia451Datei.TexteDerKapitel;
+    for (; index.Gelesen < sia451Datei.DokumentKapitel.size(); ++index.Gelesen) {
+        index.Texte.insert(ZahlText(sia451Datei.DokumentKapitel[index.Gelesen].Nummer));
+    }
+    const std::size_t joker = kapitel.find(u'*');
+    if (joker == TextSicht::npos) {
+        return index.Texte.contains(kapitel);
+    }
+    const TextSicht anfang = kapitel.substr(0, joker);
+    const auto treffer = index.Texte.lower_bound(anfang);
+    return joker == 0 || (treffer != index.Texte.end() && treffer->starts_with(anfang));
+}
+
+bool HatJoker(TextSicht text) {
+    return text.find(u'*') != TextSicht::npos;
+}
+
+bool IstReserveKapitel(std::int32_t nummer) {
+    return Ziffer(nummer, 100) == 9 || Ziffer(nummer, 10) == 9 || Ziffer(nummer, 1) == 9;
+}
+
+bool IstReservePosition(std::int32_t nummer) {
+    return Ziffer(nummer, 10000) == 9 || Ziffer(nummer, 1000) == 9 || Ziffer(nummer, 100) == 9 ||
+           Ziffer(nummer, 10) == 9;
+}
+
+bool ImGueltigkeitsbereich(std::int32_t /*kapitel*/, std::int32_t position, std::int32_t vorbemerkung) {
+    const std::int32_t hauptposition = position / 1000 * 1000;
+    const std::int32_t unterabschnitt = position / 10000 * 10000;
+    const std::int32_t abschnitt = position / 100000 * 100000;
+    return Zwischen(vorbemerkung, hauptposition, hauptposition + 99) ||
+           Zwischen(vorbemerkung, unterabschnitt, unterabschnitt + 999) ||
+           Zwischen(vorbemerkung, abschnitt, abschnitt + 999) || Zwischen(vorbemerkung, 0, 999);
+}
+
+} // namespace zepholt

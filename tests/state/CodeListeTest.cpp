@@ -1,0 +1,79 @@
+// The searches of a list of codes, against the plain scan.
+#include "state/SIA451Datei.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <deque>
+#include <random>
+
+namespace zepholt {
+namespace {
+
+std::int32_t FindeNachScan(const std::vector<VarianteEintrag>& eintraege, TextSicht code) {
+    const auto treffer = std::find_if(eintraege.begin(), eintraege.end(),
+                                      [code](const VarianteEintrag& eintrag) { return eintrag.Code == code; });
+    return treffer == eintraege.end() ? -1 : static_cast<std::int32_t>(treffer - eintraege.begin());
+}
+
+bool HatAnfangNachScan(const std::vector<VarianteEintrag>& eintraege, TextSicht anfang) {
+    return std::any_of(eintraege.begin(), eintraege.end(), [anfang](const VarianteEintrag& eintrag) {
+        return eintrag.Code.substr(0, anfang.size()) == anfang;
+    });
+}
+
+std::int32_t AnzahlNachScan(const std::vector<VarianteEintrag>& eintraege, std::int32_t reihenfolge, std::int32_t bis) {
+    return static_cast<std::int32_t>(
+        std::count_if(eintraege.begin(), eintraege.begin() + bis,
+                      [reihenfolge](const VarianteEintrag& eintrag) { return eintrag.Reihenfolge == reihenfolge; }));
+}
+
+TEST(CodeListeTest, AnEmptyListFindsNothing) {
+    const CodeListe<VarianteEintrag> liste;
+    EXPECT_EQ(liste.Anzahl(), 0);
+    EXPECT_EQ(liste.Finde(u""), -1);
+    EXPECT_FALSE(liste.HatAnfang(u""));
+    EXPECT_EQ(liste.AnzahlMitReihenfolge(1, 0), 0);
+}
+
+TEST(CodeListeTest, ARepeatedCodeKeepsItsFirstEntry) {
+    CodeListe<VarianteEintrag> liste;
+    liste.Anfuegen({u"B", u"first", u"", 1});
+    liste.Anfuegen({u"A", u"", u"", 2});
+    liste.Anfuegen({u"B", u"second", u"", 1});
+    EXPECT_EQ(liste.Finde(u"B"), 0);
+    EXPECT_EQ(liste.Anzahl(), 3);
+    EXPECT_EQ(liste.AnzahlMitReihenfolge(1, 2), 1);
+    EXPECT_EQ(liste.AnzahlMitReihenfolge(1, 3), 2);
+}
+
+// Random lists of few distinct codes, so that hits are frequent: with and without '*', prefixes of each other, blanks
+// in front, characters above ASCII and of the highest values.
+TEST(CodeListeTest, EverySearchFindsWhatAScanFinds) {
+    std::mt19937 zufall(451);
+    const TextSicht zeichen = u"AAB*1 \u00e9\uffff";
+    const auto code = [&] {
+        Text text;
+        for (auto laenge = zufall() % 5; laenge > 0; --laenge) {
+            text.push_back(zeichen[zufall() % zeichen.size()]);
+        }
+        return text;
+    };
+    for (int runde = 0; runde < 100; ++runde) {
+        std::deque<Text> codes;
+        CodeListe<VarianteEintrag> liste;
+        for (int i = 0; i < 40; ++i) {
+            liste.Anfuegen({codes.emplace_back(code()), u"", u"", static_cast<std::int32_t>(zufall() % 4)});
+            const Text gesucht = code();
+            const auto reihenfolge = static_cast<std::int32_t>(1 + zufall() % 4);
+            const auto bis = static_cast<std::int32_t>(zufall() % (codes.size() + 1));
+            ASSERT_EQ(liste.Finde(gesucht), FindeNachScan(liste.Eintraege(), gesucht));
+            ASSERT_EQ(liste.HatAnfang(gesucht), HatAnfangNachScan(liste.Eintraege(), gesucht));
+            ASSERT_EQ(liste.AnzahlMitReihenfolge(reihenfolge, bis),
+                      AnzahlNachScan(liste.Eintraege(), reihenfolge, bis));
+        }
+    }
+}
+
+} // namespace
+} // namespace zepholt
