@@ -99,16 +99,9 @@ void TestePosition(const PositionEintrag& position) {
 }
 
 // The number of the title position that a reserve position belongs to.
-std::int32_t UebergeordnetePosition(std::int32_t nummer) {
-    if (testDaten.Revision >= 12 && nummer % 10 == 0 && nummer / 10 % 10 != 0) {
-        return nummer / 100 * 100;
-    }
-    for (const std::int32_t stufe : {1000, 10000}) {
-        if (nummer % stufe != 0) {
-            return nummer / stufe * stufe;
-        }
-    }
-    return nummer / 100000 * 100000;
+std::int32_t Titelposition(std::int32_t nummer) {
+    const bool untergruppe = nummer % 10 == 0 && nummer / 10 % 10 != 0;
+    return NeueSchnittstelle() && untergruppe ? nummer / 100 * 100 : UebergeordnetePosition(nummer);
 }
 
 // In a main position that has xxx001 the catalogue keeps the sub-positions xxx091 to xxx099 for reserves; in one that
@@ -133,12 +126,12 @@ void TesteReserveposition(std::int32_t kapitelIndex, std::int32_t nummer) {
         FehlerMelden(6221);
     }
 
-    const std::int32_t bezug = UebergeordnetePosition(nummer);
-    if (SuchePosition(kapitelIndex, bezug) != -1) {
+    const std::int32_t titel = Titelposition(nummer);
+    if (SuchePosition(kapitelIndex, titel) != -1) {
         return; // the superior position is in the document
     }
     bool istWiederholung = false;
-    if (!PositionImKatalog(bezug, istWiederholung, nummer) && bezug != 0) {
+    if (!PositionImKatalog(titel, istWiederholung, nummer) && titel != 0) {
         FehlerMelden(6211);
     }
     if (testDaten.Revision < 12) {

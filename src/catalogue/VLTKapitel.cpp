@@ -28,7 +28,7 @@ Ganz InBreite(std::int32_t wert) {
 }
 
 // What nearly every number of a chapter is: at most nine digits. -1 for any other text.
-std::int32_t NurZiffern(TextSicht text) {
+std::int32_t KurzeZahl(TextSicht text) {
     if (text.empty() || text.size() > 9) {
         return -1;
     }
@@ -69,7 +69,7 @@ public:
         if (text.empty()) {
             return 0;
         }
-        const std::int32_t wert = NurZiffern(text);
+        const std::int32_t wert = KurzeZahl(text);
         return InBreite<Ganz>(wert >= 0 ? wert : GanzzahlAmAnfang(text));
     }
 

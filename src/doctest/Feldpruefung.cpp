@@ -5,7 +5,6 @@
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
-#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -25,8 +24,7 @@ void LeeresFeldMelden(std::int32_t spalte, Pflicht pflicht) {
 // inside the field, whose missing columns count as blanks.
 std::optional<TextSicht> Ziffern(std::int32_t spalte, std::int32_t laenge) {
     const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
-    const bool gefuellt = feld.size() == static_cast<std::size_t>(laenge);
-    if (!gefuellt || !std::ranges::all_of(feld, [](char16_t z) { return z >= u'0' && z <= u'9'; })) {
+    if (feld.size() != static_cast<std::size_t>(laenge) || !NurZiffern(feld)) {
         FehlerHinzufuegen(3001, spalte);
         return std::nullopt;
     }

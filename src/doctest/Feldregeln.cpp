@@ -8,7 +8,7 @@ namespace zepholt {
 
 std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
     const std::int32_t reihenfolge = ZahlFeld(spalte, laenge, Freiwillig);
-    if (testDaten.Revision < 12) {
+    if (!NeueSchnittstelle()) {
         return reihenfolge;
     }
     if (!TextFeld(spalte, laenge, Freiwillig).empty()) {

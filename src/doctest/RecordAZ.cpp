@@ -13,10 +13,6 @@ bool Enthaelt(TextSicht menge, TextSicht wert) {
     return !wert.empty() && menge.find(wert) != TextSicht::npos;
 }
 
-bool NeueSchnittstelle() {
-    return testDaten.Revision >= 12;
-}
-
 void ZeileSetzen(TextSicht zeile, std::int32_t nummer) {
     testDaten.Record = zeile;
     testDaten.ZeilenNr = nummer;

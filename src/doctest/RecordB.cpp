@@ -10,6 +10,7 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zepholt {
 
@@ -23,51 +24,34 @@ struct Gliederungskopf {
     TextSicht Text;                // B0:19
 };
 
-bool IstGliederungsnummer(std::int32_t nummer) {
-    return nummer >= 1 && nummer <= 8 && nummer != 6;
-}
+// Where the head of a structure is kept. Only cost types and elements follow a standard.
+struct Gliederungsplatz {
+    std::int32_t Nummer;
+    bool SIA451Datei::*Vorhanden;
+    TextSicht SIA451Datei::*KopfText;
+    TextSicht SIA451Datei::*StandardName = nullptr;
+    std::int32_t SIA451Datei::*StandardJahr = nullptr;
 
-bool HatStandard(std::int32_t nummer) {
-    return nummer == 1 || nummer == 3;
-}
+    bool HatStandard() const { return StandardName != nullptr; }
+};
+constexpr std::array<Gliederungsplatz, 7> Gliederungen = {{
+    {1, &SIA451Datei::KAGVorhanden, &SIA451Datei::KAGKopfText, &SIA451Datei::KAGStandardName,
+     &SIA451Datei::KAGStandardJahr},
+    {2, &SIA451Datei::OGLVorhanden, &SIA451Datei::OGLKopfText},
+    {3, &SIA451Datei::EKGVorhanden, &SIA451Datei::EKGKopfText, &SIA451Datei::EKGStandardName,
+     &SIA451Datei::EKGStandardJahr},
+    {4, &SIA451Datei::EinrichtungVorhanden, &SIA451Datei::EinrichtungKopfText},
+    {5, &SIA451Datei::VariantenVorhanden, &SIA451Datei::VariantenKopfText},
+    {7, &SIA451Datei::NutzungVorhanden, &SIA451Datei::NutzungKopfText},
+    {8, &SIA451Datei::RaumVorhanden, &SIA451Datei::RaumKopfText},
+}};
 
-void KopfAblegen(std::int32_t nummer, const Gliederungskopf& kopf) {
-    SIA451Datei& datei = sia451Datei;
-    switch (nummer) {
-    case 1:
-        datei.KAGVorhanden = true;
-        datei.KAGStandardName = kopf.StandardName;
-        datei.KAGStandardJahr = kopf.StandardJahr;
-        datei.KAGKopfText = kopf.Text;
-        break;
-    case 2:
-        datei.OGLVorhanden = true;
-        datei.OGLKopfText = kopf.Text;
-        break;
-    case 3:
-        datei.EKGVorhanden = true;
-        datei.EKGStandardName = kopf.StandardName;
-        datei.EKGStandardJahr = kopf.StandardJahr;
-        datei.EKGKopfText = kopf.Text;
-        break;
-    case 4:
-        datei.EinrichtungVorhanden = true;
-        datei.EinrichtungKopfText = kopf.Text;
-        break;
-    case 5:
-        datei.VariantenVorhanden = true;
-        datei.VariantenKopfText = kopf.Text;
-        break;
-    case 7:
-        datei.NutzungVorhanden = true;
-        datei.NutzungKopfText = kopf.Text;
-        break;
-    case 8:
-        datei.RaumVorhanden = true;
-        datei.RaumKopfText = kopf.Text;
-        break;
-    default:
-        break;
+void KopfAblegen(const Gliederungsplatz& platz, const Gliederungskopf& kopf) {
+    sia451Datei.*platz.Vorhanden = true;
+    sia451Datei.*platz.KopfText = kopf.Text;
+    if (platz.HatStandard()) {
+        sia451Datei.*platz.StandardName = kopf.StandardName;
+        sia451Datei.*platz.StandardJahr = kopf.StandardJahr;
     }
 }
 
@@ -113,7 +97,7 @@ bool Eindeutig(const CodeListe<Eintrag>& liste, const Eintrag& eintrag, std::int
 
 // Only the new interface wants extended codes to be unique. Notes the code of an entry that is about to be appended.
 bool ECodeEindeutig(std::set<TextSicht>& vergebene, TextSicht ecode, std::int32_t doppelt) {
-    if (testDaten.Revision < 12 || ecode.empty() || vergebene.insert(ecode).second) {
+    if (!NeueSchnittstelle() || ecode.empty() || vergebene.insert(ecode).second) {
         return true;
     }
     FehlerMelden(doppelt);
@@ -134,7 +118,7 @@ std::map<TextSicht, std::size_t> ZeilenDerPrimaervarianten() {
     return zeilen;
 }
 
-void PrimaervariantenPruefen() {
+void PruefePrimaervarianten() {
     std::map<TextSicht, std::size_t> zeilen; // built at the first missing variant: most files have none
     for (const VariantengruppeEintrag& gruppe : sia451Datei.VariantenTabelle.Eintraege()) {
         if (gruppe.Varianten.Finde(gruppe.Primaervariante) >= 0) {
@@ -158,22 +142,22 @@ bool ReihenfolgeDoppelt(std::vector<std::int32_t> reihenfolgen) {
 } // namespace
 
 void PruefeB0() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B0:2a
     Gliederungskopf kopf;
-    kopf.StandardJahr = ZahlFeld(6, 2, Freiwillig);
-    kopf.StandardName = TextFeld(36, 6, Freiwillig);
-    kopf.Text = TextFeld(63, 12, Freiwillig);
+    kopf.StandardJahr = ZahlFeld(6, 2, Freiwillig);  // B0:2c
+    kopf.StandardName = TextFeld(36, 6, Freiwillig); // B0:10
+    kopf.Text = TextFeld(63, 12, Freiwillig);        // B0:19
     const bool hatName = !kopf.StandardName.empty();
-    const bool hatJahr = !TextFeld(6, 2, Freiwillig).empty();
-    const std::int32_t reihenfolge = ZahlFeld(75, 7, Freiwillig);
+    const bool hatJahr = !TextFeld(6, 2, Freiwillig).empty();     // B0:2c
+    const std::int32_t reihenfolge = ZahlFeld(75, 7, Freiwillig); // B0:20
 
-    if (!IstGliederungsnummer(nummer)) {
-        FehlerMelden(3201);
-        return;
+    const auto* const platz = std::ranges::find(Gliederungen, nummer, &Gliederungsplatz::Nummer);
+    if (platz == Gliederungen.end()) {
+        return FehlerMelden(3201);
     }
 
-    if (HatStandard(nummer)) {
-        if (testDaten.Revision >= 12 && hatName != hatJahr) {
+    if (platz->HatStandard()) {
+        if (NeueSchnittstelle() && hatName != hatJahr) {
             FehlerMelden(3203);
         }
         if (hatName) {
@@ -183,17 +167,17 @@ void PruefeB0() {
         FehlerMelden(3202);
     }
 
-    KopfAblegen(nummer, kopf);
+    KopfAblegen(*platz, kopf);
     sia451Datei.GliederungNummern.push_back(nummer);
     sia451Datei.GliederungReihenfolgen.push_back(reihenfolge); // kept in the new interface too: 3205
 }
 
 void PruefeB1() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const KAGEintrag eintrag{.Code = TextFeld(82, 5, Zwingend),
-                             .Bezeichnung = TextFeld(93, 30, Erwartet),
-                             .Text = TextFeld(138, 30, Freiwillig),
-                             .ECode = TextFeld(208, 16, Freiwillig)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);               // B1:2a
+    const KAGEintrag eintrag{.Code = TextFeld(82, 5, Zwingend),         // B1:21
+                             .Bezeichnung = TextFeld(93, 30, Erwartet), // B1:23
+                             .Text = TextFeld(138, 30, Freiwillig),     // B1:24e
+                             .ECode = TextFeld(208, 16, Freiwillig)};   // B1:24h
 
     if (GehoertDazu(nummer, {1, 3221, sia451Datei.KAGVorhanden, 3222}) &&
         Eindeutig(sia451Datei.KAGTabelle, eintrag, 3223) &&
@@ -203,12 +187,12 @@ void PruefeB1() {
 }
 
 void PruefeB2() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const TextSicht ogl = TextFeld(18, 6, Zwingend);
-    const TextSicht psl = TextFeld(24, 6, Freiwillig);
-    const TextSicht bezeichnung = TextFeld(93, 30, Erwartet);
-    const TextSicht text = TextFeld(138, 30, Freiwillig);
-    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);     // B2:2a
+    const TextSicht ogl = TextFeld(18, 6, Zwingend);          // B2:6
+    const TextSicht psl = TextFeld(24, 6, Freiwillig);        // B2:7
+    const TextSicht bezeichnung = TextFeld(93, 30, Erwartet); // B2:23
+    const TextSicht text = TextFeld(138, 30, Freiwillig);     // B2:24e
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);  // B2:20
 
     if (!GehoertDazu(nummer, {2, 3211, sia451Datei.OGLVorhanden, 3212})) {
         return;
@@ -224,8 +208,7 @@ void PruefeB2() {
 
     const std::int32_t index = sia451Datei.OGLTabelle.Finde(ogl);
     if (index < 0) {
-        FehlerMelden(3214);
-        return;
+        return FehlerMelden(3214);
     }
 
     CodeListe<PSLEintrag>& liste = sia451Datei.OGLTabelle[index].PSLListe;
@@ -236,12 +219,12 @@ void PruefeB2() {
 }
 
 void PruefeB3() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const EKGEintrag eintrag{.Code = TextFeld(87, 6, Zwingend),
-                             .Bezeichnung = TextFeld(93, 30, Erwartet),
-                             .Text = TextFeld(138, 30, Freiwillig),
-                             .Mengeneinheit = TextFeld(59, 2, Freiwillig),
-                             .ECode = TextFeld(208, 16, Freiwillig)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                  // B3:2a
+    const EKGEintrag eintrag{.Code = TextFeld(87, 6, Zwingend),            // B3:22
+                             .Bezeichnung = TextFeld(93, 30, Erwartet),    // B3:23
+                             .Text = TextFeld(138, 30, Freiwillig),        // B3:24e
+                             .Mengeneinheit = TextFeld(59, 2, Freiwillig), // B3:16
+                             .ECode = TextFeld(208, 16, Freiwillig)};      // B3:24h
 
     if (GehoertDazu(nummer, {3, 3231, sia451Datei.EKGVorhanden, 3232}) &&
         Eindeutig(sia451Datei.EKGTabelle, eintrag, 3233) &&
@@ -251,11 +234,11 @@ void PruefeB3() {
 }
 
 void PruefeB4() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const EinrichtungEintrag eintrag{.Code = TextFeld(129, 6, Zwingend),
-                                     .Bezeichnung = TextFeld(93, 30, Erwartet),
-                                     .Text = TextFeld(138, 30, Freiwillig),
-                                     .Reihenfolge = ReihenfolgeFeld(75, 7)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                       // B4:2a
+    const EinrichtungEintrag eintrag{.Code = TextFeld(129, 6, Zwingend),        // B4:24b
+                                     .Bezeichnung = TextFeld(93, 30, Erwartet), // B4:23
+                                     .Text = TextFeld(138, 30, Freiwillig),     // B4:24e
+                                     .Reihenfolge = ReihenfolgeFeld(75, 7)};    // B4:20
 
     if (GehoertDazu(nummer, {4, 3261, sia451Datei.EinrichtungVorhanden, 3262}) &&
         Eindeutig(sia451Datei.EinrichtungTabelle, eintrag, 3263, 3269)) {
@@ -264,12 +247,12 @@ void PruefeB4() {
 }
 
 void PruefeB5() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const VariantengruppeEintrag eintrag{.Code = TextFeld(30, 3, Zwingend),
-                                         .Bezeichnung = TextFeld(93, 30, Erwartet),
-                                         .Text = TextFeld(138, 30, Freiwillig),
-                                         .Primaervariante = TextFeld(135, 3, Zwingend),
-                                         .Reihenfolge = ReihenfolgeFeld(75, 7),
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                               // B5:2a
+    const VariantengruppeEintrag eintrag{.Code = TextFeld(30, 3, Zwingend),             // B5:8
+                                         .Bezeichnung = TextFeld(93, 30, Erwartet),     // B5:23
+                                         .Text = TextFeld(138, 30, Freiwillig),         // B5:24e
+                                         .Primaervariante = TextFeld(135, 3, Zwingend), // B5:24c-d
+                                         .Reihenfolge = ReihenfolgeFeld(75, 7),         // B5:20
                                          .Varianten = {}};
 
     if (GehoertDazu(nummer, {5, 3241, sia451Datei.VariantenVorhanden, 3242}) &&
@@ -279,24 +262,22 @@ void PruefeB5() {
 }
 
 void PruefeB6() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const TextSicht gruppe = TextFeld(30, 3, Zwingend);
-    const VarianteEintrag eintrag{.Code = TextFeld(33, 3, Zwingend),
-                                  .Bezeichnung = TextFeld(93, 30, Erwartet),
-                                  .Text = TextFeld(138, 30, Freiwillig),
-                                  .Reihenfolge = ReihenfolgeFeld(75, 7)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                    // B6:2a
+    const TextSicht gruppe = TextFeld(30, 3, Zwingend);                      // B6:8
+    const VarianteEintrag eintrag{.Code = TextFeld(33, 3, Zwingend),         // B6:9
+                                  .Bezeichnung = TextFeld(93, 30, Erwartet), // B6:23
+                                  .Text = TextFeld(138, 30, Freiwillig),     // B6:24e
+                                  .Reihenfolge = ReihenfolgeFeld(75, 7)};    // B6:20
 
     // Variants carry the number of the structure of their groups; there is no structure 6.
     if (nummer != 5) {
-        FehlerMelden(3251);
-        return;
+        return FehlerMelden(3251);
     }
 
     // The group shows that the structure exists.
     const std::int32_t index = sia451Datei.VariantenTabelle.Finde(gruppe);
     if (index < 0) {
-        FehlerMelden(3252);
-        return;
+        return FehlerMelden(3252);
     }
 
     CodeListe<VarianteEintrag>& liste = sia451Datei.VariantenTabelle[index].Varianten;
@@ -306,10 +287,10 @@ void PruefeB6() {
 }
 
 void PruefeB7() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const NutzungEintrag eintrag{.Code = TextFeld(168, 16, Zwingend),
-                                 .Bezeichnung = TextFeld(93, 30, Erwartet),
-                                 .Text = TextFeld(138, 30, Freiwillig)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                   // B7:2a
+    const NutzungEintrag eintrag{.Code = TextFeld(168, 16, Zwingend),       // B7:24f
+                                 .Bezeichnung = TextFeld(93, 30, Erwartet), // B7:23
+                                 .Text = TextFeld(138, 30, Freiwillig)};    // B7:24e
 
     if (GehoertDazu(nummer, {7, 3292, sia451Datei.NutzungVorhanden, 3293}) &&
         Eindeutig(sia451Datei.NutzungTabelle, eintrag, 3294)) {
@@ -318,10 +299,10 @@ void PruefeB7() {
 }
 
 void PruefeB8() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const RaumEintrag eintrag{.Code = TextFeld(188, 16, Zwingend),
-                              .Bezeichnung = TextFeld(93, 30, Erwartet),
-                              .Text = TextFeld(138, 30, Freiwillig)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                // B8:2a
+    const RaumEintrag eintrag{.Code = TextFeld(188, 16, Zwingend),       // B8:24g
+                              .Bezeichnung = TextFeld(93, 30, Erwartet), // B8:23
+                              .Text = TextFeld(138, 30, Freiwillig)};    // B8:24e
 
     if (GehoertDazu(nummer, {8, 3296, sia451Datei.RaumVorhanden, 3297}) &&
         Eindeutig(sia451Datei.RaumTabelle, eintrag, 3298)) {
@@ -330,9 +311,9 @@ void PruefeB8() {
 }
 
 void PruefeBEnde() {
-    PrimaervariantenPruefen();
+    PruefePrimaervarianten();
 
-    if (testDaten.Revision >= 12 && ReihenfolgeDoppelt(sia451Datei.GliederungReihenfolgen)) {
+    if (NeueSchnittstelle() && ReihenfolgeDoppelt(sia451Datei.GliederungReihenfolgen)) {
         testDaten.ZeilenNr = -1;
         FehlerMelden(3205);
     }

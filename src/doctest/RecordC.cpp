@@ -29,25 +29,25 @@ struct Konditionsbetraege {
     bool FristLeer = true; // C1:10
 };
 
-KonditionEintrag KonditionLesen(Konditionsbetraege& betraege) {
+KonditionEintrag LiesC1(Konditionsbetraege& betraege) {
     KonditionEintrag kondition;
-    kondition.Nummer = ZahlFeld(2, 3, Zwingend);
-    kondition.Stufe = ZahlFeld(6, 2, Zwingend);
-    kondition.Bezugsstufe = ZahlFeld(16, 2, Freiwillig);
-    kondition.Konditionsart = ZahlFeld(5, 1, Zwingend);
-    kondition.Berechnungsart = TextFeld(44, 1, Zwingend);
-    kondition.Beruecksichtigt = TextFeld(61, 1, Freiwillig);
-    kondition.Zahlungsfrist = ZahlFeld(36, 6, Freiwillig);
-    betraege.FristLeer = FeldLeer(36, 6);
-    betraege.Bezugsbetrag = BetragFeld(45, 46, 15, 5);
-    betraege.Prozentwert = BetragFeld(75, 76, 6, 2);
-    betraege.Konditionsbetrag = BetragFeld(62, 63, 12, 2);
-    kondition.Bezeichnung = TextFeld(93, 30, Freiwillig);
-    kondition.Text = TextFeld(138, 30, Freiwillig);
+    kondition.Nummer = ZahlFeld(2, 3, Zwingend);             // C1:2a
+    kondition.Stufe = ZahlFeld(6, 2, Zwingend);              // C1:2c
+    kondition.Bezugsstufe = ZahlFeld(16, 2, Freiwillig);     // C1:5
+    kondition.Konditionsart = ZahlFeld(5, 1, Zwingend);      // C1:2b
+    kondition.Berechnungsart = TextFeld(44, 1, Zwingend);    // C1:13
+    kondition.Beruecksichtigt = TextFeld(61, 1, Freiwillig); // C1:17
+    kondition.Zahlungsfrist = ZahlFeld(36, 6, Freiwillig);   // C1:10
+    betraege.FristLeer = FeldLeer(36, 6);                    // C1:10
+    betraege.Bezugsbetrag = BetragFeld(45, 46, 15, 5);       // C1:14, C1:15-16
+    betraege.Prozentwert = BetragFeld(75, 76, 6, 2);         // C1:20a, C1:20b
+    betraege.Konditionsbetrag = BetragFeld(62, 63, 12, 2);   // C1:18, C1:19
+    kondition.Bezeichnung = TextFeld(93, 30, Freiwillig);    // C1:23
+    kondition.Text = TextFeld(138, 30, Freiwillig);          // C1:24e
     return kondition;
 }
 
-void NummerUndStufenPruefen(const KonditionEintrag& kondition) {
+void PruefeNummerUndStufen(const KonditionEintrag& kondition) {
     if (kondition.Nummer < 1 || kondition.Nummer > 999) {
         FehlerMelden(5202);
     }
@@ -65,7 +65,7 @@ void NummerUndStufenPruefen(const KonditionEintrag& kondition) {
     }
 }
 
-void ArtPruefen(const KonditionEintrag& kondition, bool fristLeer) {
+void PruefeArt(const KonditionEintrag& kondition, bool fristLeer) {
     if (kondition.Konditionsart < 1 || kondition.Konditionsart > 5) {
         FehlerMelden(5221);
     }
@@ -93,7 +93,7 @@ std::int32_t LetzteStufeVorSteuer() {
     return erste > 0 ? tabelle[static_cast<std::size_t>(erste - 1)].Stufe : tabelle.back().Stufe;
 }
 
-void MehrwertsteuerPruefen(const KonditionEintrag& kondition) {
+void PruefeMehrwertsteuer(const KonditionEintrag& kondition) {
     if (kondition.Berechnungsart != u"%") {
         FehlerMelden(5261);
     }
@@ -121,8 +121,29 @@ void KonditionAnfuegen(const KonditionEintrag& kondition) {
 
 // --- C5
 
+EinschraenkungEintrag LiesC5() {
+    return {.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig),              // C5:6
+            .PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig),              // C5:7
+            .KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig),              // C5:21
+            .Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig),          // C5:22
+            .Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig), // C5:24b
+            .Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig),  // C5:8
+            .Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig),         // C5:9
+            .Kapitelangabe = TextFeld(8, 3, Freiwillig),                        // C5:3a
+            .Reihenfolge = ReihenfolgeFeld(136, 2)};                            // C5:24d
+}
+
+// Notes the order of a restriction of the condition; 0 stands for none.
+void PruefeReihenfolge(KonditionEintrag& kondition, std::int32_t reihenfolge) {
+    const std::size_t platz = Platz(reihenfolge);
+    if (reihenfolge != 0 && kondition.Reihenfolgen[platz]) {
+        FehlerMelden(5371);
+    }
+    kondition.Reihenfolgen.set(platz);
+}
+
 // The new interface restricts by object structure and cost type only, and without a joker.
-void NurOGLUndKAG(const EinschraenkungEintrag& einschraenkung) {
+void PruefeNurOGLUndKAG(const EinschraenkungEintrag& einschraenkung) {
     const bool nurOGLUndKAG = einschraenkung.PSL.empty() && einschraenkung.Element.empty() &&
                               einschraenkung.Einrichtungstyp.empty() && einschraenkung.Variantengruppe.empty() &&
                               einschraenkung.Variante.empty() && einschraenkung.Kapitelangabe.empty();
@@ -136,9 +157,8 @@ void NurOGLUndKAG(const EinschraenkungEintrag& einschraenkung) {
 } // namespace
 
 void PruefeC0() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    // Of the field's 15 columns the first 13 are the amount.
-    const Betrag betrag = BetragFeld(45, 46, 13, 3);
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // C0:2a
+    const Betrag betrag = BetragFeld(45, 46, 13, 3);      // C0:14, C0:15-16: of its 15 columns the first 13
 
     if (nummer != 0) {
         FehlerMelden(5101);
@@ -151,13 +171,13 @@ void PruefeC0() {
 
 void PruefeC1() {
     Konditionsbetraege betraege;
-    KonditionEintrag kondition = KonditionLesen(betraege);
+    KonditionEintrag kondition = LiesC1(betraege);
 
     if (!sia451Datei.BruttoVorhanden) {
         FehlerMelden(5201);
     }
-    NummerUndStufenPruefen(kondition);
-    ArtPruefen(kondition, betraege.FristLeer);
+    PruefeNummerUndStufen(kondition);
+    PruefeArt(kondition, betraege.FristLeer);
 
     kondition.Bezugsbetrag =
         MitVorzeichen(betraege.Bezugsbetrag, {.Unzulaessig = 5231, .BetragFehlt = 5232, .VorzeichenFehlt = 5233});
@@ -166,52 +186,33 @@ void PruefeC1() {
     kondition.Konditionsbetrag =
         MitVorzeichen(betraege.Konditionsbetrag, {.Unzulaessig = 5251, .BetragFehlt = 5252, .VorzeichenFehlt = 5253});
 
-    if (testDaten.Revision >= 12 && kondition.Konditionsart == Mehrwertsteuer) {
-        MehrwertsteuerPruefen(kondition);
+    if (NeueSchnittstelle() && kondition.Konditionsart == Mehrwertsteuer) {
+        PruefeMehrwertsteuer(kondition);
     }
     KonditionAnfuegen(kondition);
 }
 
 void PruefeC5() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const EinschraenkungEintrag einschraenkung{.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig),
-                                               .PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig),
-                                               .KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig),
-                                               .Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig),
-                                               .Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig),
-                                               .Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig),
-                                               .Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig),
-                                               .Kapitelangabe = TextFeld(8, 3, Freiwillig),
-                                               .Reihenfolge = ReihenfolgeFeld(136, 2)};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // C5:2a
+    const EinschraenkungEintrag einschraenkung = LiesC5();
 
     const auto erste = sia451Datei.KonditionNachNummer.find(nummer);
     if (erste == sia451Datei.KonditionNachNummer.end()) {
-        FehlerMelden(5301);
-        return;
+        return FehlerMelden(5301);
     }
     KonditionEintrag& kondition = sia451Datei.KonditionTabelle[static_cast<std::size_t>(erste->second)];
 
-    VerweisePruefen(einschraenkung, {.OGLUnbekannt = 5311,
-                                     .PSLOhneOGL = 5312,
-                                     .PSLBeiJoker = 5313,
-                                     .PSLUnbekannt = 5314,
-                                     .KAGUnbekannt = 5321,
-                                     .ElementUnbekannt = 5331,
-                                     .GruppeUnbekannt = 5341,
-                                     .VarianteOhneGruppe = 5342,
-                                     .VarianteBeiJoker = 5343,
-                                     .VarianteUnbekannt = 5344});
-    VerweisPruefen(einschraenkung.Einrichtungstyp, EinrichtungGefunden, 5351);
-    VerweisPruefen(einschraenkung.Kapitelangabe, KapitelGefunden, 5361);
-
-    const std::size_t reihenfolge = Platz(einschraenkung.Reihenfolge);
-    if (reihenfolge != 0 && kondition.Reihenfolgen[reihenfolge]) {
-        FehlerMelden(5371);
-    }
-    kondition.Reihenfolgen.set(reihenfolge);
-
-    if (testDaten.Revision >= 12) {
-        NurOGLUndKAG(einschraenkung);
+    PruefeVerweise(einschraenkung, {.OGL = 5311,
+                                    .PSL = {5312, 5313, 5314},
+                                    .KAG = 5321,
+                                    .Element = 5331,
+                                    .Variantengruppe = 5341,
+                                    .Variante = {5342, 5343, 5344}});
+    PruefeVerweis(einschraenkung.Einrichtungstyp, EinrichtungGefunden, 5351);
+    PruefeVerweis(einschraenkung.Kapitelangabe, KapitelGefunden, 5361);
+    PruefeReihenfolge(kondition, einschraenkung.Reihenfolge);
+    if (NeueSchnittstelle()) {
+        PruefeNurOGLUndKAG(einschraenkung);
     }
     kondition.Einschraenkungen.push_back(einschraenkung);
 }

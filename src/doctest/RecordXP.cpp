@@ -8,14 +8,14 @@ namespace zepholt {
 
 namespace {
 
-void AnhangPruefen(bool hatZeile) {
-    ZahlFeld(2, 3, Zwingend);
-    ZahlFeld(8, 6, Zwingend);
-    const std::int32_t variable = ZahlFeld(14, 2, Freiwillig);
+void PruefeAnhang(bool hatZeile) {
+    ZahlFeld(2, 3, Zwingend);                                  // 2a
+    ZahlFeld(8, 6, Zwingend);                                  // 3
+    const std::int32_t variable = ZahlFeld(14, 2, Freiwillig); // 4
     if (hatZeile) {
-        ZahlFeld(16, 2, Zwingend);
+        ZahlFeld(16, 2, Zwingend); // 5
     }
-    TextFeld(93, 164, Zwingend);
+    TextFeld(93, 164, Zwingend); // 23
 
     // A bad number reads 0 and gives both 3001 and this.
     if (!TextFeld(14, 2, Freiwillig).empty() && variable == 0) {
@@ -26,19 +26,19 @@ void AnhangPruefen(bool hatZeile) {
 } // namespace
 
 void PruefeX4() {
-    AnhangPruefen(true);
+    PruefeAnhang(true);
 }
 
 void PruefeX5() {
-    AnhangPruefen(true);
+    PruefeAnhang(true);
 }
 
 void PruefeP(std::int32_t nummer) {
-    AnhangPruefen(nummer >= 3);
+    PruefeAnhang(nummer >= 3);
     if (nummer != 1) {
         return;
     }
-    const TextSicht code = TextFeld(43, 1, Freiwillig);
+    const TextSicht code = TextFeld(43, 1, Freiwillig); // P1:12
     if (!code.empty() && code != u"0" && code != u"1") {
         FehlerMelden(4282);
     }

@@ -1,5 +1,5 @@
-// The test of a record's references into the structure tables, as cost accounts and restrictions of conditions share
-// it.
+// The test of references into the structure tables, as cost accounts, restrictions of conditions, assignments and
+// quantities share it. Nothing here stops a record test.
 #pragma once
 
 #include "errors/TestFehler.h"
@@ -7,52 +7,54 @@
 
 namespace zepholt {
 
-// The codes of each reference, in the order of the checks.
-struct VerweisCodes {
-    std::int32_t OGLUnbekannt;
-    std::int32_t PSLOhneOGL;
-    std::int32_t PSLBeiJoker;
-    std::int32_t PSLUnbekannt;
-    std::int32_t KAGUnbekannt;
-    std::int32_t ElementUnbekannt;
-    std::int32_t GruppeUnbekannt;
-    std::int32_t VarianteOhneGruppe;
-    std::int32_t VarianteBeiJoker;
-    std::int32_t VarianteUnbekannt;
+// The codes of a reference of the second level, of which at most one is reported.
+struct UnterverweisCodes {
+    std::int32_t OhneOberen;
+    std::int32_t BeiJoker; // the reference above has a joker; 0 where that is no fault of this one
+    std::int32_t Unbekannt;
 };
 
-// A reference of the second level: reports at most one of the three codes. It needs its owner, and one without a joker.
-inline void UnterverweisPruefen(TextSicht ueber, TextSicht unter, bool (*gefunden)(TextSicht, TextSicht),
-                                std::int32_t ohneUeber, std::int32_t beiJoker, std::int32_t unbekannt) {
-    if (unter.empty()) {
-        return;
-    }
-    if (ueber.empty()) {
-        FehlerMelden(ohneUeber);
-    } else if (HatJoker(ueber)) {
-        FehlerMelden(beiJoker);
-    } else if (!gefunden(ueber, unter)) {
-        FehlerMelden(unbekannt);
-    }
-}
+// The codes of the six references that all of them have, in the order of the checks.
+struct VerweisCodes {
+    std::int32_t OGL;
+    UnterverweisCodes PSL;
+    std::int32_t KAG;
+    std::int32_t Element;
+    std::int32_t Variantengruppe;
+    UnterverweisCodes Variante;
+};
 
-// A reference of the first level, reported when it is given and not found.
-inline void VerweisPruefen(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t unbekannt) {
+// A reference of the first level, reported as `unbekannt` when it is given and not found.
+inline void PruefeVerweis(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t unbekannt) {
     if (!code.empty() && !gefunden(code)) {
         FehlerMelden(unbekannt);
     }
 }
 
-// Tests the six references of an entry; nothing stops it.
+// A reference of the second level, below `oberer`.
+inline void PruefeUnterverweis(TextSicht oberer, TextSicht code, bool (*gefunden)(TextSicht, TextSicht),
+                               const UnterverweisCodes& codes) {
+    if (code.empty()) {
+        return;
+    }
+    if (oberer.empty()) {
+        FehlerMelden(codes.OhneOberen);
+    } else if (codes.BeiJoker != 0 && HatJoker(oberer)) {
+        FehlerMelden(codes.BeiJoker);
+    } else if (!gefunden(oberer, code)) {
+        FehlerMelden(codes.Unbekannt);
+    }
+}
+
+// The six references of an entry.
 template <class Eintrag>
-void VerweisePruefen(const Eintrag& eintrag, const VerweisCodes& codes) {
-    VerweisPruefen(eintrag.OGL, OGLGefunden, codes.OGLUnbekannt);
-    UnterverweisPruefen(eintrag.OGL, eintrag.PSL, PSLGefunden, codes.PSLOhneOGL, codes.PSLBeiJoker, codes.PSLUnbekannt);
-    VerweisPruefen(eintrag.KAG, KAGGefunden, codes.KAGUnbekannt);
-    VerweisPruefen(eintrag.Element, EKGGefunden, codes.ElementUnbekannt);
-    VerweisPruefen(eintrag.Variantengruppe, VariantengruppeGefunden, codes.GruppeUnbekannt);
-    UnterverweisPruefen(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, codes.VarianteOhneGruppe,
-                        codes.VarianteBeiJoker, codes.VarianteUnbekannt);
+void PruefeVerweise(const Eintrag& eintrag, const VerweisCodes& codes) {
+    PruefeVerweis(eintrag.OGL, OGLGefunden, codes.OGL);
+    PruefeUnterverweis(eintrag.OGL, eintrag.PSL, PSLGefunden, codes.PSL);
+    PruefeVerweis(eintrag.KAG, KAGGefunden, codes.KAG);
+    PruefeVerweis(eintrag.Element, EKGGefunden, codes.Element);
+    PruefeVerweis(eintrag.Variantengruppe, VariantengruppeGefunden, codes.Variantengruppe);
+    PruefeUnterverweis(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, codes.Variante);
 }
 
 } // namespace zepholt

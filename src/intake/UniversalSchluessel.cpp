@@ -43,10 +43,6 @@ constexpr std::size_t TeileAlt = 14;
 constexpr std::size_t BreiteAlt = 56;
 constexpr std::size_t BreiteNeu = 88;
 
-bool NeueSchnittstelle() {
-    return testDaten.Revision >= 12;
-}
-
 std::size_t Breite() {
     return NeueSchnittstelle() ? BreiteNeu : BreiteAlt;
 }

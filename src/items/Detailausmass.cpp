@@ -18,13 +18,13 @@ bool NummerGueltig(std::int32_t nummer) {
 
 void PruefeDetailausmass(std::int32_t kapitel, std::int32_t position, std::int32_t menge) {
     DetailEintrag eintrag;
-    eintrag.Gruppe = ZahlFeld(14, 2, Zwingend);
-    eintrag.DetailZeile = ZahlFeld(16, 2, Zwingend);
-    eintrag.Text1 = TextFeld(93, 30, Freiwillig);
-    eintrag.Text2 = TextFeld(138, 30, Freiwillig);
-    eintrag.Text3 = TextFeld(208, 30, Freiwillig);
-    const TextSicht mengenart = TextFeld(44, 1, Zwingend);
-    const Betrag betrag = BetragFeld(45, 46, 13, 3);
+    eintrag.Gruppe = ZahlFeld(14, 2, Zwingend);            // G6:4
+    eintrag.DetailZeile = ZahlFeld(16, 2, Zwingend);       // G6:5
+    eintrag.Text1 = TextFeld(93, 30, Freiwillig);          // G6:23
+    eintrag.Text2 = TextFeld(138, 30, Freiwillig);         // G6:24e
+    eintrag.Text3 = TextFeld(208, 30, Freiwillig);         // G6:24h
+    const TextSicht mengenart = TextFeld(44, 1, Zwingend); // G6:13
+    const Betrag betrag = BetragFeld(45, 46, 13, 3);       // G6:14, G6:15
 
     if (mengenart != u"A") {
         FehlerMelden(4693);

@@ -77,7 +77,7 @@ void PruefeVorbemerkungen(std::int32_t index, GeladenesKapitel& geladen) {
             if (SuchePosition(index, vorbemerkung) == -1) {
                 MeldenAn(4741, kapitel, position);
             }
-            if (testDaten.Revision >= 12 && !ImGueltigkeitsbereich(kapitel.Nummer, position.Nummer, vorbemerkung) &&
+            if (NeueSchnittstelle() && !ImGueltigkeitsbereich(kapitel.Nummer, position.Nummer, vorbemerkung) &&
                 !ImKatalogGeltungsbereich(kapitel.Nummer, position.Nummer, vorbemerkung, geladen)) {
                 MeldenAn(4742, kapitel, position);
             }

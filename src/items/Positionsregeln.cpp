@@ -36,7 +36,7 @@ double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::in
 }
 
 void PruefePreisart(TextSicht preisart) {
-    if (testDaten.Revision >= 12 && TextSicht(u"AFINR").find(preisart) == TextSicht::npos) {
+    if (NeueSchnittstelle() && TextSicht(u"AFINR").find(preisart) == TextSicht::npos) {
         FehlerMelden(4521); // an empty kind is found in any set
     }
 }

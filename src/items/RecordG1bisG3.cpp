@@ -36,15 +36,6 @@ std::int32_t FehlerDerZiffern(std::int32_t kapitel, std::int32_t position) {
     return position == 0 && !IstReserveKapitel(kapitel) ? 4216 : 0;
 }
 
-std::int32_t UebergeordnetePosition(std::int32_t position) {
-    for (const std::int32_t stufe : {1000, 10000}) {
-        if (position % stufe != 0) {
-            return position / stufe * stufe;
-        }
-    }
-    return position / 100000 * 100000;
-}
-
 // True when the superior position of a position that is no section is of the user's own making, and missing. A reserve
 // sub-position sub-group needs its group too.
 bool ReservepositionFehlt(std::int32_t kapitelIndex, std::int32_t kapitel, std::int32_t position) {
@@ -82,7 +73,7 @@ void PruefeEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegep
     if (variable.Einfuegepunkt != 0) {
         FehlerMelden(4307);
     }
-    if (testDaten.Revision >= 12 && variable.Nummer == 0) {
+    if (NeueSchnittstelle() && variable.Nummer == 0) {
         FehlerMelden(4321);
     }
     if (einfuegepunkt > 30) {
@@ -90,13 +81,35 @@ void PruefeEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegep
     }
 }
 
+struct Variablenzeile {
+    std::int32_t Kapitel;
+    std::int32_t Position;
+    std::int32_t Variable;
+    std::int32_t Zeile;
+    TextSicht Text;
+    TextSicht AlternativCode;
+    std::int32_t Einfuegepunkt;
+    TextSicht Kennzeichnung;
+};
+
+Variablenzeile LiesG3() {
+    return {.Kapitel = ZahlFeld(2, 3, Zwingend),            // G3:2a
+            .Position = ZahlFeld(8, 6, Zwingend),           // G3:3
+            .Variable = ZahlFeld(14, 2, Zwingend),          // G3:4
+            .Zeile = ZahlFeld(16, 2, Zwingend),             // G3:5
+            .Text = TextFeld(93, 30, Freiwillig),           // G3:23
+            .AlternativCode = TextFeld(135, 1, Freiwillig), // G3:24c
+            .Einfuegepunkt = ZahlFeld(136, 2, Freiwillig),  // G3:24d
+            .Kennzeichnung = TextFeld(43, 1, Freiwillig)};  // G3:12
+}
+
 } // namespace
 
 void PruefeG1() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);
-    const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);
-    const TextSicht titel = TextFeld(93, 30, Erwartet);
-    const TextSicht zusatztext = TextFeld(138, 30, Freiwillig);
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);       // G1:2a
+    const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);         // G1:2c
+    const TextSicht titel = TextFeld(93, 30, Erwartet);         // G1:23
+    const TextSicht zusatztext = TextFeld(138, 30, Freiwillig); // G1:24e
 
     if (!KapitelnummerErlaubt(nummer)) {
         return FehlerMelden(4101);
@@ -119,10 +132,10 @@ void PruefeG1() {
 }
 
 void PruefeG2() {
-    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
-    const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);
-    const TextSicht text = TextFeld(93, 30, Freiwillig);
-    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig);
+    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);       // G2:2a
+    const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);        // G2:3
+    const TextSicht text = TextFeld(93, 30, Freiwillig);         // G2:23
+    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig); // G2:12
 
     const std::int32_t kapitelIndex = SucheKapitel(kapitel);
     if (kapitelIndex == -1) {
@@ -134,7 +147,7 @@ void PruefeG2() {
     if (const std::int32_t fehler = FehlerDerZiffern(kapitel, nummer); fehler != 0) {
         return FehlerMelden(fehler);
     }
-    if (testDaten.Revision >= 12 && nummer % 100000 != 0 && ReservepositionFehlt(kapitelIndex, kapitel, nummer)) {
+    if (NeueSchnittstelle() && nummer % 100000 != 0 && ReservepositionFehlt(kapitelIndex, kapitel, nummer)) {
         return FehlerMelden(4217);
     }
     if (SuchePosition(kapitelIndex, nummer) != -1) {
@@ -149,43 +162,36 @@ void PruefeG2() {
 }
 
 void PruefeG3() {
-    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
-    const std::int32_t position = ZahlFeld(8, 6, Zwingend);
-    const std::int32_t nummer = ZahlFeld(14, 2, Zwingend);
-    const std::int32_t zeile = ZahlFeld(16, 2, Zwingend);
-    const TextSicht text = TextFeld(93, 30, Freiwillig);
-    const TextSicht alternativCode = TextFeld(135, 1, Freiwillig);
-    const std::int32_t einfuegepunkt = ZahlFeld(136, 2, Freiwillig);
-    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig);
+    const Variablenzeile satz = LiesG3();
 
-    const std::optional<Positionsort> ort = SucheOrt(kapitel, position, 4301, 4302);
+    const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4301, 4302);
     if (!ort) {
         return;
     }
-    if (nummer != 0 && position % 1000 == 0) {
+    if (satz.Variable != 0 && satz.Position % 1000 == 0) {
         FehlerMelden(4308);
     }
 
     // The variable stays, also when its line is refused.
-    const std::int32_t index = VariableAnlegen(*ort, nummer);
+    const std::int32_t index = VariableAnlegen(*ort, satz.Variable);
     VariableEintrag& variable = ort->Eintrag().Variablen[static_cast<std::size_t>(index)];
-    if (SucheZeile(ort->Kapitel, ort->Position, index, zeile) != -1) {
+    if (SucheZeile(ort->Kapitel, ort->Position, index, satz.Zeile) != -1) {
         return FehlerMelden(4303);
     }
-    if (zeile != 1 && SucheZeile(ort->Kapitel, ort->Position, index, 1) == -1) {
+    if (satz.Zeile != 1 && SucheZeile(ort->Kapitel, ort->Position, index, 1) == -1) {
         FehlerMelden(4304);
     }
-    if (testDaten.Revision >= 12 && !alternativCode.empty()) {
+    if (NeueSchnittstelle() && !satz.AlternativCode.empty()) {
         FehlerMelden(4311);
     }
-    PruefeEinfuegepunkt(variable, einfuegepunkt);
-    PruefeKennzeichnung(kennzeichnung);
+    PruefeEinfuegepunkt(variable, satz.Einfuegepunkt);
+    PruefeKennzeichnung(satz.Kennzeichnung);
 
-    variable.AlternativCode = {};           // obsolete: dropped in both interfaces
-    variable.Einfuegepunkt = einfuegepunkt; // also with 0: the checks that follow see the last line only
-    variable.LetzteZeile = zeile;
-    variable.ZeilenTexte.push_back(text);
-    variable.ZeilenNrn.push_back(zeile);
+    variable.AlternativCode = {};                // obsolete: dropped in both interfaces
+    variable.Einfuegepunkt = satz.Einfuegepunkt; // also with 0: the checks that follow see the last line only
+    variable.LetzteZeile = satz.Zeile;
+    variable.ZeilenTexte.push_back(satz.Text);
+    variable.ZeilenNrn.push_back(satz.Zeile);
 }
 
 } // namespace zepholt

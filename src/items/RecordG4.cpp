@@ -2,6 +2,7 @@
 
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
+#include "doctest/Verweispruefung.h"
 #include "errors/TestFehler.h"
 #include "items/Positionsregeln.h"
 #include "items/TestFunktionen.h"
@@ -22,22 +23,22 @@ struct Zuordnungssatz {
     ZuordnungEintrag Eintrag;
 };
 
-Zuordnungssatz LiesZuordnung() {
+Zuordnungssatz LiesG4() {
     Zuordnungssatz satz = {};
     ZuordnungEintrag& eintrag = satz.Eintrag;
-    satz.Kapitel = ZahlFeld(2, 3, Zwingend);
-    satz.Position = ZahlFeld(8, 6, Zwingend);
-    eintrag.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig);
-    eintrag.PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig);
-    eintrag.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig);
-    eintrag.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);
-    eintrag.KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig);
-    eintrag.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);
-    eintrag.Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig);
-    satz.Spezifikation = TextFeld(135, 1, Freiwillig);
-    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);
-    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);
-    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2); // 3208
+    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                   // G4:2a
+    satz.Position = ZahlFeld(8, 6, Zwingend);                                  // G4:3
+    eintrag.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig);              // G4:6
+    eintrag.PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig);              // G4:7
+    eintrag.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig);  // G4:8
+    eintrag.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);         // G4:9
+    eintrag.KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig);              // G4:21
+    eintrag.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);          // G4:22
+    eintrag.Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig); // G4:24b
+    satz.Spezifikation = TextFeld(135, 1, Freiwillig);                         // G4:24c
+    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);        // G4:24f
+    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);           // G4:24g
+    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2);                             // G4:24d, 3208
     return satz;
 }
 
@@ -49,74 +50,48 @@ bool SternGesetzt(TextSicht spezifikation) {
     return spezifikation == u"*";
 }
 
-// A reference to one structure, and behind it the fault of a furnishing detail that does not go with it.
-void PruefeBezug(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t nichtDefiniert, bool spezifikationFalsch,
-                 std::int32_t codeSpezifikation) {
-    if (code.empty()) {
-        return;
-    }
-    if (!gefunden(code)) {
-        FehlerMelden(nichtDefiniert);
-    }
-    if (spezifikationFalsch) {
+// A reference of the first level, and behind it the fault of a furnishing detail that does not go with it.
+void PruefeMitSpezifikation(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t unbekannt,
+                            bool spezifikationFalsch, std::int32_t codeSpezifikation) {
+    PruefeVerweis(code, gefunden, unbekannt);
+    if (!code.empty() && spezifikationFalsch) {
         FehlerMelden(codeSpezifikation);
     }
 }
 
-struct UnterbezugCodes {
-    std::int32_t ObererFehlt;
-    std::int32_t ObererMitJoker;
-    std::int32_t NichtDefiniert;
-};
-
-// A reference below another one: at most one fault.
-void PruefeUnterbezug(TextSicht oberer, TextSicht code, bool (*gefunden)(TextSicht, TextSicht),
-                      const UnterbezugCodes& codes) {
-    if (code.empty()) {
-        return;
-    }
-    if (oberer.empty()) {
-        FehlerMelden(codes.ObererFehlt);
-    } else if (HatJoker(oberer)) {
-        FehlerMelden(codes.ObererMitJoker);
-    } else if (!gefunden(oberer, code)) {
-        FehlerMelden(codes.NichtDefiniert);
-    }
-}
-
-void PruefeBezuege(const ZuordnungEintrag& eintrag, bool stern, bool einrichtungErlaubt) {
+void PruefeG4Verweise(const ZuordnungEintrag& eintrag, bool stern, bool einrichtungErlaubt) {
     // The star belongs to the furnishing type: one without the other is a fault in a chapter that has no furnishing.
     const bool zuViel = stern && !einrichtungErlaubt;
     const bool zuWenig = !stern && !einrichtungErlaubt;
 
-    PruefeBezug(eintrag.OGL, OGLGefunden, 4411, zuViel, 4412);
-    PruefeUnterbezug(eintrag.OGL, eintrag.PSL, PSLGefunden, {4413, 4414, 4415});
-    PruefeBezug(eintrag.KAG, KAGGefunden, 4421, zuViel, 4422);
-    PruefeBezug(eintrag.Element, EKGGefunden, 4431, zuViel, 4432);
-    PruefeBezug(eintrag.Variantengruppe, VariantengruppeGefunden, 4441, zuViel, 4442);
-    PruefeUnterbezug(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, {4443, 4444, 4445});
-    PruefeBezug(eintrag.Einrichtungstyp, EinrichtungGefunden, 4451, zuWenig, 4452);
-    PruefeBezug(eintrag.Nutzung, NutzungGefunden, 4491, zuViel, 4492);
-    PruefeBezug(eintrag.Raum, RaumGefunden, 4495, zuViel, 4496);
+    PruefeMitSpezifikation(eintrag.OGL, OGLGefunden, 4411, zuViel, 4412);
+    PruefeUnterverweis(eintrag.OGL, eintrag.PSL, PSLGefunden, {4413, 4414, 4415});
+    PruefeMitSpezifikation(eintrag.KAG, KAGGefunden, 4421, zuViel, 4422);
+    PruefeMitSpezifikation(eintrag.Element, EKGGefunden, 4431, zuViel, 4432);
+    PruefeMitSpezifikation(eintrag.Variantengruppe, VariantengruppeGefunden, 4441, zuViel, 4442);
+    PruefeUnterverweis(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, {4443, 4444, 4445});
+    PruefeMitSpezifikation(eintrag.Einrichtungstyp, EinrichtungGefunden, 4451, zuWenig, 4452);
+    PruefeMitSpezifikation(eintrag.Nutzung, NutzungGefunden, 4491, zuViel, 4492);
+    PruefeMitSpezifikation(eintrag.Raum, RaumGefunden, 4495, zuViel, 4496);
 }
 
-bool HatJokerBezug(const ZuordnungEintrag& eintrag) {
-    const std::array<TextSicht, 9> bezuege = {eintrag.OGL,
-                                              eintrag.PSL,
-                                              eintrag.KAG,
-                                              eintrag.Element,
-                                              eintrag.Variantengruppe,
-                                              eintrag.Variante,
-                                              eintrag.Einrichtungstyp,
-                                              eintrag.Nutzung,
-                                              eintrag.Raum};
-    return std::ranges::any_of(bezuege, HatJoker);
+bool HatVerweisMitJoker(const ZuordnungEintrag& eintrag) {
+    const std::array<TextSicht, 9> verweise = {eintrag.OGL,
+                                               eintrag.PSL,
+                                               eintrag.KAG,
+                                               eintrag.Element,
+                                               eintrag.Variantengruppe,
+                                               eintrag.Variante,
+                                               eintrag.Einrichtungstyp,
+                                               eintrag.Nutzung,
+                                               eintrag.Raum};
+    return std::ranges::any_of(verweise, HatJoker);
 }
 
 } // namespace
 
 void PruefeG4() {
-    const Zuordnungssatz satz = LiesZuordnung();
+    const Zuordnungssatz satz = LiesG4();
     const ZuordnungEintrag& eintrag = satz.Eintrag;
 
     const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4401, 4402);
@@ -129,11 +104,11 @@ void PruefeG4() {
     PositionEintrag& position = ort->Eintrag();
 
     const bool stern = SternGesetzt(satz.Spezifikation);
-    PruefeBezuege(eintrag, stern, EinrichtungErlaubt(satz.Kapitel));
+    PruefeG4Verweise(eintrag, stern, EinrichtungErlaubt(satz.Kapitel));
     if (ReihenfolgeVergeben(position, eintrag.Reihenfolge)) {
         FehlerMelden(4471);
     }
-    if (testDaten.Revision >= 12 && HatJokerBezug(eintrag)) {
+    if (NeueSchnittstelle() && HatVerweisMitJoker(eintrag)) {
         FehlerMelden(4481);
     }
 

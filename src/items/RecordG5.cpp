@@ -5,9 +5,22 @@
 #include "items/Positionsregeln.h"
 #include "state/Verweise.h"
 
+#include <array>
+
 namespace zepholt {
 
 namespace {
+
+// The unit codes of one language of the file; a blank before every code and behind the last.
+struct Einheitenliste {
+    TextSicht Einheiten;
+    TextSicht PauschalEinheiten;
+};
+constexpr std::array<Einheitenliste, 3> Einheitenlisten = {{
+    {u" St Pr m m2 m3 kg t h d Wo Mt l hl S Kb Kr Ro % %o kJ pl gl LE ", u" Pr S Kb Kr Ro "},
+    {u" p pa m m2 m3 kg t h d se ms l hl sa su br ro % %o kJ f gl up ", u" pa sa su br ro "},
+    {u" pz pa m m2 m3 kg t h d st ms l hl sa se ca ro % %o kJ ac gl up ", u" pa sa se ca ro "},
+}};
 
 // True when the unit stands in a list that has a blank before every code and behind the last.
 bool EinheitIn(TextSicht einheiten, TextSicht einheit) {
@@ -33,12 +46,21 @@ void PruefeEinheit(TextSicht einheit, std::int32_t kapitel, std::int32_t version
 
 } // namespace
 
+void EinheitenSetzen() {
+    const std::int32_t sprache = sia451Datei.Sprachcode;
+    if (sprache >= 1 && sprache <= 3) {
+        const Einheitenliste& liste = Einheitenlisten[static_cast<std::size_t>(sprache - 1)];
+        sia451Datei.Einheiten = liste.Einheiten;
+        sia451Datei.PauschalEinheiten = liste.PauschalEinheiten;
+    }
+}
+
 void PruefeG5() {
-    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);
-    const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);
-    const TextSicht einheit = TextFeld(59, 2, Freiwillig);
-    const Betrag preis = BetragFeld(62, 63, 12, 2);
-    const TextSicht preisart = TextFeld(61, 1, Freiwillig);
+    const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);  // G5:2a
+    const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);   // G5:3
+    const TextSicht einheit = TextFeld(59, 2, Freiwillig);  // G5:16
+    const Betrag preis = BetragFeld(62, 63, 12, 2);         // G5:18, G5:19
+    const TextSicht preisart = TextFeld(61, 1, Freiwillig); // G5:17
 
     const std::optional<Positionsort> ort = SucheOrt(kapitel, nummer, 4501, 4502);
     if (!ort) {

@@ -5,6 +5,7 @@
 
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
+#include "doctest/Verweispruefung.h"
 #include "errors/TestFehler.h"
 #include "items/Positionsregeln.h"
 #include "items/TestFunktionen.h"
@@ -32,29 +33,29 @@ TextSicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
     return SchluesselFeld(spalte, laenge, JokerVerboten, Freiwillig);
 }
 
-Mengensatz LiesMenge() {
+Mengensatz LiesG6() {
     Mengensatz satz = {};
     MengeEintrag& eintrag = satz.Eintrag;
-    satz.Kapitel = ZahlFeld(2, 3, Zwingend);
-    satz.Position = ZahlFeld(8, 6, Zwingend);
-    satz.IstDetail = !FeldLeer(16, 2) || !FeldLeer(14, 2);
-    eintrag.OGL = Schluessel(18, 6);
-    eintrag.PSL = Schluessel(24, 6);
-    eintrag.Variantengruppe = Schluessel(30, 3);
-    eintrag.Variante = Schluessel(33, 3);
-    eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);
-    eintrag.Mengenart = satz.IstDetail ? TextSicht() : TextFeld(44, 1, Zwingend);
-    satz.Menge = BetragFeld(45, 46, 13, 3);
-    satz.Preis = BetragFeld(62, 63, 12, 2);
-    eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);
-    eintrag.KAG = Schluessel(82, 5);
-    eintrag.Element = Schluessel(87, 6);
-    eintrag.Vorbemerkung = ZahlFeld(123, 6, Freiwillig);
-    eintrag.Einrichtungstyp = Schluessel(129, 6);
-    satz.Preisart = TextFeld(61, 1, Freiwillig);
-    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);
-    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);
-    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2); // 3208
+    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                      // G6:2a
+    satz.Position = ZahlFeld(8, 6, Zwingend);                                     // G6:3
+    satz.IstDetail = !FeldLeer(16, 2) || !FeldLeer(14, 2);                        // G6:5, G6:4
+    eintrag.OGL = Schluessel(18, 6);                                              // G6:6
+    eintrag.PSL = Schluessel(24, 6);                                              // G6:7
+    eintrag.Variantengruppe = Schluessel(30, 3);                                  // G6:8
+    eintrag.Variante = Schluessel(33, 3);                                         // G6:9
+    eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);                             // G6:10
+    eintrag.Mengenart = satz.IstDetail ? TextSicht() : TextFeld(44, 1, Zwingend); // G6:13
+    satz.Menge = BetragFeld(45, 46, 13, 3);                                       // G6:14, G6:15
+    satz.Preis = BetragFeld(62, 63, 12, 2);                                       // G6:18, G6:19
+    eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
+    eintrag.KAG = Schluessel(82, 5);                                              // G6:21
+    eintrag.Element = Schluessel(87, 6);                                          // G6:22
+    eintrag.Vorbemerkung = ZahlFeld(123, 6, Freiwillig);                          // G6:24a
+    eintrag.Einrichtungstyp = Schluessel(129, 6);                                 // G6:24b
+    satz.Preisart = TextFeld(61, 1, Freiwillig);                                  // G6:17
+    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);           // G6:24f
+    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);              // G6:24g
+    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2);                                // G6:24d, 3208
     return satz;
 }
 
@@ -64,7 +65,7 @@ bool ArtIn(TextSicht arten, TextSicht art) {
 }
 
 void PruefeMengenart(TextSicht art) {
-    const bool neu = testDaten.Revision >= 12;
+    const bool neu = NeueSchnittstelle();
     if (!ArtIn(neu ? u"ABCDJKLMQRSUW" : u"ABCJKLQRSW", art)) {
         FehlerMelden(4611);
     }
@@ -98,7 +99,7 @@ void PruefePreis(Mengensatz& satz) {
 void PruefeOhnePreis(Mengensatz& satz) {
     satz.Eintrag.Preis = satz.Preis.Wert;
     const bool mitPreis = !satz.Preis.Vorzeichen.empty() || !satz.Preis.Leer;
-    if (testDaten.Revision >= 12) {
+    if (NeueSchnittstelle()) {
         if (mitPreis || !satz.Preisart.empty()) {
             FehlerMelden(4624);
         }
@@ -120,34 +121,16 @@ void PruefeEinfacheMenge(Mengensatz& satz, const PositionEintrag& position) {
     }
 }
 
-void PruefeBezug(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t nichtDefiniert) {
-    if (!code.empty() && !gefunden(code)) {
-        FehlerMelden(nichtDefiniert);
-    }
-}
-
-void PruefeUnterbezug(TextSicht oberer, TextSicht code, bool (*gefunden)(TextSicht, TextSicht),
-                      std::int32_t obererFehlt, std::int32_t nichtDefiniert) {
-    if (code.empty()) {
-        return;
-    }
-    if (oberer.empty()) {
-        FehlerMelden(obererFehlt);
-    } else if (!gefunden(oberer, code)) {
-        FehlerMelden(nichtDefiniert);
-    }
-}
-
-void PruefeBezuege(const MengeEintrag& menge) {
-    PruefeBezug(menge.OGL, OGLGefunden, 4631);
-    PruefeUnterbezug(menge.OGL, menge.PSL, PSLGefunden, 4632, 4633);
-    PruefeBezug(menge.KAG, KAGGefunden, 4641);
-    PruefeBezug(menge.Element, EKGGefunden, 4651);
-    PruefeBezug(menge.Variantengruppe, VariantengruppeGefunden, 4661);
-    PruefeUnterbezug(menge.Variantengruppe, menge.Variante, VarianteGefunden, 4662, 4663);
-    PruefeBezug(menge.Einrichtungstyp, EinrichtungGefunden, 4671);
-    PruefeBezug(menge.Nutzung, NutzungGefunden, 4674);
-    PruefeBezug(menge.Raum, RaumGefunden, 4677);
+void PruefeG6Verweise(const MengeEintrag& menge) {
+    PruefeVerweise(menge, {.OGL = 4631,
+                           .PSL = {4632, 0, 4633},
+                           .KAG = 4641,
+                           .Element = 4651,
+                           .Variantengruppe = 4661,
+                           .Variante = {4662, 0, 4663}});
+    PruefeVerweis(menge.Einrichtungstyp, EinrichtungGefunden, 4671);
+    PruefeVerweis(menge.Nutzung, NutzungGefunden, 4674);
+    PruefeVerweis(menge.Raum, RaumGefunden, 4677);
 }
 
 // The running number, unique in the whole document. In the new interface a value of 0 counts as taken and leaves the
@@ -156,7 +139,7 @@ void PruefeLaufnummer(MengeEintrag& menge) {
     if (menge.Laufnummer.empty()) {
         return;
     }
-    if (testDaten.Revision > 11 && GanzzahlAmAnfang(menge.Laufnummer) == 0) {
+    if (NeueSchnittstelle() && GanzzahlAmAnfang(menge.Laufnummer) == 0) {
         menge.Laufnummer = {};
         return FehlerMelden(4682);
     }
@@ -177,8 +160,8 @@ void PruefeKostenkonto(const MengeEintrag& menge) {
     }
 }
 
-void OrdneDetailZu(const Positionsort& ort, const MengeEintrag& bezuege) {
-    const std::int32_t index = SucheMenge(ort.Kapitel, ort.Position, bezuege);
+void OrdneDetailZu(const Positionsort& ort, const MengeEintrag& verweise) {
+    const std::int32_t index = SucheMenge(ort.Kapitel, ort.Position, verweise);
     if (index == -1) {
         return FehlerMelden(4692);
     }
@@ -188,7 +171,7 @@ void OrdneDetailZu(const Positionsort& ort, const MengeEintrag& bezuege) {
 } // namespace
 
 void PruefeG6(bool /*zeilenGruppeG6*/) {
-    Mengensatz satz = LiesMenge();
+    Mengensatz satz = LiesG6();
     MengeEintrag& menge = satz.Eintrag;
 
     const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4601, 4602);
@@ -206,7 +189,7 @@ void PruefeG6(bool /*zeilenGruppeG6*/) {
     if (!satz.IstDetail) {
         PruefeEinfacheMenge(satz, position);
     }
-    PruefeBezuege(menge);
+    PruefeG6Verweise(menge);
     PruefeLaufnummer(menge);
     if (ReihenfolgeVergeben(position, menge.Reihenfolge)) {
         FehlerMelden(4683);

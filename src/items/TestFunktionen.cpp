@@ -10,10 +10,6 @@ namespace zepholt {
 
 namespace {
 
-bool IstZiffer(char16_t zeichen) {
-    return zeichen >= u'0' && zeichen <= u'9';
-}
-
 // Two codes side by side, each filled up with blanks to the columns that it has in a record.
 Text Paar(TextSicht erster, std::int32_t breite, TextSicht zweiter) {
     return LinksBuendig(erster, breite) + LinksBuendig(zweiter, breite);
@@ -25,7 +21,7 @@ bool PruefzifferGueltig(TextSicht text) {
     if (text.empty()) {
         return true;
     }
-    if (!std::ranges::all_of(text, IstZiffer)) {
+    if (!NurZiffern(text)) {
         return false;
     }
     const std::int32_t pruefziffer = text.back() - u'0';

@@ -15,26 +15,6 @@ namespace zepholt {
 
 namespace {
 
-// The unit codes that a G5 record may use, by the language of the file; a blank before every code and behind the last.
-struct Einheitenliste {
-    TextSicht Einheiten;
-    TextSicht PauschalEinheiten;
-};
-constexpr std::array<Einheitenliste, 3> Einheitenlisten = {{
-    {u" St Pr m m2 m3 kg t h d Wo Mt l hl S Kb Kr Ro % %o kJ pl gl LE ", u" Pr S Kb Kr Ro "},
-    {u" p pa m m2 m3 kg t h d se ms l hl sa su br ro % %o kJ f gl up ", u" pa sa su br ro "},
-    {u" pz pa m m2 m3 kg t h d st ms l hl sa se ca ro % %o kJ ac gl up ", u" pa sa se ca ro "},
-}};
-
-void EinheitenSetzen() {
-    const std::int32_t sprache = sia451Datei.Sprachcode;
-    if (sprache >= 1 && sprache <= 3) {
-        const Einheitenliste& liste = Einheitenlisten[static_cast<std::size_t>(sprache - 1)];
-        sia451Datei.Einheiten = liste.Einheiten;
-        sia451Datei.PauschalEinheiten = liste.PauschalEinheiten;
-    }
-}
-
 TextSicht ZeileAn(std::int32_t index) {
     return testDaten.Zeilen[static_cast<std::size_t>(index)];
 }

@@ -207,7 +207,7 @@ struct KapitelEintrag {
 // The quantities of one position by their nine references. It belongs to the position that was asked for last: the
 // lines of a position stand together, so that a larger index would be of no use. The multimap holds the first quantity
 // of each nine texts under the hash of those.
-struct BezugIndex {
+struct VerweisIndex {
     std::int32_t Kapitel = -1; // index
     std::int32_t Position = -1;
     std::size_t Gelesen = 0; // quantities taken in
@@ -304,7 +304,7 @@ struct SIA451Datei {
     std::vector<KapitelEintrag> DokumentKapitel;
     NummernIndex KapitelNachNummer;
     Kapitelnummerntexte TexteDerKapitel;
-    BezugIndex MengenNachBezug;
+    VerweisIndex MengenNachVerweis;
     // Running numbers that stand in the tree, see LaufnummerVergeben: pages of 1024, since most come in sequence.
     std::unordered_map<std::size_t, std::bitset<1024>> Laufnummern;
 };

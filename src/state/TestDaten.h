@@ -32,7 +32,7 @@ struct TestDaten {
     bool IstE1S = false;                     // the name ends in ".E1S"; nothing else decides
     Text Dateiformat;                        // "E1S" or "01S"
     Text SchnittstellenId;                   // A:3, columns 8 to 13 of line 1, once accepted
-    std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake; from 12 on the new interface
+    std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake, see NeueSchnittstelle
     bool Utf8Modus = false;                  // the lines are decoded as UTF-8
     Dateitext DateiText;                     // all lines decoded, one behind the other; everything below views into it
     std::vector<TextSicht> Zeilen;           // the lines without their ends, from 0
@@ -59,5 +59,10 @@ struct TestDaten {
 };
 
 inline TestDaten testDaten;
+
+// True for a file of the new interface (E1S); false for one of the old interface, and as long as no file was read in.
+inline bool NeueSchnittstelle() {
+    return testDaten.Revision >= 12;
+}
 
 } // namespace zepholt

@@ -27,7 +27,7 @@ std::int32_t ErsterIndex(const Liste& liste, Praedikat praedikat) {
 
 // --- References
 
-std::array<TextSicht, 9> Bezuege(const MengeEintrag& menge) {
+std::array<TextSicht, 9> Verweise(const MengeEintrag& menge) {
     return {menge.OGL,      menge.PSL,     menge.KAG, menge.Element, menge.Einrichtungstyp, menge.Variantengruppe,
             menge.Variante, menge.Nutzung, menge.Raum};
 }
@@ -41,32 +41,29 @@ std::size_t Streuwert(const std::array<TextSicht, 9>& texte) {
 }
 
 // The quantity among those taken in; -1 for none.
-std::int32_t Finde(const BezugIndex& index, const std::vector<MengeEintrag>& mengen, std::size_t streuwert,
-                   const std::array<TextSicht, 9>& bezuege) {
+std::int32_t Finde(const VerweisIndex& index, const std::vector<MengeEintrag>& mengen, std::size_t streuwert,
+                   const std::array<TextSicht, 9>& verweise) {
     const auto [von, bis] = index.Erste.equal_range(streuwert);
-    const auto treffer = std::find_if(
-        von, bis, [&](const auto& paar) { return Bezuege(mengen[static_cast<std::size_t>(paar.second)]) == bezuege; });
+    const auto treffer = std::find_if(von, bis, [&](const auto& paar) {
+        return Verweise(mengen[static_cast<std::size_t>(paar.second)]) == verweise;
+    });
     return treffer == bis ? -1 : treffer->second;
 }
 
-void Nachfuehren(BezugIndex& index, const std::vector<MengeEintrag>& mengen) {
+void Nachfuehren(VerweisIndex& index, const std::vector<MengeEintrag>& mengen) {
     if (index.Gelesen == 0) { // mostly all that there will be: the details of a position stand behind its quantities
         index.Erste.reserve(mengen.size());
     }
     for (; index.Gelesen < mengen.size(); ++index.Gelesen) {
-        const std::array<TextSicht, 9> bezuege = Bezuege(mengen[index.Gelesen]);
-        const std::size_t streuwert = Streuwert(bezuege);
-        if (Finde(index, mengen, streuwert, bezuege) == -1) {
+        const std::array<TextSicht, 9> verweise = Verweise(mengen[index.Gelesen]);
+        const std::size_t streuwert = Streuwert(verweise);
+        if (Finde(index, mengen, streuwert, verweise) == -1) {
             index.Erste.emplace(streuwert, static_cast<std::int32_t>(index.Gelesen));
         }
     }
 }
 
 // --- Running numbers
-
-bool NurZiffern(TextSicht text) {
-    return !text.empty() && std::ranges::all_of(text, [](char16_t z) { return z >= u'0' && z <= u'9'; });
-}
 
 // The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
 // express. Old interface: its digits behind a 1, which keeps leading zeros apart; other texts equal no digits.
@@ -75,7 +72,7 @@ std::optional<std::size_t> LaufnummerPlatz(TextSicht nummer) {
     if (nummer.empty()) {
         return std::nullopt;
     }
-    if (testDaten.Revision > 11) {
+    if (NeueSchnittstelle()) {
         const double wert = ZahlAmAnfang(nummer);
         const bool ganz = wert >= 0 && wert < static_cast<double>(Grenze) && wert == static_cast<std::int32_t>(wert);
         return ganz ? std::optional(static_cast<std::size_t>(wert)) : std::nullopt;
@@ -131,14 +128,14 @@ std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_
                        [zeile](std::int32_t nummer) { return nummer == zeile; });
 }
 
-std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& bezuege) {
-    BezugIndex& index = sia451Datei.MengenNachBezug;
+std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& verweise) {
+    VerweisIndex& index = sia451Datei.MengenNachVerweis;
     if (index.Kapitel != kapitel || index.Position != position) {
         index = {kapitel, position, 0, {}};
     }
     const std::vector<MengeEintrag>& mengen = Position(kapitel, position).Mengen;
     Nachfuehren(index, mengen);
-    const std::array<TextSicht, 9> texte = Bezuege(bezuege);
+    const std::array<TextSicht, 9> texte = Verweise(verweise);
     return Finde(index, mengen, Streuwert(texte), texte);
 }
 
@@ -228,6 +225,15 @@ bool IstReserveKapitel(std::int32_t nummer) {
 bool IstReservePosition(std::int32_t nummer) {
     return Ziffer(nummer, 10000) == 9 || Ziffer(nummer, 1000) == 9 || Ziffer(nummer, 100) == 9 ||
            Ziffer(nummer, 10) == 9;
+}
+
+std::int32_t UebergeordnetePosition(std::int32_t nummer) {
+    for (const std::int32_t stufe : {1000, 10000}) {
+        if (nummer % stufe != 0) {
+            return nummer / stufe * stufe;
+        }
+    }
+    return nummer / 100000 * 100000;
 }
 
 bool ImGueltigkeitsbereich(std::int32_t /*kapitel*/, std::int32_t position, std::int32_t vorbemerkung) {

@@ -16,8 +16,8 @@ std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer);
 std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer);
 std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile);
 
-// The first quantity of a position whose nine references equal those of `bezuege`, nothing else of which counts.
-std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& bezuege);
+// The first quantity of a position whose nine references equal those of `verweise`, nothing else of which counts.
+std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& verweise);
 
 // True when an assignment or a quantity of the position that ReihenfolgeMerken has seen bears this order value, 1 to
 // 99; 0 stands for none and is never taken.
@@ -27,7 +27,7 @@ bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfol
 void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge);
 
 // True when a quantity that LaufnummerMerken has seen bears the running number `nummer`, which must be digits only. In
-// the new interface (Revision above 11) numbers are equal by their value, in the old one by their text.
+// the new interface numbers are equal by their value, in the old one by their text.
 bool LaufnummerVergeben(TextSicht nummer);
 
 // To be called with the running number of each quantity that enters the tree; empty texts and texts that no running
@@ -65,6 +65,9 @@ bool IstReserveKapitel(std::int32_t nummer);
 
 // A position with a 9 in its second, third, fourth or fifth digit of six.
 bool IstReservePosition(std::int32_t nummer);
+
+// The main position that a position below it belongs to; the sub-section of a main position; the section of the others.
+std::int32_t UebergeordnetePosition(std::int32_t nummer);
 
 // True when a preliminary remark lies in one of the four digit ranges that cover `position`: its main position, its
 // sub-section, its section, the chapter.

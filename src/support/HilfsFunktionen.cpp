@@ -11,10 +11,6 @@ namespace zepholt {
 
 namespace {
 
-bool IstZiffer(char16_t zeichen) {
-    return zeichen >= u'0' && zeichen <= u'9';
-}
-
 std::size_t ZiffernEnde(TextSicht text, std::size_t stelle) {
     while (stelle < text.size() && IstZiffer(text[stelle])) {
         ++stelle;
@@ -226,6 +222,10 @@ Text LinksBuendig(TextSicht text, std::int32_t breite) {
 
 Text ZahlText(std::int64_t zahl) {
     return AusAscii(std::to_string(zahl));
+}
+
+bool NurZiffern(TextSicht text) {
+    return !text.empty() && std::ranges::all_of(text, IstZiffer);
 }
 
 Text Kleinbuchstaben(TextSicht text) {

@@ -43,6 +43,14 @@ Text LinksBuendig(TextSicht text, std::int32_t breite);
 // The decimal text of a number.
 Text ZahlText(std::int64_t zahl);
 
+// One of the digits 0 to 9.
+constexpr bool IstZiffer(char16_t zeichen) {
+    return zeichen >= u'0' && zeichen <= u'9';
+}
+
+// True when every character is one of the digits 0 to 9; false for an empty text.
+bool NurZiffern(TextSicht text);
+
 // Lower case of the letters A to Z; everything else stays.
 Text Kleinbuchstaben(TextSicht text);
 
