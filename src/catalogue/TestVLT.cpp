@@ -19,10 +19,6 @@ namespace {
 constexpr std::int32_t Zeilenbreite = 30;      // columns of a variable's line
 constexpr std::int32_t FortschrittBasis = 200; // units of the bar that belong to loading a chapter
 
-const KapitelEintrag& Kapitel(std::int32_t index) {
-    return sia451Datei.DokumentKapitel[static_cast<std::size_t>(index)];
-}
-
 bool IstLeer(TextSicht text) {
     return OhneLeerzeichenRechts(text).empty();
 }
@@ -60,22 +56,22 @@ void TesteVariable(const VariableEintrag& variable) {
         }
     }
 
-    if (!variable.AlternativCode.empty() && AlternativGruppe().empty()) { // never: PruefeG3 drops every code
+    if (!variable.AlternativCode.empty() && AlternativGruppe() == 0) { // never: PruefeG3 drops every code
         FehlerMelden(6306);
     }
 }
 
 // Variables of one alternative group exclude each other: a report for each pair.
-void TesteAlternativen(const std::vector<TextSicht>& alternativen, TextSicht gruppe) {
-    for (const TextSicht fruehere : alternativen) {
-        if (!gruppe.empty() && fruehere == gruppe) {
+void TesteAlternativen(const std::vector<std::int32_t>& alternativen, std::int32_t gruppe) {
+    for (const std::int32_t fruehere : alternativen) {
+        if (gruppe != 0 && fruehere == gruppe) {
             FehlerMelden(6305);
         }
     }
 }
 
 void TesteVariablen(const PositionEintrag& position) {
-    std::vector<TextSicht> alternativen; // numbers of variables have two digits: no more than a hundred
+    std::vector<std::int32_t> alternativen; // numbers of variables have two digits: no more than a hundred
     for (const VariableEintrag& variable : position.Variablen) {
         if (!FindeV(variable.Nummer)) {
             FehlerMelden(6301);
@@ -98,10 +94,11 @@ void TestePosition(const PositionEintrag& position) {
     }
 }
 
-// The number of the title position that a reserve position belongs to.
+// The number of the title position that a reserve position belongs to. In the new interface a text position with a tens
+// digit has one of its own, the group of hundreds.
 std::int32_t Titelposition(std::int32_t nummer) {
     const bool untergruppe = nummer % 10 == 0 && nummer / 10 % 10 != 0;
-    return NeueSchnittstelle() && untergruppe ? nummer / 100 * 100 : UebergeordnetePosition(nummer);
+    return untergruppe && NeueSchnittstelle() ? nummer / 100 * 100 : UebergeordnetePosition(nummer);
 }
 
 // In a main position that has xxx001 the catalogue keeps the sub-positions xxx091 to xxx099 for reserves; in one that
@@ -134,7 +131,7 @@ void TesteReserveposition(std::int32_t kapitelIndex, std::int32_t nummer) {
     if (!PositionImKatalog(titel, istWiederholung, nummer) && titel != 0) {
         FehlerMelden(6211);
     }
-    if (testDaten.Revision < 12) {
+    if (!NeueSchnittstelle()) {
         return;
     }
     if (nummer % 1000 != 0 && InWiederholungsbereich(nummer)) {

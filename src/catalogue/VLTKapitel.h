@@ -2,10 +2,12 @@
 // from them, and the searches over them.
 //
 // There is one current chapter. KapitelEinlesen replaces it, BildeEndknoten and BildeTextAeste make the derived lists,
-// the searches set the current indices, and the accessors answer for the latest search. Nobody else writes here.
+// the searches set the current indices, and the accessors answer for the latest search. Besides these only VLTKatalog
+// writes here: it empties the chapter when a load ends without one.
 //
 // The positions of a chapter lie in three flat lists, one per level; an entry of one level names the stretch of the
-// next level that is its own. A position number has six digits: H.N * 1000 + U.N.
+// next level that is its own. A position number has six digits: H.N * 1000 + U.N. What the file holds besides (titles,
+// texts, the flag of search titles) is read as far as it decides whether the text is a chapter; nothing asks for it.
 #pragma once
 
 #include "support/Text.h"
@@ -15,41 +17,38 @@
 
 namespace zepholt {
 
-// The longest expanded chapter text that is read, in characters: room for each of the million numbers that a chapter
-// can give. A chapter that would expand to more counts as absent: a few kilobytes of abbreviations could stand for
-// any amount of text otherwise.
-inline constexpr std::size_t GroessteKapitelLaenge = std::size_t{1} << 27;
-
-struct VEintrag {            // variable
-    std::int16_t N = 0;      // number; 0 is the fixed text of the position
-    std::int16_t E = 0;      // insertion point, (line - 1) * 30 + column; 0 for none
-    std::uint32_t AAb = 0;   // alternative group: where it stands in KapitelDaten::Alternativgruppen
-    std::uint32_t AZahl = 0; // and its length; 0 for none
+struct VEintrag {             // variable
+    std::int16_t N = 0;       // number; 0 is the fixed text of the position
+    std::int16_t E = 0;       // insertion point, (line - 1) * 30 + column; 0 for none
+    std::uint16_t Gruppe = 0; // alternative group: the same number for the same text within one U; 0 for none
 };
 
-struct UEintrag {          // sub-position
-    std::int32_t W = 0;    // repeat range, first * 1000 + last; 0 for none
-    std::int16_t N = 0;    // number
-    std::uint8_t X = 0;    // 1: the search title may be changed
-    std::uint8_t Y = 0;    // 1: no fixed text, a variable must be selected
-    std::uint32_t VAb = 0; // its variables: from this index of KapitelDaten::KapitelVListe on
+struct UEintrag {              // sub-position
+    std::int32_t W = 0;        // repeat range, first * 1000 + last; 0 for none
+    std::int16_t N = 0;        // number
+    std::uint8_t Y = 0;        // 1: no fixed text, a variable must be selected
+    std::uint32_t ErstesV = 0; // its variables: from this index of KapitelDaten::KapitelVListe on
     std::int16_t VAnzahl = 0;
 };
 
-struct HEintrag {          // main position
-    std::int16_t N = 0;    // number
-    std::uint8_t X = 0;    // 1: the search title may be changed
-    std::uint32_t UAb = 0; // its sub-positions: from this index of KapitelDaten::KapitelUListe on
+struct HEintrag {              // main position
+    std::int16_t N = 0;        // number
+    std::uint32_t ErstesU = 0; // its sub-positions: from this index of KapitelDaten::KapitelUListe on
     std::int16_t UAnzahl = 0;
-    std::uint32_t BereichAb = 0; // its repeat ranges: from this index of KapitelDaten::Bereiche on
+    std::uint32_t ErsterBereich = 0; // its repeat ranges: from this index of KapitelDaten::Bereiche on
     std::uint32_t BereichAnzahl = 0;
 };
 
-// Sub-position numbers that lie in some repeat range of a main position.
+// Sub-position numbers from first to last.
 struct Nummernbereich {
     std::int32_t Von = 0;
     std::int32_t Bis = 0;
 };
+
+// The repeat range that a sub-position carries, from 0 to 0 for none.
+inline Nummernbereich BereichVon(const UEintrag& u) {
+    return {u.W / 1000, u.W % 1000};
+}
 
 // A pure text branch and the span that it governs, all in main position numbers.
 struct TextAst {
@@ -59,27 +58,21 @@ struct TextAst {
     std::int32_t GeltungBis = 0; // ... up to the end of the group one level above
 };
 
+// Main positions that a six-digit position number can have, one with a sign too.
+inline constexpr std::int32_t HoechstesH = 999;
+
 struct KapitelDaten {
-    // --- The chapter as it stands in the file. Texts are raw: escapes stay as they are.
+    // --- The chapter as it stands in the file
     std::int16_t KapitelN = 0; // chapter number
     std::int16_t KapitelS = 0; // language: 1 German, 2 French, 3 Italian
     std::int16_t KapitelV = 0; // version year, four digits
-    std::int16_t KapitelA = 0; // fourth number, shown in the chapter list only
-    Text KapitelT;             // title
-    Text KapitelZ;             // second text
     std::vector<HEintrag> KapitelH;
-    std::int16_t KapitelHAnzahl = 0;
     std::vector<UEintrag> KapitelUListe;
     std::vector<VEintrag> KapitelVListe;
-    Text Alternativgruppen; // the texts of all alternative groups, one behind the other
-    std::vector<Text> KapitelTexteListe;
-    std::int32_t KapitelTexteAnzahl = 0;
 
     // --- Made from it
     std::vector<std::int32_t> Endknoten; // positions with no finer position, in catalogue order
-    std::int32_t EndknotenAnzahl = 0;
     std::vector<TextAst> TextAeste;
-    std::int32_t TextAesteAnzahl = 0;
 
     // --- The latest search; -1 for none
     std::int32_t AktuellesH = -1; // index of KapitelH
@@ -92,7 +85,14 @@ struct KapitelDaten {
     std::vector<std::uint32_t> VFolge;         // the same within each U
     std::vector<Nummernbereich> Bereiche;      // per H: ascending, without overlaps
     std::vector<std::int32_t> EndknotenStufen; // indices of the end nodes that are greater than all before them
-    std::vector<std::int32_t> AstVonH;         // for main positions 0 to 999: the index of the first branch, or -1
+    std::vector<std::int32_t> AstVonH; // for main positions -HoechstesH to HoechstesH: index of the first branch, or -1
+
+    std::span<const UEintrag> UVon(const HEintrag& h) const {
+        return std::span(KapitelUListe).subspan(h.ErstesU, static_cast<std::size_t>(h.UAnzahl));
+    }
+    std::span<const VEintrag> VVon(const UEintrag& u) const {
+        return std::span(KapitelVListe).subspan(u.ErstesV, static_cast<std::size_t>(u.VAnzahl));
+    }
 };
 
 inline KapitelDaten kapitelDaten;
@@ -104,15 +104,20 @@ inline KapitelDaten kapitelDaten;
 // entries in one list. There is no current chapter then.
 bool KapitelEinlesen(TextSicht text);
 
+// --- Derived lists ---------------------------------------------------------------------------------------------------
+
+// Makes the orders by number and the repeat ranges that the searches use. KapitelEinlesen ends with it.
+void BildeFolgen(KapitelDaten& kapitel);
+
 // Makes Endknoten: all positions in catalogue order, but one that is refined by the next is replaced by it. More than
-// KapitelHAnzahl * 729 + 1 of them empty the list.
+// 729 for each H and one more empty the list.
 void BildeEndknoten();
 
 // Makes TextAeste from Endknoten: the groups of main positions in which no end node has a last digit other than 0. None
 // in a chapter whose number has the tens digit 0.
 void BildeTextAeste();
 
-// --- Searches: the first entry with that number. They set the current indices, lower levels back to none.
+// --- Searches: the first entry with that number. They set the current indices, lower levels back to none. ------------
 
 bool FindeH(std::int32_t nummer);
 bool FindeU(std::int32_t nummer); // within the current H
@@ -121,21 +126,16 @@ bool FindeV(std::int32_t nummer); // within the current U
 // Whether the catalogue has a position, be it by its number or as a repetition (`istWiederholung`) within the repeat
 // range of the position before it. A `grenze` other than 0 is a position that must lie in the same range. The current U
 // is the one found, for a repetition the one that carries the range; none for a main position.
-// Reports 6213 (Revision from 12 on): a text position in a range whose start doesn't allow it. The result is the same.
+// Reports 6213 (new interface): a text position in a range whose start doesn't allow it. The result is the same.
 bool PositionImKatalog(std::int32_t position, bool& istWiederholung, std::int32_t grenze);
 
-// --- Accessors on the latest search: false, 0 or empty when there is no such entry
+// --- Accessors on the latest search: false or 0 when there is no such entry ------------------------------------------
 
-bool BereichDerPosition(std::int32_t& bis, std::int32_t& von); // W of the current U; both 0 without a range
-bool OhneFestenText();                                         // Y of the current U is 1
-bool SuchtitelAenderbar();             // X of the current U is 1, or of the current H if there is no current U
+bool OhneFestenText();                 // Y of the current U is 1
 std::int32_t EinfuegepunktImKatalog(); // E of the current V
-TextSicht AlternativGruppe();          // A of the current V; a view that holds until the next chapter is read
+std::int32_t AlternativGruppe();       // number of the group of the current V; 0 for none
 
-// Title and second text of the chapter, raw; views that hold until the next chapter is read. Always true.
-bool KapitelTitel(TextSicht& t, TextSicht& z);
-
-// --- Questions that leave the current indices alone
+// --- Questions that leave the current indices alone ------------------------------------------------------------------
 
 // Whether a position has no finer position in the catalogue.
 bool IstEndknoten(std::int32_t position);

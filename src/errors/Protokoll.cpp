@@ -311,7 +311,8 @@ void ProtokollSchreiben() {
     }
     tqXML xml;
     AnsiAusgabe ausgabe(testDaten.Fehlerdatei);
-    ausgabe.Schreiben(u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><SIA451>");
+    ausgabe.Schreiben(XmlDeklaration);
+    ausgabe.Schreiben(u"<SIA451>");
     ausgabe.Schreiben(TestElement(xml));
     if (FehlerAnzahl() > 0) {
         FehlerSortieren();

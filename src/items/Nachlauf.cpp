@@ -67,7 +67,7 @@ void PruefeReservetext(const KapitelEintrag& kapitel) {
 // The preliminary remark that a quantity points to (G6:24a): it must stand in the chapter, and in the new interface
 // it must cover the position, by its digits or by the catalogue.
 void PruefeVorbemerkungen(std::int32_t index, GeladenesKapitel& geladen) {
-    const KapitelEintrag& kapitel = sia451Datei.DokumentKapitel[static_cast<std::size_t>(index)];
+    const KapitelEintrag& kapitel = Kapitel(index);
     for (const PositionEintrag& position : kapitel.Positionen) {
         for (const MengeEintrag& menge : position.Mengen) {
             const std::int32_t vorbemerkung = menge.Vorbemerkung;

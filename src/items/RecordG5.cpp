@@ -69,7 +69,7 @@ void PruefeG5() {
     if (nummer % 10 == 0) {
         return FehlerMelden(4503);
     }
-    const KapitelEintrag& kapitelEintrag = sia451Datei.DokumentKapitel[static_cast<std::size_t>(ort->Kapitel)];
+    const KapitelEintrag& kapitelEintrag = Kapitel(ort->Kapitel);
     PruefeEinheit(einheit, kapitel, kapitelEintrag.Versionsjahr, nummer);
     const double preisMitVorzeichen = PreisMitVorzeichen(preis, 4506, 4507);
     PruefePreisart(preisart); // 4521

@@ -10,8 +10,6 @@
 
 namespace zepholt {
 
-using ByteSicht = std::span<const unsigned char>;
-
 class Dateitext {
 public:
     Dateitext() = default;

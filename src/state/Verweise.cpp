@@ -11,10 +11,6 @@ namespace zepholt {
 
 namespace {
 
-KapitelEintrag& Kapitel(std::int32_t index) {
-    return sia451Datei.DokumentKapitel[static_cast<std::size_t>(index)];
-}
-
 PositionEintrag& Position(std::int32_t kapitel, std::int32_t index) {
     return Kapitel(kapitel).Positionen[static_cast<std::size_t>(index)];
 }
@@ -107,6 +103,10 @@ std::int32_t Ziffer(std::int32_t zahl, std::int32_t stellenwert) {
 }
 
 } // namespace
+
+KapitelEintrag& Kapitel(std::int32_t index) {
+    return sia451Datei.DokumentKapitel[static_cast<std::size_t>(index)];
+}
 
 std::int32_t SucheKapitel(std::int32_t nummer) {
     return sia451Datei.KapitelNachNummer.Finde(sia451Datei.DokumentKapitel, nummer);

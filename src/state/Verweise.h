@@ -11,6 +11,8 @@ namespace zepholt {
 
 // --- Tree: index from 0, or -1. The indices handed in must be valid.
 
+KapitelEintrag& Kapitel(std::int32_t index);
+
 std::int32_t SucheKapitel(std::int32_t nummer);
 std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer);
 std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer);

@@ -26,7 +26,7 @@ public:
     std::size_t size() const { return m_anzahl; }
     bool empty() const { return m_anzahl == 0; }
     unsigned char operator[](std::size_t i) const { return m_daten[i]; }
-    std::span<const unsigned char> Sicht() const { return {m_daten.get(), m_anzahl}; }
+    ByteSicht Sicht() const { return {m_daten.get(), m_anzahl}; }
     void Kuerzen(std::size_t anzahl) { m_anzahl = anzahl; } // to the first `anzahl` bytes
 
 private:
@@ -57,7 +57,7 @@ char16_t PfadTrenner();
 bool IstPfadTrenner(char16_t zeichen);
 
 // An open ordinary file for reading at any place; closed by its end. Every failure is a LaufzeitFehler, anything that
-// is no ordinary file and exhausted memory too; nothing here waits for another process.
+// is no ordinary file too, but exhausted memory, which stays what it is; nothing here waits for another process.
 class LeseDatei {
 public:
     explicit LeseDatei(const Text& pfad);

@@ -175,7 +175,7 @@ LeseDatei::~LeseDatei() {
     close(static_cast<int>(m_griff));
 }
 
-Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) try {
+Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
     const std::uint64_t rest = m_groesse - std::min(m_groesse, stelle);
     Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(anzahl, rest)));
     std::size_t gelesen = 0;
@@ -195,8 +195,6 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) try {
     }
     bytes.Kuerzen(gelesen);
     return bytes;
-} catch (const std::bad_alloc&) {
-    throw LaufzeitFehler("no memory for the file");
 }
 
 // The name beside the place is short and of its own, whatever the length of the name in the end. A name that is taken

@@ -31,11 +31,11 @@ void StringBuilder::Append(TextSicht text) {
     m_text.append(text);
 }
 
-void StringBuilder::Append(std::span<const unsigned char> bytes) {
+void StringBuilder::Append(ByteSicht bytes) {
     PlatzSchaffen(bytes.size());
     std::array<char16_t, 4096> zeichen; // widened piece by piece: a string made from bytes would be copied twice
     while (!bytes.empty()) {
-        const std::span<const unsigned char> stueck = bytes.first(std::min(bytes.size(), zeichen.size()));
+        const ByteSicht stueck = bytes.first(std::min(bytes.size(), zeichen.size()));
         std::copy(stueck.begin(), stueck.end(), zeichen.begin());
         m_text.append(zeichen.data(), stueck.size());
         bytes = bytes.subspan(stueck.size());

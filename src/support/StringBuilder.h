@@ -7,8 +7,6 @@
 
 #include "support/Text.h"
 
-#include <span>
-
 namespace zepholt {
 
 class StringBuilder {
@@ -23,7 +21,7 @@ public:
     void Append(TextSicht text);
 
     // Adds bytes as characters of the same code.
-    void Append(std::span<const unsigned char> bytes);
+    void Append(ByteSicht bytes);
 
     // What was collected; collecting may go on.
     const Text& GetString() const& { return m_text; }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -13,6 +14,7 @@ namespace zepholt {
 
 using Text = std::u16string;
 using TextSicht = std::u16string_view;
+using ByteSicht = std::span<const unsigned char>;
 
 // A run-time failure of a conversion or of a file operation. It is caught exactly where a failure is defined to be
 // caught; uncaught, it ends the run without a protocol.

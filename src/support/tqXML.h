@@ -16,6 +16,9 @@
 
 namespace zepholt {
 
+// What every output file and every expanded chapter text begins with.
+inline constexpr TextSicht XmlDeklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
+
 class tqXML {
 public:
     // --- Reading

@@ -31,7 +31,7 @@ std::int32_t GangH(std::int32_t nummer) {
 
 std::vector<UEintrag> Us(std::int32_t h) {
     const HEintrag& eintrag = kapitelDaten.KapitelH[static_cast<std::size_t>(h)];
-    const auto ab = kapitelDaten.KapitelUListe.begin() + eintrag.UAb;
+    const auto ab = kapitelDaten.KapitelUListe.begin() + eintrag.ErstesU;
     return {ab, ab + eintrag.UAnzahl};
 }
 
@@ -47,7 +47,7 @@ std::int32_t GangU(std::int32_t h, std::int32_t nummer) {
 
 std::int32_t GangV(const UEintrag& u, std::int32_t nummer) {
     for (std::int32_t i = 0; i < u.VAnzahl; ++i) {
-        if (kapitelDaten.KapitelVListe[u.VAb + static_cast<std::size_t>(i)].N == nummer) {
+        if (kapitelDaten.KapitelVListe[u.ErstesV + static_cast<std::size_t>(i)].N == nummer) {
             return i;
         }
     }
@@ -329,7 +329,7 @@ TEST_F(KapitelSuche, VieleFragenAnEinGrossesKapitel) {
         text += "<H N=\"" + std::to_string(h) + "\"><U N=\"200\"/><U N=\"110\" W=\"110199\"/></H>";
     }
     ASSERT_TRUE(LiesKapitel(text));
-    ASSERT_EQ(kapitelDaten.EndknotenAnzahl, 2 * 32767);
+    ASSERT_EQ(kapitelDaten.Endknoten.size(), 2U * 32767);
     int gefunden = 0;
     const double sekunden = Sekunden([&gefunden] {
         for (std::int32_t i = 0; i < 50000; ++i) {
@@ -369,7 +369,7 @@ TEST_F(KapitelSuche, VieleTextAeste) {
         text += i % 2 == 0 ? "<H N=\"311\"><U N=\"100\"/></H>" : "<H N=\"111\"><U N=\"100\"/></H>";
     }
     const double sekunden = Sekunden([&text] { ASSERT_TRUE(LiesKapitel(text)); });
-    EXPECT_EQ(kapitelDaten.TextAesteAnzahl, 32000);
+    EXPECT_EQ(kapitelDaten.TextAeste.size(), 32000U);
     EXPECT_LT(sekunden, 5);
 }
 

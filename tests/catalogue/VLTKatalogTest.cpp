@@ -1,5 +1,6 @@
 // Finding, fetching and expanding chapter files, and the list of chapters.
 #include "catalogue/VLTKatalog.h"
+#include "catalogue/Kapiteldatei.h"
 #include "catalogue/VLTKapitel.h"
 #include "state/TestDaten.h"
 #include "window/Fenster.h"
@@ -59,22 +60,21 @@ protected:
     Testordner m_ordner;
 };
 
-void LegeRohAb(std::string_view roh) {
-    katalogDaten.KapitelRoh = Bytes(roh.size());
-    std::copy(roh.begin(), roh.end(), katalogDaten.KapitelRoh.data());
+ByteSicht AlsBytes(std::string_view bytes) {
+    return {reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size()};
 }
 
 // What an expansion gives: the text behind the declaration, "absent", or "failure".
 std::string Entpackt(std::string_view roh) {
-    LegeRohAb(roh);
+    Text xml;
     try {
-        EntpackeKapitel();
+        const std::optional<Kapitelbytes> datei = ZerlegeKapitel(AlsBytes(roh));
+        if (!datei) {
+            return "absent";
+        }
+        xml = EntpackeKapitel(*datei);
     } catch (const LaufzeitFehler&) {
         return "failure";
-    }
-    const Text& xml = katalogDaten.KapitelXML;
-    if (xml.empty()) {
-        return "absent";
     }
     const Text deklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
     EXPECT_TRUE(xml.starts_with(deklaration));
@@ -178,17 +178,10 @@ TEST_F(VLTKatalog, AbkuerzungsBombeGiltAlsFehlend) {
     EXPECT_EQ(Entpackt(Mit(megabyte, std::string(1 << 20, '\x01'))), "absent");
     const std::string rumpf(GroessteKapitelLaenge >> 20, '\x01');
     EXPECT_EQ(Entpackt(Mit(megabyte, rumpf + "a")), "absent"); // one character too many
-    LegeRohAb(Mit(megabyte, rumpf));
-    EntpackeKapitel();
-    EXPECT_GT(katalogDaten.KapitelXML.size(), GroessteKapitelLaenge); // the declaration comes on top
-}
-
-TEST_F(VLTKatalog, LeseZeichenAmEnde) {
-    LegeRohAb("abc");
-    EXPECT_EQ(LeseZeichen(2).size(), 2U);
-    EXPECT_EQ(LeseZeichen(2).size(), 1U);
-    EXPECT_EQ(LeseZeichen(2).size(), 0U);
-    EXPECT_EQ(katalogDaten.LesePosition, 7U);
+    const std::string gerade = Mit(megabyte, rumpf);
+    const std::optional<Kapitelbytes> datei = ZerlegeKapitel(AlsBytes(gerade));
+    ASSERT_TRUE(datei);
+    EXPECT_GT(EntpackeKapitel(*datei).size(), GroessteKapitelLaenge); // the declaration comes on top
 }
 
 // --- Folder ----------------------------------------------------------------------------------------------------------
@@ -198,12 +191,9 @@ TEST_F(VLTKatalog, LaedtAusDemOrdner) {
     ASSERT_TRUE(LadeKapitel(241, 2013, 1));
     EXPECT_EQ(kapitelDaten.KapitelN, 241);
     EXPECT_EQ(kapitelDaten.Endknoten, (std::vector<std::int32_t>{111100, 111300}));
-    EXPECT_EQ(kapitelDaten.TextAesteAnzahl, 1);
+    EXPECT_EQ(kapitelDaten.TextAeste.size(), 1U);
     bool wiederholung = false;
     EXPECT_TRUE(PositionImKatalog(111150, wiederholung, 0));
-    // What was needed for reading only is gone.
-    EXPECT_TRUE(katalogDaten.KapitelRoh.empty());
-    EXPECT_TRUE(katalogDaten.KapitelXML.empty());
 }
 
 TEST_F(VLTKatalog, NurDieVerlangteSpracheUndDasVerlangteJahr) {
@@ -280,7 +270,7 @@ TEST_F(VLTKatalog, NachEinemFehlschlagIstKeinKapitelDa) {
     ASSERT_TRUE(LadeKapitel(241, 2013, 1));
     EXPECT_FALSE(LadeKapitel(242, 2013, 1));
     EXPECT_FALSE(FindeH(111));
-    EXPECT_EQ(kapitelDaten.EndknotenAnzahl, 0);
+    EXPECT_EQ(kapitelDaten.Endknoten.size(), 0U);
     ASSERT_TRUE(LadeKapitel(241, 2013, 1));
     EXPECT_TRUE(FindeH(111));
 }
@@ -503,9 +493,7 @@ TEST_F(VLTKatalog, VerzeichnisDesOrdners) {
 TEST_F(VLTKatalog, VerzeichnisDerSammeldatei) {
     AlsSammeldatei(Gepackt(241) + Gepackt(241, 2013, 2) + Gepackt(111, 2010));
     EXPECT_EQ(KapitelVerzeichnis(1), u"241\t2013\t7\tTitel\tZusatz\n111\t2010\t7\tTitel\tZusatz");
-    katalogDaten.KapitelVerzeichnisText.clear();
     EXPECT_EQ(KapitelVerzeichnis(2), u"241\t2013\t7\tTitel\tZusatz");
-    katalogDaten.KapitelVerzeichnisText.clear();
     EXPECT_EQ(KapitelVerzeichnis(3), u"");
 }
 
@@ -590,7 +578,7 @@ TEST_F(VLTKatalog, FrischerStandIstLeer) {
     std::int32_t von = 1;
     std::int32_t bis = 1;
     EXPECT_FALSE(InTextAst(111000, von, bis));
-    EXPECT_EQ(katalogDaten.LesePosition, 1U);
+    EXPECT_TRUE(katalogDaten.Inhalt.Plaetze.empty());
 }
 
 } // namespace
