@@ -5,6 +5,7 @@
 #include "support/tqXML.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace zepholt {
 
@@ -25,15 +26,47 @@ void PruefeKopf(std::string_view kopf) {
     }
 }
 
-std::size_t EntpackteLaenge(const Kapitelbytes& datei) {
-    std::array<std::size_t, 256> laengen;
-    laengen.fill(1);
-    std::ranges::transform(datei.Tabelle, laengen.begin(), &ByteSicht::size);
-    std::size_t laenge = 0;
-    for (const unsigned char zeichen : datei.Rumpf) {
-        laenge += laengen[zeichen];
+// Eight bytes at once, none of which may be an abbreviation.
+bool OhneAbkuerzung(ByteSicht acht) {
+    constexpr std::uint64_t eins = 0x0101'0101'0101'0101;
+    std::uint64_t wort = 0;
+    std::memcpy(&wort, acht.data(), sizeof(wort));
+    return ((wort - eins * TabellenEnde) & ~wort & (eins << 7U)) == 0;
+}
+
+// Sets the length of the expanded text, and whether there is anything to expand.
+void Vermiss(Kapitelbytes& datei) {
+    for (ByteSicht rest = datei.Rumpf; !rest.empty();) {
+        const ByteSicht stueck = rest.first(std::min<std::size_t>(rest.size(), 8));
+        rest = rest.subspan(stueck.size());
+        if (stueck.size() == 8 && OhneAbkuerzung(stueck)) {
+            datei.Laenge += stueck.size();
+            continue;
+        }
+        for (const unsigned char zeichen : stueck) {
+            datei.HatAbkuerzungen = datei.HatAbkuerzungen || zeichen < TabellenEnde;
+            datei.Laenge += zeichen < TabellenEnde ? datei.Tabelle[zeichen].size() : 1;
+        }
     }
-    return laenge;
+}
+
+// What one byte of a body stands for. Nearly all of it is short: it is copied as sixteen bytes, however few count.
+struct Stueck {
+    std::array<unsigned char, 16> Anfang{};
+    std::size_t Laenge = 1;
+};
+
+std::array<Stueck, 256> StueckeVon(const Abkuerzungen& tabelle) {
+    std::array<Stueck, 256> stuecke;
+    for (std::size_t i = 0; i < stuecke.size(); ++i) {
+        stuecke[i].Anfang[0] = static_cast<unsigned char>(i);
+    }
+    for (std::size_t i = 0; i < tabelle.size(); ++i) {
+        stuecke[i].Laenge = tabelle[i].size();
+        std::ranges::copy(tabelle[i].first(std::min(tabelle[i].size(), stuecke[i].Anfang.size())),
+                          stuecke[i].Anfang.begin());
+    }
+    return stuecke;
 }
 
 } // namespace
@@ -85,13 +118,14 @@ std::optional<Kapitelbytes> ZerlegeKapitel(ByteSicht roh) {
     if (!tabelle) {
         return std::nullopt;
     }
-    const Kapitelbytes datei{*tabelle, roh.subspan(rumpfAb)};
-    return EntpackteLaenge(datei) <= GroessteKapitelLaenge ? std::optional(datei) : std::nullopt;
+    Kapitelbytes datei{*tabelle, roh.subspan(rumpfAb)};
+    Vermiss(datei);
+    return datei.Laenge <= GroessteKapitelLaenge ? std::optional(datei) : std::nullopt;
 }
 
 Text EntpackeKapitel(const Kapitelbytes& datei) {
     StringBuilder sammler;
-    sammler.Vorsorgen(XmlDeklaration.size() + EntpackteLaenge(datei));
+    sammler.Vorsorgen(XmlDeklaration.size() + datei.Laenge);
     sammler.Append(XmlDeklaration);
     for (ByteSicht rest = datei.Rumpf; !rest.empty();) {
         const auto code = std::ranges::find_if(rest, [](unsigned char zeichen) { return zeichen < TabellenEnde; });
@@ -103,6 +137,24 @@ Text EntpackeKapitel(const Kapitelbytes& datei) {
         }
     }
     return std::move(sammler).GetString();
+}
+
+ByteSicht EntpackteBytes(const Kapitelbytes& datei, std::vector<unsigned char>& raum) {
+    if (!datei.HatAbkuerzungen) {
+        return datei.Rumpf;
+    }
+    const std::array<Stueck, 256> stuecke = StueckeVon(datei.Tabelle);
+    raum.resize(std::max(raum.size(), datei.Laenge + stuecke[0].Anfang.size()));
+    unsigned char* ziel = raum.data();
+    for (const unsigned char zeichen : datei.Rumpf) {
+        const Stueck& stueck = stuecke[zeichen];
+        std::memcpy(ziel, stueck.Anfang.data(), stueck.Anfang.size());
+        if (stueck.Laenge > stueck.Anfang.size()) {
+            std::ranges::copy(datei.Tabelle[zeichen], ziel);
+        }
+        ziel += stueck.Laenge;
+    }
+    return ByteSicht(raum).first(datei.Laenge);
 }
 
 } // namespace zepholt

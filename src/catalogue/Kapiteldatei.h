@@ -7,6 +7,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace zepholt {
 
@@ -24,6 +25,8 @@ using Abkuerzungen = std::array<ByteSicht, 32>;
 struct Kapitelbytes {
     Abkuerzungen Tabelle;
     ByteSicht Rumpf;
+    std::size_t Laenge = 0; // of the expanded text, in characters and without the declaration
+    bool HatAbkuerzungen = false;
 };
 
 // Takes a chapter file apart. None when it doesn't begin as one, its table holds a code out of range, or the expanded
@@ -36,6 +39,10 @@ std::optional<Abkuerzungen> LeseAbkuerzungen(ByteSicht roh, std::size_t& rumpfAb
 
 // The expanded text of a body, or of a part of one, behind the XML declaration.
 Text EntpackeKapitel(const Kapitelbytes& datei);
+
+// The expanded text of a whole body as bytes, without a declaration: the body itself where it has no abbreviations,
+// else in `raum`, which grows as it must.
+ByteSicht EntpackteBytes(const Kapitelbytes& datei, std::vector<unsigned char>& raum);
 
 // Columns of a head or a name, from 1; fewer characters, or none, where it ends before.
 template <class Sicht>

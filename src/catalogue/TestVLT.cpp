@@ -19,13 +19,25 @@ namespace {
 constexpr std::int32_t Zeilenbreite = 30;      // columns of a variable's line
 constexpr std::int32_t FortschrittBasis = 200; // units of the bar that belong to loading a chapter
 
+// The findings of one chapter in the order in which they are reported, each with the position in hand.
+class Befunde {
+public:
+    void Position(std::int32_t nummer) { m_position = nummer; }
+    void Melden(std::int32_t code) { m_liste.push_back({code, m_position}); }
+    std::vector<Katalogbefund> Liste() && { return std::move(m_liste); }
+
+private:
+    std::vector<Katalogbefund> m_liste;
+    std::int32_t m_position = 0; // 0 for the chapter itself
+};
+
 bool IstLeer(TextSicht text) {
     return OhneLeerzeichenRechts(text).empty();
 }
 
 // Before the insertion point of the catalogue's text the lines must be blank: from there on the text is the user's.
 // `einfuegepunkt` counts from 1 through the lines.
-void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegepunkt) {
+void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegepunkt, Befunde& befunde) {
     const std::int32_t zeile = (einfuegepunkt - 1) / Zeilenbreite + 1;
     const std::int32_t spalte = (einfuegepunkt - 1) % Zeilenbreite + 1;
     for (std::size_t i = 0; i < variable.ZeilenNrn.size(); ++i) {
@@ -35,62 +47,62 @@ void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t ein
         const bool angeschnitten = nummer == zeile && spalte >= 2;
         if ((davor && !IstLeer(text)) ||
             (angeschnitten && !IstLeer(text.substr(0, static_cast<std::size_t>(spalte - 1))))) {
-            FehlerMelden(6303);
+            befunde.Melden(6303);
         }
     }
 }
 
 // Judges a variable whose counterpart is the current V.
-void TesteVariable(const VariableEintrag& variable) {
+void TesteVariable(const VariableEintrag& variable, Befunde& befunde) {
     const std::int32_t einfuegepunkt = EinfuegepunktImKatalog();
     if (einfuegepunkt != 0) {
-        TesteTextVorEinfuegepunkt(variable, einfuegepunkt);
+        TesteTextVorEinfuegepunkt(variable, einfuegepunkt, befunde);
     } else if (!std::ranges::all_of(variable.ZeilenTexte, IstLeer)) {
-        FehlerMelden(6302);
+        befunde.Melden(6302);
     }
 
     if (variable.Einfuegepunkt > 0) { // of the last line
         const std::int32_t wert = (variable.LetzteZeile - 1) * Zeilenbreite + variable.Einfuegepunkt;
         if (einfuegepunkt == 0 || wert < einfuegepunkt) {
-            FehlerMelden(6304);
+            befunde.Melden(6304);
         }
     }
 
     if (!variable.AlternativCode.empty() && AlternativGruppe() == 0) { // never: PruefeG3 drops every code
-        FehlerMelden(6306);
+        befunde.Melden(6306);
     }
 }
 
 // Variables of one alternative group exclude each other: a report for each pair.
-void TesteAlternativen(const std::vector<std::int32_t>& alternativen, std::int32_t gruppe) {
+void TesteAlternativen(const std::vector<std::int32_t>& alternativen, std::int32_t gruppe, Befunde& befunde) {
     for (const std::int32_t fruehere : alternativen) {
         if (gruppe != 0 && fruehere == gruppe) {
-            FehlerMelden(6305);
+            befunde.Melden(6305);
         }
     }
 }
 
-void TesteVariablen(const PositionEintrag& position) {
+void TesteVariablen(const PositionEintrag& position, Befunde& befunde) {
     std::vector<std::int32_t> alternativen; // numbers of variables have two digits: no more than a hundred
     for (const VariableEintrag& variable : position.Variablen) {
         if (!FindeV(variable.Nummer)) {
-            FehlerMelden(6301);
+            befunde.Melden(6301);
             continue;
         }
-        TesteVariable(variable);
-        TesteAlternativen(alternativen, AlternativGruppe());
+        TesteVariable(variable, befunde);
+        TesteAlternativen(alternativen, AlternativGruppe(), befunde);
         alternativen.push_back(AlternativGruppe());
     }
 }
 
 // Judges a position that the catalogue has, and whose counterpart is the current U, or none for a main position.
-void TestePosition(const PositionEintrag& position) {
+void TestePosition(const PositionEintrag& position, Befunde& befunde) {
     if (position.Variablen.empty() && OhneFestenText()) {
-        FehlerMelden(6202);
+        befunde.Melden(6202);
     }
-    TesteVariablen(position);
+    TesteVariablen(position, befunde);
     if (!position.Zuordnungen.empty() && !IstEndknoten(position.Nummer)) {
-        FehlerMelden(6401);
+        befunde.Melden(6401);
     }
 }
 
@@ -101,61 +113,93 @@ std::int32_t Titelposition(std::int32_t nummer) {
     return untergruppe && NeueSchnittstelle() ? nummer / 100 * 100 : UebergeordnetePosition(nummer);
 }
 
+// Whether the catalogue has a position, and `grenze` in the same repeat range if it isn't 0: 6213 for a text position
+// in a range whose start doesn't allow it.
+bool ImKatalog(std::int32_t nummer, std::int32_t grenze, Befunde& befunde) {
+    const Katalogstelle stelle = PositionImKatalog(nummer, grenze);
+    if (stelle.AnfangPasstNicht && NeueSchnittstelle()) {
+        befunde.Melden(6213);
+    }
+    return stelle.Da;
+}
+
 // In a main position that has xxx001 the catalogue keeps the sub-positions xxx091 to xxx099 for reserves; in one that
 // has not, xxx090.
-void TesteReserveEnde(std::int32_t nummer) {
+void TesteReserveEnde(std::int32_t nummer, Befunde& befunde) {
     const std::int32_t basis = nummer / 1000 * 1000 + 1;
     const std::int32_t rest = nummer % 1000;
-    bool istWiederholung = false;
-    if (rest == 90 && PositionImKatalog(basis, istWiederholung, 0)) {
-        FehlerMelden(6231);
+    if (rest == 90 && ImKatalog(basis, 0, befunde)) {
+        befunde.Melden(6231);
     }
-    if (rest >= 91 && rest <= 99 && !PositionImKatalog(basis, istWiederholung, 0)) {
-        FehlerMelden(6232);
+    if (rest >= 91 && rest <= 99 && !ImKatalog(basis, 0, befunde)) {
+        befunde.Melden(6232);
     }
 }
 
 // Judges a position that is the user's own, by its number alone. `kapitelIndex` is the index of its chapter.
-void TesteReserveposition(std::int32_t kapitelIndex, std::int32_t nummer) {
+void TesteReserveposition(std::int32_t kapitelIndex, std::int32_t nummer, Befunde& befunde) {
     std::int32_t von = 0;
     std::int32_t bis = 0;
     if (nummer % 10 != 0 && InTextAst(nummer, von, bis)) {
-        FehlerMelden(6221);
+        befunde.Melden(6221);
     }
 
     const std::int32_t titel = Titelposition(nummer);
     if (SuchePosition(kapitelIndex, titel) != -1) {
         return; // the superior position is in the document
     }
-    bool istWiederholung = false;
-    if (!PositionImKatalog(titel, istWiederholung, nummer) && titel != 0) {
-        FehlerMelden(6211);
+    if (!ImKatalog(titel, nummer, befunde) && titel != 0) {
+        befunde.Melden(6211);
     }
     if (!NeueSchnittstelle()) {
         return;
     }
     if (nummer % 1000 != 0 && InWiederholungsbereich(nummer)) {
-        FehlerMelden(6212);
+        befunde.Melden(6212);
     }
-    TesteReserveEnde(nummer);
+    TesteReserveEnde(nummer, befunde);
 }
 
-// Judges the positions of a chapter that is the current one. Wording doesn't count, nor does that of the title.
-void TesteKapitelPositionen(std::int32_t kapitelIndex) {
-    const std::vector<PositionEintrag>& positionen = Kapitel(kapitelIndex).Positionen;
+// Judges the positions of a chapter that is the current one. Wording doesn't count, nor does that of the title. `zeige`
+// gets the state of the bar behind each position.
+void TesteKapitelPositionen(std::int32_t kapitelIndex, void (*zeige)(std::int32_t), Befunde& befunde) {
     std::int32_t fortschritt = FortschrittBasis;
-    for (const PositionEintrag& position : positionen) {
-        testDaten.FehlerPosition = position.Nummer;
-        bool istWiederholung = false;
+    for (const PositionEintrag& position : Kapitel(kapitelIndex).Positionen) {
+        befunde.Position(position.Nummer);
         if (IstReservePosition(position.Nummer)) {
-            TesteReserveposition(kapitelIndex, position.Nummer);
-        } else if (PositionImKatalog(position.Nummer, istWiederholung, 0)) {
-            TestePosition(position);
+            TesteReserveposition(kapitelIndex, position.Nummer, befunde);
+        } else if (ImKatalog(position.Nummer, 0, befunde)) {
+            TestePosition(position, befunde);
         } else {
-            FehlerMelden(6201);
+            befunde.Melden(6201);
         }
-        ZeigeFortschritt(++fortschritt);
+        zeige(++fortschritt);
     }
+}
+
+// Makes the chapter of that index the current one and judges it, unless it is the user's own.
+std::vector<Katalogbefund> LadeUndTeste(std::int32_t kapitelIndex, void (*zeige)(std::int32_t)) {
+    const KapitelEintrag& kapitel = Kapitel(kapitelIndex);
+    katalogVergleich.Geladen = -1; // nothing is loaded should the load fail beyond repair
+    katalogVergleich.Gut = LadeKapitel(kapitel.Nummer, kapitel.Versionsjahr, sia451Datei.Sprachcode);
+    katalogVergleich.Geladen = kapitelIndex;
+    Befunde befunde;
+    if (!katalogVergleich.Gut) {
+        befunde.Melden(6101);
+    } else if (!IstReserveKapitel(kapitel.Nummer)) {
+        TesteKapitelPositionen(kapitelIndex, zeige, befunde);
+    }
+    return std::move(befunde).Liste();
+}
+
+// The findings of a chapter: those that are there already, or by loading it now.
+std::vector<Katalogbefund> BefundeVon(std::int32_t kapitelIndex) {
+    const auto vorab = katalogVergleich.Vorab.extract(kapitelIndex);
+    if (vorab.empty()) {
+        return LadeUndTeste(kapitelIndex, ZeigeFortschritt);
+    }
+    ZeigeFortschritt(FortschrittBasis + AnzahlElemente(Kapitel(kapitelIndex).Positionen));
+    return std::move(vorab.mapped());
 }
 
 void TesteKapitel(std::int32_t kapitelIndex) {
@@ -163,10 +207,9 @@ void TesteKapitel(std::int32_t kapitelIndex) {
     const Text schritt = Text(Uebersetze(u"Testet VLT-Kapitel")) + u": " + ZahlText(kapitel.Nummer);
     ZeigeSchritt(schritt, FortschrittBasis + AnzahlElemente(kapitel.Positionen));
     FortschrittPhase(0);
-    if (LadeKapitel(kapitel.Nummer, kapitel.Versionsjahr, sia451Datei.Sprachcode)) {
-        TesteKapitelPositionen(kapitelIndex);
-    } else {
-        FehlerMelden(6101);
+    for (const Katalogbefund& befund : BefundeVon(kapitelIndex)) {
+        testDaten.FehlerPosition = befund.Position;
+        FehlerMelden(befund.Code);
     }
 }
 
@@ -190,8 +233,7 @@ void TesteKatalog() {
     FortschrittPhase(6);
 }
 
-bool ImKatalogGeltungsbereich(std::int32_t kapitel, std::int32_t position, std::int32_t vorbemerkung,
-                              GeladenesKapitel& geladen) {
+bool ImKatalogGeltungsbereich(std::int32_t kapitel, std::int32_t position, std::int32_t vorbemerkung) {
     if (vorbemerkung > position) {
         return false;
     }
@@ -199,14 +241,12 @@ bool ImKatalogGeltungsbereich(std::int32_t kapitel, std::int32_t position, std::
     if (index == -1 || Kapitel(index).Versionsjahr == 0) {
         return false;
     }
-    if (geladen.Nummer != kapitel) {
-        geladen = {}; // nothing is loaded should the load fail beyond repair
-        const bool gut = LadeKapitel(kapitel, Kapitel(index).Versionsjahr, sia451Datei.Sprachcode);
-        geladen = {kapitel, gut};
+    if (katalogVergleich.Geladen != index) {
+        katalogVergleich.Vorab[index] = LadeUndTeste(index, [](std::int32_t) { BedieneFenster(); });
     }
     std::int32_t von = 0;
     std::int32_t bis = 0;
-    return geladen.Gut && InTextAst(vorbemerkung, von, bis) && von <= position && position <= bis;
+    return katalogVergleich.Gut && InTextAst(vorbemerkung, von, bis) && von <= position && position <= bis;
 }
 
 } // namespace zepholt

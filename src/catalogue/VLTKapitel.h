@@ -10,6 +10,7 @@
 // texts, the flag of search titles) is read as far as it decides whether the text is a chapter; nothing asks for it.
 #pragma once
 
+#include "catalogue/Kapiteldatei.h"
 #include "support/Text.h"
 
 #include <span>
@@ -44,6 +45,9 @@ struct Nummernbereich {
     std::int32_t Von = 0;
     std::int32_t Bis = 0;
 };
+
+// Whether a number lies in one of the ranges, which ascend and don't overlap.
+bool LiegtIn(std::span<const Nummernbereich> bereiche, std::int32_t nummer);
 
 // The repeat range that a sub-position carries, from 0 to 0 for none.
 inline Nummernbereich BereichVon(const UEintrag& u) {
@@ -87,6 +91,12 @@ struct KapitelDaten {
     std::vector<std::int32_t> EndknotenStufen; // indices of the end nodes that are greater than all before them
     std::vector<std::int32_t> AstVonH; // for main positions -HoechstesH to HoechstesH: index of the first branch, or -1
 
+    // --- Room for the expanded bytes of a chapter while it is read
+    std::vector<unsigned char> Entpackt;
+
+    // No chapter is there. The lists keep their room for the next one.
+    void Leeren();
+
     std::span<const UEintrag> UVon(const HEintrag& h) const {
         return std::span(KapitelUListe).subspan(h.ErstesU, static_cast<std::size_t>(h.UAnzahl));
     }
@@ -103,6 +113,10 @@ inline KapitelDaten kapitelDaten;
 // the text is no chapter: wrong root, a number of the root that is none, a value out of its width, more than 32767
 // entries in one list. There is no current chapter then.
 bool KapitelEinlesen(TextSicht text);
+
+// The same from a chapter file: in one go where it has the form that chapter files are usually written in, by way of
+// its text otherwise.
+bool KapitelEinlesen(const Kapitelbytes& bytes);
 
 // --- Derived lists ---------------------------------------------------------------------------------------------------
 
@@ -123,11 +137,18 @@ bool FindeH(std::int32_t nummer);
 bool FindeU(std::int32_t nummer); // within the current H
 bool FindeV(std::int32_t nummer); // within the current U
 
-// Whether the catalogue has a position, be it by its number or as a repetition (`istWiederholung`) within the repeat
-// range of the position before it. A `grenze` other than 0 is a position that must lie in the same range. The current U
-// is the one found, for a repetition the one that carries the range; none for a main position.
-// Reports 6213 (new interface): a text position in a range whose start doesn't allow it. The result is the same.
-bool PositionImKatalog(std::int32_t position, bool& istWiederholung, std::int32_t grenze);
+// Where the catalogue has a position.
+struct Katalogstelle {
+    std::int32_t H = -1; // indices as the current ones count; -1 for none
+    std::int32_t U = -1; // for a repetition the one that carries the range; none for a main position
+    bool Da = false;
+    bool IstWiederholung = false;
+    bool AnfangPasstNicht = false; // a text position in a range whose start doesn't allow it: what 6213 is about
+};
+
+// Looks for a position by its number, else as a repetition within the repeat range of the position before it. A
+// `grenze` other than 0 is a position that must lie in the same range. The place becomes the current one.
+Katalogstelle PositionImKatalog(std::int32_t position, std::int32_t grenze);
 
 // --- Accessors on the latest search: false or 0 when there is no such entry ------------------------------------------
 

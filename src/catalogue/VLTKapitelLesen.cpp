@@ -1,5 +1,6 @@
-// From the expanded text to the entries of the chapter.
-#include "catalogue/VLTKapitel.h"
+// From the expanded text to the entries of the chapter: any form that the class tqXML understands, with its limits.
+#include "catalogue/Kapiteldatei.h"
+#include "catalogue/Kapitelleser.h"
 #include "support/HilfsFunktionen.h"
 #include "support/tqXML.h"
 
@@ -10,9 +11,6 @@
 namespace zepholt {
 
 namespace {
-
-// The counts of a chapter are 16 bits wide.
-constexpr std::size_t HoechsteAnzahl = std::numeric_limits<std::int16_t>::max();
 
 // --- Numbers of attributes -------------------------------------------------------------------------------------------
 
@@ -94,27 +92,6 @@ Elemente Suche(TextSicht name, TextSicht element) {
     return tqXML().SucheElemente(name, element, HoechsteAnzahl + 1);
 }
 
-// Gives the variables of one sub-position the numbers of their groups; `texte` are the names of the groups, in the
-// order of the variables.
-void NummeriereGruppen(std::span<VEintrag> variablen, const Elemente& texte) {
-    std::vector<std::size_t> folge;
-    for (std::size_t i = 0; i < texte.size(); ++i) {
-        if (!texte[i].empty()) {
-            folge.push_back(i);
-        }
-    }
-    std::ranges::sort(folge, {}, [&texte](std::size_t i) { return texte[i]; });
-    std::uint16_t gruppe = 0;
-    TextSicht davor;
-    for (const std::size_t i : folge) {
-        if (texte[i] != davor) {
-            ++gruppe;
-        }
-        variablen[i].Gruppe = gruppe;
-        davor = texte[i];
-    }
-}
-
 void LiesVariablen(const Elemente& elemente, KapitelDaten& kapitel) {
     const std::size_t erstes = kapitel.KapitelVListe.size();
     Elemente gruppen;
@@ -174,7 +151,8 @@ bool KapitelStruktur(TextSicht dokument, KapitelDaten& kapitel) {
     return true;
 }
 
-bool Lies(TextSicht text, KapitelDaten& kapitel) {
+// The plain way. A number that can't be taken makes the text no chapter.
+bool LiesText(TextSicht text, KapitelDaten& kapitel) {
     tqXML xml;
     xml.DocumentElement(text);
     try {
@@ -184,16 +162,45 @@ bool Lies(TextSicht text, KapitelDaten& kapitel) {
     }
 }
 
+// Behind either way.
+bool Abgeschlossen(bool gelesen) {
+    if (gelesen) {
+        BildeFolgen(kapitelDaten);
+    } else {
+        kapitelDaten.Leeren();
+    }
+    return gelesen;
+}
+
 } // namespace
 
+void KapitelDaten::Leeren() {
+    KapitelN = KapitelS = KapitelV = 0;
+    AktuellesH = AktuellesU = AktuellesV = -1;
+    KapitelH.clear();
+    KapitelUListe.clear();
+    KapitelVListe.clear();
+    Endknoten.clear();
+    TextAeste.clear();
+    HFolge.clear();
+    UFolge.clear();
+    VFolge.clear();
+    Bereiche.clear();
+    EndknotenStufen.clear();
+    AstVonH.clear();
+}
+
 bool KapitelEinlesen(TextSicht text) {
-    kapitelDaten = {};
-    if (!Lies(text, kapitelDaten)) {
-        kapitelDaten = {};
-        return false;
+    kapitelDaten.Leeren();
+    return Abgeschlossen(LiesText(text, kapitelDaten));
+}
+
+bool KapitelEinlesen(const Kapitelbytes& bytes) {
+    kapitelDaten.Leeren();
+    if (LiesUeblicheForm(EntpackteBytes(bytes, kapitelDaten.Entpackt), kapitelDaten)) {
+        return Abgeschlossen(true);
     }
-    BildeFolgen(kapitelDaten);
-    return true;
+    return KapitelEinlesen(EntpackeKapitel(bytes));
 }
 
 } // namespace zepholt

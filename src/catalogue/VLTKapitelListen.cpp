@@ -29,48 +29,52 @@ void OrdneStrecke(const std::vector<Eintrag>& liste, std::span<const Eintrag> st
                      [&liste](std::uint32_t links, std::uint32_t rechts) { return liste[links].N < liste[rechts].N; });
 }
 
-// Puts ranges that overlap into one; behind it they ascend.
-void FasseZusammen(std::vector<Nummernbereich>& bereiche) {
-    std::ranges::sort(bereiche, {}, &Nummernbereich::Von);
-    std::size_t letzter = 0;
-    for (const Nummernbereich& bereich : bereiche) {
-        if (bereich.Von <= bereiche[letzter].Bis) {
-            bereiche[letzter].Bis = std::max(bereiche[letzter].Bis, bereich.Bis);
+// Puts ranges that overlap into one, from the one at `ab` on; behind it they ascend.
+void FasseZusammen(std::vector<Nummernbereich>& bereiche, std::size_t ab) {
+    std::ranges::sort(std::span(bereiche).subspan(ab), {}, &Nummernbereich::Von);
+    std::size_t letzter = ab;
+    for (std::size_t i = ab + 1; i < bereiche.size(); ++i) {
+        if (bereiche[i].Von <= bereiche[letzter].Bis) {
+            bereiche[letzter].Bis = std::max(bereiche[letzter].Bis, bereiche[i].Bis);
         } else {
-            bereiche[++letzter] = bereich;
+            bereiche[++letzter] = bereiche[i];
         }
     }
-    bereiche.resize(bereiche.empty() ? 0 : letzter + 1);
+    bereiche.resize(std::min(bereiche.size(), letzter + 1));
 }
 
 void MerkeBereiche(HEintrag& h, KapitelDaten& kapitel) {
-    std::vector<Nummernbereich> bereiche;
+    const std::size_t ab = kapitel.Bereiche.size();
     for (const UEintrag& u : kapitel.UVon(h)) {
         const Nummernbereich bereich = BereichVon(u);
         if (u.W != 0 && bereich.Von <= bereich.Bis) {
-            bereiche.push_back(bereich);
+            kapitel.Bereiche.push_back(bereich);
         }
     }
-    FasseZusammen(bereiche);
-    h.ErsterBereich = static_cast<std::uint32_t>(kapitel.Bereiche.size());
-    h.BereichAnzahl = static_cast<std::uint32_t>(bereiche.size());
-    kapitel.Bereiche.insert(kapitel.Bereiche.end(), bereiche.begin(), bereiche.end());
+    FasseZusammen(kapitel.Bereiche, ab);
+    h.ErsterBereich = static_cast<std::uint32_t>(ab);
+    h.BereichAnzahl = static_cast<std::uint32_t>(kapitel.Bereiche.size() - ab);
 }
 
 // --- End nodes -------------------------------------------------------------------------------------------------------
 
-// Whether `nr` lies in the group that `letzter` heads.
+// Whether `nr` lies in the group that `letzter` heads, looked at from the digit of `Stufe` on. A division by a constant
+// is a multiplication, and there is one for each sub-position.
+template <std::int32_t Stufe = 10>
 bool Verfeinert(std::int32_t nr, std::int32_t letzter) {
-    for (std::int32_t stufe = 10; letzter / stufe != 0; stufe *= 10) {
-        if (nr % stufe == 0) {
-            continue;
-        }
-        if (letzter % stufe != 0) {
+    if (letzter / Stufe == 0) {
+        return false;
+    }
+    if (nr % Stufe != 0) {
+        if (letzter % Stufe != 0) {
             return false;
         }
-        if (letzter / stufe == nr / stufe) {
+        if (letzter / Stufe == nr / Stufe) {
             return true;
         }
+    }
+    if constexpr (Stufe < 100'000'000) { // no position reaches it
+        return Verfeinert<Stufe * 10>(nr, letzter);
     }
     return false;
 }
@@ -97,16 +101,14 @@ void SammleEndknoten(KapitelDaten& kapitel) {
     }
 }
 
-std::vector<std::int32_t> Stufen(const std::vector<std::int32_t>& endknoten) {
-    std::vector<std::int32_t> stufen;
+void MerkeStufen(KapitelDaten& kapitel) {
     std::int32_t hoechster = std::numeric_limits<std::int32_t>::min();
-    for (std::size_t i = 0; i < endknoten.size(); ++i) {
-        if (endknoten[i] > hoechster) {
-            hoechster = endknoten[i];
-            stufen.push_back(static_cast<std::int32_t>(i));
+    for (std::size_t i = 0; i < kapitel.Endknoten.size(); ++i) {
+        if (kapitel.Endknoten[i] > hoechster) {
+            hoechster = kapitel.Endknoten[i];
+            kapitel.EndknotenStufen.push_back(static_cast<std::int32_t>(i));
         }
     }
-    return stufen;
 }
 
 // --- Text branches ---------------------------------------------------------------------------------------------------
@@ -118,46 +120,52 @@ struct Gruppe {
 };
 using Gruppen = std::vector<Gruppe>;
 
-void Zaehle(Gruppen& gruppen, std::int32_t schluessel, std::int32_t letzteZiffer) {
+void Zaehle(Gruppen& gruppen, std::int32_t schluessel, std::int32_t anzahl) {
     if (gruppen.empty() || gruppen.back().Schluessel != schluessel) {
         gruppen.push_back({schluessel, 0});
     }
-    if (letzteZiffer != 0) {
-        ++gruppen.back().Zaehler;
+    gruppen.back().Zaehler += anzahl;
+}
+
+// Adds the end nodes of a main position, `anzahl` of which have a last digit other than 0, to its groups: of hundreds,
+// of tens and its own.
+void ZaehleH(std::array<Gruppen, 3>& gruppen, std::int32_t h, std::int32_t anzahl) {
+    const std::int32_t m = h % 1000;
+    if (m / 100 % 10 == 0) {
+        return;
+    }
+    Zaehle(gruppen[0], h / 100 * 100, anzahl);
+    if (m / 10 % 10 == 0) {
+        return;
+    }
+    Zaehle(gruppen[1], h / 10 * 10, anzahl);
+    if (m % 10 != 0) {
+        Zaehle(gruppen[2], m, anzahl);
     }
 }
 
-// The groups of hundreds, of tens and of single main positions.
 std::array<Gruppen, 3> GruppenVon(const std::vector<std::int32_t>& endknoten) {
     std::array<Gruppen, 3> gruppen;
-    for (const std::int32_t p : endknoten) {
-        const std::int32_t m = p / 1000 % 1000;
-        if (m / 100 % 10 == 0) {
-            continue;
+    for (std::size_t i = 0; i < endknoten.size();) {
+        const std::int32_t h = endknoten[i] / 1000;
+        std::int32_t anzahl = 0;
+        for (; i < endknoten.size() && endknoten[i] / 1000 == h; ++i) {
+            anzahl += endknoten[i] % 10 != 0 ? 1 : 0;
         }
-        Zaehle(gruppen[0], p / 100000 * 100, p % 10);
-        if (m / 10 % 10 == 0) {
-            continue;
-        }
-        Zaehle(gruppen[1], p / 10000 * 10, p % 10);
-        if (m % 10 != 0) {
-            Zaehle(gruppen[2], m, p % 10);
-        }
+        ZaehleH(gruppen, h, anzahl);
     }
     return gruppen;
 }
 
 // Marks the groups without such end nodes that lie in a branch found so far.
 void MarkiereGedeckte(Gruppen& gruppen, const std::vector<TextAst>& aeste) {
-    constexpr std::int32_t grenze = 40000;                     // beyond any main position, negative ones too
-    std::vector<std::int32_t> offene(std::size_t{2} * grenze); // at a number: more branches open than before it
+    std::vector<Nummernbereich> gedeckt;
     for (const TextAst& ast : aeste) {
-        ++offene[static_cast<std::size_t>(ast.Von + grenze)];
-        --offene[static_cast<std::size_t>(ast.Bis + 1 + grenze)];
+        gedeckt.push_back({ast.Von, ast.Bis});
     }
-    std::partial_sum(offene.begin(), offene.end(), offene.begin());
+    FasseZusammen(gedeckt, 0);
     for (Gruppe& gruppe : gruppen) {
-        if (gruppe.Zaehler == 0 && offene[static_cast<std::size_t>(gruppe.Schluessel + grenze)] != 0) {
+        if (gruppe.Zaehler == 0 && LiegtIn(gedeckt, gruppe.Schluessel)) {
             gruppe.Zaehler = -1;
         }
     }
@@ -195,20 +203,24 @@ std::vector<TextAst> AesteVon(const std::vector<std::int32_t>& endknoten) {
     return aeste;
 }
 
-// For each main position the first branch that holds it: from the last to the first, so that the first one stays.
-std::vector<std::int32_t> ErsteAeste(const std::vector<TextAst>& aeste) {
-    std::vector<std::int32_t> erste(2 * HoechstesH + 1, -1);
-    for (std::size_t i = aeste.size(); i-- > 0;) {
-        const std::int32_t von = std::max(aeste[i].Von, -HoechstesH);
-        const std::int32_t bis = std::min(aeste[i].Bis, HoechstesH);
+// Notes for each main position the first branch that holds it: from the last to the first, so that the first one stays.
+void MerkeErsteAeste(KapitelDaten& kapitel) {
+    kapitel.AstVonH.assign(2 * HoechstesH + 1, -1);
+    for (std::size_t i = kapitel.TextAeste.size(); i-- > 0;) {
+        const std::int32_t von = std::max(kapitel.TextAeste[i].Von, -HoechstesH);
+        const std::int32_t bis = std::min(kapitel.TextAeste[i].Bis, HoechstesH);
         for (std::int32_t h = von; h <= bis; ++h) {
-            erste[static_cast<std::size_t>(h + HoechstesH)] = static_cast<std::int32_t>(i);
+            kapitel.AstVonH[static_cast<std::size_t>(h + HoechstesH)] = static_cast<std::int32_t>(i);
         }
     }
-    return erste;
 }
 
 } // namespace
+
+bool LiegtIn(std::span<const Nummernbereich> bereiche, std::int32_t nummer) {
+    const auto bereich = std::ranges::lower_bound(bereiche, nummer, {}, &Nummernbereich::Bis);
+    return bereich != bereiche.end() && bereich->Von <= nummer;
+}
 
 void BildeFolgen(KapitelDaten& kapitel) {
     OrdneStrecke(kapitel.KapitelH, std::span<const HEintrag>(kapitel.KapitelH), kapitel.HFolge);
@@ -223,14 +235,15 @@ void BildeFolgen(KapitelDaten& kapitel) {
 
 void BildeEndknoten() {
     kapitelDaten.Endknoten.clear();
+    kapitelDaten.EndknotenStufen.clear();
     SammleEndknoten(kapitelDaten);
-    kapitelDaten.EndknotenStufen = Stufen(kapitelDaten.Endknoten);
+    MerkeStufen(kapitelDaten);
 }
 
 void BildeTextAeste() {
     const bool hatAeste = kapitelDaten.KapitelN / 10 % 10 != 0;
     kapitelDaten.TextAeste = hatAeste ? AesteVon(kapitelDaten.Endknoten) : std::vector<TextAst>();
-    kapitelDaten.AstVonH = ErsteAeste(kapitelDaten.TextAeste);
+    MerkeErsteAeste(kapitelDaten);
 }
 
 } // namespace zepholt

@@ -1,52 +1,11 @@
 // The searches over the current chapter.
 #include "catalogue/VLTKapitel.h"
-#include "errors/TestFehler.h"
-#include "state/TestDaten.h"
 
 #include <algorithm>
 
 namespace zepholt {
 
 namespace {
-
-// The first entry of a stretch of the list with the number, counted from the stretch's start; -1 when there is none.
-template <class Eintrag>
-std::int32_t ErsterMitNummer(const std::vector<Eintrag>& liste, const std::vector<std::uint32_t>& folge,
-                             std::span<const Eintrag> strecke, std::int32_t nummer) {
-    const auto ab = static_cast<std::size_t>(strecke.data() - liste.data());
-    const auto platz = [&](std::size_t i) { return folge.empty() ? i : folge[ab + i] - ab; };
-    std::size_t von = 0;
-    for (std::size_t bis = strecke.size(); von < bis;) {
-        const std::size_t mitte = von + (bis - von) / 2;
-        if (strecke[platz(mitte)].N < nummer) {
-            von = mitte + 1;
-        } else {
-            bis = mitte;
-        }
-    }
-    const bool gefunden = von < strecke.size() && strecke[platz(von)].N == nummer;
-    return gefunden ? static_cast<std::int32_t>(platz(von)) : -1;
-}
-
-std::int32_t SucheH(std::int32_t nummer) {
-    return ErsterMitNummer(kapitelDaten.KapitelH, kapitelDaten.HFolge, std::span<const HEintrag>(kapitelDaten.KapitelH),
-                           nummer);
-}
-
-std::int32_t SucheU(const HEintrag& h, std::int32_t nummer) {
-    return ErsterMitNummer(kapitelDaten.KapitelUListe, kapitelDaten.UFolge, kapitelDaten.UVon(h), nummer);
-}
-
-// Index of the first end node greater than a position; the count when there is none. An entry is the first one greater
-// than something only when it is greater than all before it, so those alone are searched: in a list that ascends they
-// are all entries.
-std::size_t ErsterEndknotenHinter(std::int32_t position) {
-    const std::vector<std::int32_t>& endknoten = kapitelDaten.Endknoten;
-    const auto stufe =
-        std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {},
-                                 [&endknoten](std::int32_t i) { return endknoten[static_cast<std::size_t>(i)]; });
-    return stufe == kapitelDaten.EndknotenStufen.end() ? endknoten.size() : static_cast<std::size_t>(*stufe);
-}
 
 // --- The current entries
 
@@ -67,15 +26,50 @@ const VEintrag* DasV() {
     return u == nullptr || v < 0 ? nullptr : &kapitelDaten.VVon(*u)[static_cast<std::size_t>(v)];
 }
 
-// --- Where a position is found
+// The first entry of a stretch of the list with the number, counted from the stretch's start; -1 when there is none.
+template <class Eintrag>
+std::int32_t ErsterMitNummer(const std::vector<Eintrag>& liste, const std::vector<std::uint32_t>& folge,
+                             std::span<const Eintrag> strecke, std::int32_t nummer) {
+    const auto ab = static_cast<std::size_t>(strecke.data() - liste.data());
+    const auto platz = [&](std::size_t i) { return folge.empty() ? i : folge[ab + i] - ab; };
+    std::size_t von = 0;
+    for (std::size_t bis = strecke.size(); von < bis;) {
+        const std::size_t mitte = von + (bis - von) / 2;
+        if (strecke[platz(mitte)].N < nummer) {
+            von = mitte + 1;
+        } else {
+            bis = mitte;
+        }
+    }
+    const bool gefunden = von < strecke.size() && strecke[platz(von)].N == nummer;
+    return gefunden ? static_cast<std::int32_t>(platz(von)) : -1;
+}
 
-struct Fundstelle {
-    std::int32_t H = -1; // indices as the current ones count; -1 for none
-    std::int32_t U = -1;
-    bool Da = false;
-    bool IstWiederholung = false;
-    bool AnfangPasstNicht = false; // a text position, finer than what its range begins at
-};
+// The main position asked for last is mostly the one asked for next.
+std::int32_t SucheH(std::int32_t nummer) {
+    if (const HEintrag* h = DasH(); h != nullptr && h->N == nummer) {
+        return kapitelDaten.AktuellesH;
+    }
+    return ErsterMitNummer(kapitelDaten.KapitelH, kapitelDaten.HFolge, std::span<const HEintrag>(kapitelDaten.KapitelH),
+                           nummer);
+}
+
+std::int32_t SucheU(const HEintrag& h, std::int32_t nummer) {
+    return ErsterMitNummer(kapitelDaten.KapitelUListe, kapitelDaten.UFolge, kapitelDaten.UVon(h), nummer);
+}
+
+// Index of the first end node greater than a position; the count when there is none. An entry is the first one greater
+// than something only when it is greater than all before it, so those alone are searched: in a list that ascends they
+// are all entries.
+std::size_t ErsterEndknotenHinter(std::int32_t position) {
+    const std::vector<std::int32_t>& endknoten = kapitelDaten.Endknoten;
+    const auto stufe =
+        std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {},
+                                 [&endknoten](std::int32_t i) { return endknoten[static_cast<std::size_t>(i)]; });
+    return stufe == kapitelDaten.EndknotenStufen.end() ? endknoten.size() : static_cast<std::size_t>(*stufe);
+}
+
+// --- Where a position is found
 
 // The sub-position whose range the position may lie in: the end node before the place where it would stand.
 std::int32_t TraegerVor(const HEintrag& h, std::int32_t position) {
@@ -92,8 +86,8 @@ bool ZuFein(std::int32_t position, std::int32_t von) {
     return position % 10 == 0 && (von % 10 != 0 || (von % 100 != 0 && position % 100 == 0));
 }
 
-Fundstelle SucheStelle(std::int32_t position, std::int32_t grenze) {
-    Fundstelle stelle;
+Katalogstelle SucheStelle(std::int32_t position, std::int32_t grenze) {
+    Katalogstelle stelle;
     const std::int32_t unter = position % 1000;
     stelle.H = SucheH(position / 1000);
     if (stelle.H < 0 || unter == 0) {
@@ -147,16 +141,12 @@ bool FindeV(std::int32_t nummer) {
     return kapitelDaten.AktuellesV >= 0;
 }
 
-bool PositionImKatalog(std::int32_t position, bool& istWiederholung, std::int32_t grenze) {
-    const Fundstelle stelle = SucheStelle(position, grenze);
+Katalogstelle PositionImKatalog(std::int32_t position, std::int32_t grenze) {
+    const Katalogstelle stelle = SucheStelle(position, grenze);
     kapitelDaten.AktuellesH = stelle.H;
     kapitelDaten.AktuellesU = stelle.U;
     kapitelDaten.AktuellesV = -1;
-    if (stelle.AnfangPasstNicht && NeueSchnittstelle()) {
-        FehlerHinzufuegen(6213, 0);
-    }
-    istWiederholung = stelle.IstWiederholung;
-    return stelle.Da;
+    return stelle;
 }
 
 // --- Accessors -------------------------------------------------------------------------------------------------------
@@ -199,9 +189,7 @@ bool InWiederholungsbereich(std::int32_t position) {
         return false;
     }
     const HEintrag& h = kapitelDaten.KapitelH[static_cast<std::size_t>(index)];
-    const auto bereiche = std::span(kapitelDaten.Bereiche).subspan(h.ErsterBereich, h.BereichAnzahl);
-    const auto bereich = std::ranges::lower_bound(bereiche, nummer, {}, &Nummernbereich::Bis);
-    return bereich != bereiche.end() && bereich->Von <= nummer;
+    return LiegtIn(std::span(kapitelDaten.Bereiche).subspan(h.ErsterBereich, h.BereichAnzahl), nummer);
 }
 
 bool InTextAst(std::int32_t position, std::int32_t& von, std::int32_t& bis) {

@@ -89,11 +89,9 @@ Rohkapitel HoleRohkapitel(std::int32_t kapitel, std::int32_t version, std::int32
     }
 }
 
-// The expanded text of a chapter file; empty when it is none.
-Text Kapiteltext(const Rohkapitel& roh) {
+std::optional<Kapitelbytes> Zerlegt(const Rohkapitel& roh) {
     try {
-        const std::optional<Kapitelbytes> datei = ZerlegeKapitel(roh.Inhalt.Sicht());
-        return datei ? EntpackeKapitel(*datei) : Text();
+        return ZerlegeKapitel(roh.Inhalt.Sicht());
     } catch (const LaufzeitFehler& fehler) {
         throw LaufzeitFehler("catalogue file damaged, " + std::string(fehler.what()) + ": " + InMeldung(roh.Quelle));
     }
@@ -101,12 +99,12 @@ Text Kapiteltext(const Rohkapitel& roh) {
 
 bool LeseKapitel(std::int32_t kapitel, std::int32_t version, std::int32_t sprache) {
     const Rohkapitel roh = HoleRohkapitel(kapitel, version, sprache);
-    const Text text = roh.Inhalt.empty() ? Text() : Kapiteltext(roh);
-    if (text.empty()) {
+    const std::optional<Kapitelbytes> bytes = Zerlegt(roh);
+    if (!bytes) {
         return false;
     }
     FortschrittPhase(1);
-    return KapitelEinlesen(text) && kapitelDaten.KapitelN == kapitel && kapitelDaten.KapitelV == version &&
+    return KapitelEinlesen(*bytes) && kapitelDaten.KapitelN == kapitel && kapitelDaten.KapitelV == version &&
            kapitelDaten.KapitelS == sprache;
 }
 
@@ -175,7 +173,7 @@ bool LadeKapitel(std::int32_t kapitel, std::int32_t version, std::int32_t sprach
     const bool geladen = LeseKapitel(kapitel, version, sprache);
     FortschrittPhase(2);
     if (!geladen) {
-        kapitelDaten = {};
+        kapitelDaten.Leeren();
         return false;
     }
     FortschrittPhase(3);

@@ -66,7 +66,7 @@ void PruefeReservetext(const KapitelEintrag& kapitel) {
 
 // The preliminary remark that a quantity points to (G6:24a): it must stand in the chapter, and in the new interface
 // it must cover the position, by its digits or by the catalogue.
-void PruefeVorbemerkungen(std::int32_t index, GeladenesKapitel& geladen) {
+void PruefeVorbemerkungen(std::int32_t index) {
     const KapitelEintrag& kapitel = Kapitel(index);
     for (const PositionEintrag& position : kapitel.Positionen) {
         for (const MengeEintrag& menge : position.Mengen) {
@@ -78,7 +78,7 @@ void PruefeVorbemerkungen(std::int32_t index, GeladenesKapitel& geladen) {
                 MeldenAn(4741, kapitel, position);
             }
             if (NeueSchnittstelle() && !ImGueltigkeitsbereich(kapitel.Nummer, position.Nummer, vorbemerkung) &&
-                !ImKatalogGeltungsbereich(kapitel.Nummer, position.Nummer, vorbemerkung, geladen)) {
+                !ImKatalogGeltungsbereich(kapitel.Nummer, position.Nummer, vorbemerkung)) {
                 MeldenAn(4742, kapitel, position);
             }
         }
@@ -97,9 +97,8 @@ void PruefeNachlauf() {
     for (const KapitelEintrag& kapitel : sia451Datei.DokumentKapitel) {
         PruefeReservetext(kapitel);
     }
-    GeladenesKapitel geladen;
     for (std::int32_t i = 0; i < AnzahlElemente(sia451Datei.DokumentKapitel); ++i) {
-        PruefeVorbemerkungen(i, geladen);
+        PruefeVorbemerkungen(i);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "run/NeuerLauf.h"
 
+#include "catalogue/TestVLT.h"
 #include "catalogue/VLTKapitel.h"
 #include "catalogue/VLTKatalog.h"
 #include "errors/TestFehler.h"
@@ -16,6 +17,7 @@ void NeuerLauf() {
     fehlerSpeicher = {};
     kapitelDaten = {};
     katalogDaten = {};
+    katalogVergleich = {};
     dialogDeFrIt = {};
     fortschrittStand = {};
     testDaten = {};

@@ -465,8 +465,8 @@ TEST_F(TestVLTTest, TheBarMovesThroughTheLoadAndThePositions) {
 class GeltungTest : public TestVLTTest {
 protected:
     static bool ImGeltungsbereich(std::int32_t kapitel, std::int32_t position, std::int32_t vorbemerkung) {
-        GeladenesKapitel geladen;
-        return ImKatalogGeltungsbereich(kapitel, position, vorbemerkung, geladen);
+        katalogVergleich = {};
+        return ImKatalogGeltungsbereich(kapitel, position, vorbemerkung);
     }
 };
 
@@ -512,13 +512,90 @@ TEST_F(GeltungTest, ARemarkBehindThePositionLoadsNothing) {
 TEST_F(GeltungTest, AChapterInUseIsNotReadAnew) {
     SchreibeKapitel(142, "");
     Kapitel(142);
-    GeladenesKapitel geladen;
-    EXPECT_TRUE(ImKatalogGeltungsbereich(241, 200000, 111010, geladen));
+    EXPECT_TRUE(ImKatalogGeltungsbereich(241, 200000, 111010));
     std::filesystem::remove(Ordner().Pfad() / "N131241.qvm");
-    EXPECT_TRUE(ImKatalogGeltungsbereich(241, 200000, 111010, geladen));
-    EXPECT_FALSE(ImKatalogGeltungsbereich(142, 200000, 111010, geladen));
-    EXPECT_FALSE(ImKatalogGeltungsbereich(241, 200000, 111010, geladen)); // another was in use since
+    EXPECT_TRUE(ImKatalogGeltungsbereich(241, 200000, 111010));
+    EXPECT_FALSE(ImKatalogGeltungsbereich(142, 200000, 111010));
+    EXPECT_FALSE(ImKatalogGeltungsbereich(241, 200000, 111010)); // another was in use since
     EXPECT_FALSE(ImGeltungsbereich(241, 200000, 111010));
+}
+
+// --- One load for the scope and the comparison
+
+class EinLadenTest : public TestVLTTest {
+protected:
+    // Two chapters that are there and one that is missing, each with a position of its own kind of finding.
+    void BeginneMitDrei() {
+        SchreibeKapitel(111, "<H N=\"211\"><U N=\"1\" Y=\"1\"/></H>");
+        Beginne(Neu);
+        Kapitel(111);
+        Position(211001); // 6202
+        Position(999999);
+        Kapitel(142); // 6101
+        Position(211001);
+        Kapitel(241);
+        Position(888888); // 6201
+    }
+};
+
+TEST_F(EinLadenTest, WhatTheScopeHadToLoadIsNotLoadedAgain) {
+    BeginneMitDrei();
+    const Stempelfunde funde = Rufe(TesteKatalog);
+    ASSERT_EQ(funde.size(), 4U);
+    for (const auto& gefragt : std::vector<std::vector<std::int32_t>>{{}, {111}, {241}, {142}, {111, 142, 241}}) {
+        BeginneMitDrei();
+        for (const std::int32_t kapitel : gefragt) {
+            EXPECT_EQ(Rufe([kapitel] { ImKatalogGeltungsbereich(kapitel, 999999, 111010); }), Stempelfunde());
+            std::filesystem::remove(Ordner().Pfad() / ("N131" + std::to_string(kapitel) + ".qvm"));
+        }
+        EXPECT_EQ(Rufe(TesteKatalog), funde);
+        SchreibeKapitel(241, Kapitel241);
+    }
+}
+
+// The stamps of the pass that asks stay its own.
+TEST_F(EinLadenTest, JudgingAheadOfTimeTouchesNoStamp) {
+    BeginneMitDrei();
+    testDaten.FehlerKapitel = 7;
+    testDaten.FehlerPosition = 8;
+    ImKatalogGeltungsbereich(111, 999999, 111010);
+    EXPECT_EQ(testDaten.FehlerKapitel, 7);
+    EXPECT_EQ(testDaten.FehlerPosition, 8);
+}
+
+TEST_F(EinLadenTest, TheBarOfAChapterJudgedBeforeIsFullAtOnce) {
+    static std::int64_t jetzt;
+    jetzt = 0;
+    fortschrittStand.Uhr = [] { return jetzt += 1000; };
+    Position(212001);
+    Position(212002);
+    Balkenfenster fenster;
+    testDaten.Fortschrittsfenster = &fenster;
+    ZeigeSchritt(u"", 200);
+    fenster.Balken.clear();
+    ImKatalogGeltungsbereich(241, 999999, 111010);
+    std::vector<double> erwartet;
+    for (const std::int32_t wert : {45, 165, 185, 200}) {
+        erwartet.push_back(BalkenBreite(BalkenInnen, wert, 200));
+    }
+    EXPECT_EQ(fenster.Balken, erwartet);
+    fenster.Balken.clear();
+    Rufe(TesteKatalog);
+    erwartet.clear();
+    for (const std::int32_t wert : {0, 0, 202, 0}) {
+        erwartet.push_back(BalkenBreite(BalkenInnen, wert, 202));
+    }
+    EXPECT_EQ(fenster.Balken, erwartet);
+}
+
+// A reserve chapter is asked for its scope and not compared.
+TEST_F(EinLadenTest, AReserveChapterStaysUntested) {
+    SchreibeKapitel(291, "");
+    Beginne(Neu);
+    Kapitel(291);
+    Position(888888);
+    ImKatalogGeltungsbereich(291, 999999, 111010);
+    EXPECT_EQ(Rufe(TesteKatalog), Stempelfunde());
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 // What a chapter text gives: its entries, its end nodes, its text branches, and the answers of the searches.
 #include "catalogue/VLTKapitel.h"
-#include "errors/TestFehler.h"
-#include "state/TestDaten.h"
 
 #include "catalogue/Kapitelbau.h"
 
@@ -20,11 +18,7 @@ protected:
     void SetUp() override { Aufraeumen(); }
     void TearDown() override { Aufraeumen(); }
 
-    static void Aufraeumen() {
-        testDaten = {};
-        kapitelDaten = {};
-        FehlerLoeschen();
-    }
+    static void Aufraeumen() { kapitelDaten = {}; }
 };
 
 std::string Wiederholt(std::string_view stueck, std::size_t anzahl) {
@@ -142,9 +136,7 @@ TEST_F(VLTKapitel, OhneHGueltigUndLeer) {
     for (const char* innen : {"", "<X N=\"1\"/>", "text"}) {
         EXPECT_TRUE(LiesKapitel(innen)) << innen;
         EXPECT_EQ(kapitelDaten.KapitelH.size(), 0U);
-        bool wiederholung = true;
-        EXPECT_FALSE(PositionImKatalog(111100, wiederholung, 0));
-        EXPECT_FALSE(wiederholung);
+        EXPECT_FALSE(PositionImKatalog(111100, 0).Da);
     }
 }
 
@@ -246,9 +238,8 @@ TEST_F(VLTKapitel, NegativeNummernSindNurZahlen) {
     ASSERT_TRUE(LiesKapitel("<H N=\"-1\"><U N=\"-100\"/><U N=\"-110\"/></H><H N=\"-32768\"><U N=\"-32768\"/></H>"));
     // -1100 heads the group of -1110: the division drops the sign's side alike
     EXPECT_EQ(kapitelDaten.Endknoten, (Nummern{-1110, -32800768}));
-    bool wiederholung = false;
-    EXPECT_TRUE(PositionImKatalog(-1100, wiederholung, 0));
-    EXPECT_FALSE(PositionImKatalog(-1105, wiederholung, 0));
+    EXPECT_TRUE(PositionImKatalog(-1100, 0).Da);
+    EXPECT_FALSE(PositionImKatalog(-1105, 0).Da);
     EXPECT_FALSE(InWiederholungsbereich(-1100));
     EXPECT_TRUE(IstEndknoten(-1100));
 }
@@ -365,10 +356,9 @@ struct Katalogfall {
 
 void ErwarteImKatalog(std::initializer_list<Katalogfall> faelle) {
     for (const Katalogfall& fall : faelle) {
-        bool wiederholung = !fall.Wiederholung;
-        EXPECT_EQ(PositionImKatalog(fall.Position, wiederholung, fall.Grenze), fall.Da)
-            << fall.Position << ' ' << fall.Grenze;
-        EXPECT_EQ(wiederholung, fall.Wiederholung) << fall.Position << ' ' << fall.Grenze;
+        const Katalogstelle stelle = PositionImKatalog(fall.Position, fall.Grenze);
+        EXPECT_EQ(stelle.Da, fall.Da) << fall.Position << ' ' << fall.Grenze;
+        EXPECT_EQ(stelle.IstWiederholung, fall.Wiederholung) << fall.Position << ' ' << fall.Grenze;
     }
 }
 
@@ -383,8 +373,7 @@ TEST_F(VLTKapitel, PositionOhneBereich) {
         {111099, 0, false, false}, // nothing before it
         {113100, 0, false, false},
     });
-    bool wiederholung = false;
-    PositionImKatalog(111000, wiederholung, 0);
+    PositionImKatalog(111000, 0);
     EXPECT_EQ(kapitelDaten.AktuellesU, -1); // a main position has no sub-position
 }
 
@@ -405,8 +394,7 @@ TEST_F(VLTKapitel, BereichNimmtSeinenTraegerNichtAn) {
         {111150, 111101, true, true},
         {111300, 111900, true, false}, // no range, no limit
     });
-    bool wiederholung = false;
-    PositionImKatalog(111150, wiederholung, 0);
+    PositionImKatalog(111150, 0);
     EXPECT_EQ(kapitelDaten.AktuellesU, 0); // the one that carries the range
     EXPECT_TRUE(OhneFestenText());
 }
@@ -415,8 +403,7 @@ TEST_F(VLTKapitel, BereichNimmtSeinenTraegerNichtAn) {
 TEST_F(VLTKapitel, GefundenePositionMitBereich) {
     LiesKapitel("<H N=\"111\"><U N=\"100\"/><U N=\"150\" W=\"100199\"/></H>");
     ErwarteImKatalog({{111150, 0, true, true}, {111160, 0, true, true}, {111100, 0, true, false}});
-    bool wiederholung = false;
-    PositionImKatalog(111150, wiederholung, 0);
+    PositionImKatalog(111150, 0);
     EXPECT_EQ(kapitelDaten.AktuellesU, 0);
 }
 
@@ -440,43 +427,32 @@ TEST_F(VLTKapitel, VerfeinerterTraeger) {
 struct Anfangsfall {
     std::string_view W;
     std::int32_t Position;
-    std::int32_t Revision;
-    bool Gemeldet;
+    bool PasstNicht;
 };
 
-TEST_F(VLTKapitel, Meldung6213) {
+TEST_F(VLTKapitel, ATextPositionMustNotBeFinerThanTheStartOfItsRange) { // 6213
     const Anfangsfall faelle[] = {
-        {"101199", 111110, 21, true}, // begins at a performance position
-        {"101199", 111110, 12, true},  {"101199", 111110, 11, false},
-        {"101199", 111111, 21, false}, // itself a performance position
-        {"110250", 111200, 21, true},  // a group of hundreds in a range of tens
-        {"110250", 111210, 21, false}, {"100250", 111200, 21, false},
-        {"100250", 111110, 21, false}, {"101199", 111300, 21, false}, // outside
+        {"101199", 111110, true},  // begins at a performance position
+        {"101199", 111111, false}, // itself a performance position
+        {"110250", 111200, true},  // a group of hundreds in a range of tens
+        {"110250", 111210, false}, {"100250", 111200, false},
+        {"100250", 111110, false}, {"101199", 111300, false}, // outside
     };
     for (const Anfangsfall& fall : faelle) {
         const std::string w(fall.W);
         LiesKapitel("<H N=\"111\"><U N=\"" + w.substr(0, 3) + "\" W=\"" + w + "\"/></H>");
-        FehlerLoeschen();
-        testDaten.Revision = fall.Revision;
-        bool wiederholung = false;
-        PositionImKatalog(fall.Position, wiederholung, 0);
-        ASSERT_EQ(FehlerAnzahl(), fall.Gemeldet ? 1 : 0) << w << ' ' << fall.Position << ' ' << fall.Revision;
-        if (fall.Gemeldet) {
-            EXPECT_EQ(fehlerSpeicher.FehlerListe[0].Code, 6213);
-            EXPECT_EQ(fehlerSpeicher.FehlerListe[0].Spalte, 0);
-            EXPECT_TRUE(wiederholung); // the report changes nothing
-        }
+        const Katalogstelle stelle = PositionImKatalog(fall.Position, 0);
+        EXPECT_EQ(stelle.AnfangPasstNicht, fall.PasstNicht) << w << ' ' << fall.Position;
+        EXPECT_EQ(stelle.IstWiederholung, fall.Position != 111300) << w; // it changes nothing
     }
 }
 
-// The report comes before the search for the range's first number.
-TEST_F(VLTKapitel, Meldung6213AuchOhneAnfang) {
+// It is known before the range's first number is looked for.
+TEST_F(VLTKapitel, AStartThatDoesNotFitIsSeenWithoutAStart) {
     LiesKapitel("<H N=\"111\"><U N=\"105\" W=\"101199\"/></H>");
-    testDaten.Revision = 21;
-    ErwarteImKatalog({{111110, 0, false, false}});
-    EXPECT_EQ(FehlerAnzahl(), 1);
-    ErwarteImKatalog({{111110, 111200, false, false}}); // refused before
-    EXPECT_EQ(FehlerAnzahl(), 1);
+    EXPECT_TRUE(PositionImKatalog(111110, 0).AnfangPasstNicht);
+    EXPECT_FALSE(PositionImKatalog(111110, 0).Da);
+    EXPECT_FALSE(PositionImKatalog(111110, 111200).AnfangPasstNicht); // refused before
 }
 
 TEST_F(VLTKapitel, InWiederholungsbereich) {
@@ -501,9 +477,8 @@ TEST_F(VLTKapitel, InWiederholungsbereich) {
 TEST_F(VLTKapitel, BereicheVonJederGroesse) {
     for (const char* w : {"2147483647", "-2147483648", "-100199", "999", "1", "-1", "100000", "999999"}) {
         ASSERT_TRUE(LiesKapitel("<H N=\"111\"><U N=\"100\" W=\"" + std::string(w) + "\"/></H>"));
-        bool wiederholung = false;
         for (const std::int32_t position : {111001, 111100, 111150, 111999, -111100, 2147483647}) {
-            PositionImKatalog(position, wiederholung, -1);
+            PositionImKatalog(position, -1);
             InWiederholungsbereich(position);
         }
     }

@@ -192,8 +192,7 @@ TEST_F(VLTKatalog, LaedtAusDemOrdner) {
     EXPECT_EQ(kapitelDaten.KapitelN, 241);
     EXPECT_EQ(kapitelDaten.Endknoten, (std::vector<std::int32_t>{111100, 111300}));
     EXPECT_EQ(kapitelDaten.TextAeste.size(), 1U);
-    bool wiederholung = false;
-    EXPECT_TRUE(PositionImKatalog(111150, wiederholung, 0));
+    EXPECT_TRUE(PositionImKatalog(111150, 0).Da);
 }
 
 TEST_F(VLTKatalog, NurDieVerlangteSpracheUndDasVerlangteJahr) {
