@@ -34,7 +34,7 @@ std::int32_t KurzeZahl(TextSicht text) {
     }
     std::int32_t wert = 0;
     for (const char16_t zeichen : text) {
-        if (zeichen < u'0' || zeichen > u'9') {
+        if (!IstZiffer(zeichen)) {
             return -1;
         }
         wert = wert * 10 + (zeichen - u'0');

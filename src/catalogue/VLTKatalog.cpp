@@ -21,7 +21,6 @@ namespace {
 constexpr std::size_t KopfLaenge = 30;
 constexpr std::size_t VerzeichnisLaenge = 1000; // of a chapter's start, as far as the list of chapters reads it
 constexpr std::string_view Magie = "CF11";
-constexpr TextSicht Deklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
 constexpr unsigned char TabellenEnde = 32; // in the table in the place of a code, in the body the first plain character
 
 using Abkuerzungen = std::array<ByteSicht, TabellenEnde>; // by code; the texts lie in the raw chapter
@@ -318,8 +317,8 @@ void EntpackeRoh() {
     }
     StringBuilder sammler;
     sammler.Capacity(groesse);
-    sammler.Vorsorgen(Deklaration.size() + laenge); // the head's size may be anything
-    sammler.Append(Deklaration);
+    sammler.Vorsorgen(XmlDeklaration.size() + laenge); // the head's size may be anything
+    sammler.Append(XmlDeklaration);
     Entpacke(rumpf, tabelle, sammler);
     katalogDaten.KapitelXML = std::move(sammler).GetString();
 }
@@ -373,7 +372,7 @@ void VerzeichnisZeile(std::int32_t kapitel, std::int32_t jahr, ByteSicht gelesen
         return;
     }
     StringBuilder sammler;
-    sammler.Append(Deklaration);
+    sammler.Append(XmlDeklaration);
     Entpacke(gelesen.subspan(anfang, ende + 1 - anfang), tabelle, sammler);
     sammler.Append(u"</Kapitel>");
 

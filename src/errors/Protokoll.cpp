@@ -7,6 +7,7 @@
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
+#include "support/Utf8.h"
 #include "support/tqXML.h"
 #include "window/Fortschritt.h"
 
@@ -118,19 +119,22 @@ std::vector<std::uint32_t> RaengeVon(const std::vector<Sortierschluessel>& schlu
 
 // --- Writing ---------------------------------------------------------------------------------------------------------
 
-// Writes text to an output file in ISO-8859-1; a character that it does not have becomes a decimal reference.
+// Writes text to an output file in ISO-8859-1; a character that it does not have becomes a decimal reference, a pair of
+// surrogates one of the character that it stands for.
 class AnsiAusgabe {
 public:
     explicit AnsiAusgabe(const Text& pfad) : m_datei(pfad) {}
 
     void Schreiben(TextSicht text) {
         m_bytes.clear();
-        for (const char16_t zeichen : text) {
+        while (!text.empty()) {
+            const char32_t zeichen = Utf16Lesen(text);
             if (zeichen <= 0xFF) {
                 m_bytes.push_back(static_cast<char>(zeichen));
             } else {
-                m_bytes.append("&#").append(std::to_string(static_cast<unsigned>(zeichen))).push_back(';');
+                m_bytes.append("&#").append(std::to_string(static_cast<std::uint32_t>(zeichen))).push_back(';');
             }
+            text.remove_prefix(zeichen > 0xFFFF ? 2 : 1);
         }
         m_datei.Schreiben(m_bytes);
     }
@@ -188,7 +192,7 @@ Zaehler Auszaehlen() {
 // The old interface counts errors and warnings apart, the new one counts both as errors; in mode I no warning is left.
 Text Zaehlelemente(tqXML& xml) {
     const Zaehler zaehler = Auszaehlen();
-    const bool alt = testDaten.Revision < 12;
+    const bool alt = !NeueSchnittstelle();
     const bool nurFehler = testDaten.Modus == u"I";
     const std::int32_t fehler = alt || nurFehler ? zaehler.Fehler : zaehler.Fehler + zaehler.Warnungen;
     Text elemente = XmlElement(u"Errors", ZahlText(fehler), xml);
@@ -311,7 +315,8 @@ void ProtokollSchreiben() {
     }
     tqXML xml;
     AnsiAusgabe ausgabe(testDaten.Fehlerdatei);
-    ausgabe.Schreiben(u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?><SIA451>");
+    ausgabe.Schreiben(XmlDeklaration);
+    ausgabe.Schreiben(u"<SIA451>");
     ausgabe.Schreiben(TestElement(xml));
     if (FehlerAnzahl() > 0) {
         FehlerSortieren();

@@ -1,5 +1,5 @@
 // The one store of findings. Tests report bare codes; severity, field and text are looked up when the protocol is
-// written. Nobody else writes the list.
+// written. The tests only add to the list; the protocol takes the warnings out of it in mode I and sorts it.
 #pragma once
 
 #include "support/Text.h"

@@ -13,8 +13,6 @@ namespace zepholt {
 
 namespace {
 
-constexpr TextSicht Deklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
-
 // Takes the text up to the next `trenner`, or all that is left, off the front of `rest`.
 TextSicht Abgetrennt(TextSicht& rest, char16_t trenner) {
     const std::size_t ende = rest.find(trenner);
@@ -42,7 +40,7 @@ void WorksectionAnfuegen(TextSicht zeile, Text& xml) {
 // Writes the chapters of the catalogue in the order in which it gives them; without any, the frame alone.
 void WorksectionsAusgeben(std::int32_t sprache, const Text& fehlerdatei) {
     const Text verzeichnis = KapitelVerzeichnis(sprache);
-    Text xml = Text(Deklaration) + u"<ZEPHOLT><Worksections>";
+    Text xml = Text(XmlDeklaration) + u"<ZEPHOLT><Worksections>";
     if (!verzeichnis.empty()) {
         const auto anzahl = std::ranges::count(verzeichnis, u'\n') + 1;
         TextSicht rest = verzeichnis;
@@ -56,7 +54,7 @@ void WorksectionsAusgeben(std::int32_t sprache, const Text& fehlerdatei) {
 
 // Writes every code that has a row, also those that no check reports.
 void ErrorlistAusgeben(std::int32_t sprache, const Text& fehlerdatei) {
-    Text xml = Text(Deklaration) + u"<ZEPHOLT><Errorlist>";
+    Text xml = Text(XmlDeklaration) + u"<ZEPHOLT><Errorlist>";
     for (std::int32_t code = 1000; code <= 9999; ++code) {
         if (FehlerBekannt(code)) {
             tqXML::createElement(u"Error", xml);

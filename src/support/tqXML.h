@@ -16,6 +16,9 @@
 
 namespace zepholt {
 
+// What every file of the program begins with.
+inline constexpr TextSicht XmlDeklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
+
 class tqXML {
 public:
     // --- Reading
@@ -51,7 +54,8 @@ public:
 
     // The escaped form of a text: without the characters of the ANSI codes 0 to 31, 128 to 144 and 147 to 159, and with
     // the five escapes; the second form appends it to `ausgabe`. The codes are those of code page 1252, and U+0080 to
-    // U+009F, which a byte taken one to one can be, count as the codes 128 to 159 too.
+    // U+009F, which a byte taken one to one can be, count as the codes 128 to 159 too. What XML can't hold goes with
+    // them: a surrogate without its other half, U+FFFE and U+FFFF.
     static Text ConvertStringToXMLString(TextSicht text);
     static void ConvertStringToXMLString(TextSicht text, Text& ausgabe);
 

@@ -120,6 +120,18 @@ TEST_F(ProtokollTest, CharactersBeyondLatin1BecomeReferences) {
         << "the euro sign is ANSI code 128, which is dropped";
 }
 
+TEST_F(ProtokollTest, APairOfSurrogatesIsOneReferenceAndHalfAPairIsDropped) {
+    sia451Datei.ProjektName = u"a\U0001F600\U00010000\U0010FFFFb";
+    sia451Datei.ProjektNummer = u"\xD83D\xDE00";
+    sia451Datei.DokumentName = u"\xD83D";
+    sia451Datei.DokumentNummer = u"\xDE00\uFFFE\uFFFF";
+    sia451Datei.SoftwareName = u"a\xD83D";
+    const std::string protokoll = Protokoll();
+    EXPECT_NE(protokoll.find("<Project ID=\"&#128512;\">a&#128512;&#65536;&#1114111;b</Project>"), std::string::npos);
+    EXPECT_NE(protokoll.find("<Document ID=\"\">?</Document>"), std::string::npos);
+    EXPECT_NE(protokoll.find("<Software Manufacturer=\"\">a</Software>"), std::string::npos);
+}
+
 TEST_F(ProtokollTest, ModeStandsBetweenTimeAndErrors) {
     testDaten.Modus = u"E";
     EXPECT_NE(Protokoll().find("</Time><Mode>E</Mode><Errors>0</Errors><Software "), std::string::npos);
@@ -357,6 +369,8 @@ TEST_F(ProtokollTest, TextDateiSchreibenReplacesAFileAndAddsNoLineEnd) {
     m_ordner.Schreibe("p.xml", "something longer that stood here before");
     TextDateiSchreiben(u"a\u00E4\u2019", m_ordner.TextPfad("p.xml"));
     EXPECT_EQ(m_ordner.Lies("p.xml"), "a\xE4&#8217;");
+    TextDateiSchreiben(u"a\U0001F600b", m_ordner.TextPfad("p.xml"));
+    EXPECT_EQ(m_ordner.Lies("p.xml"), "a&#128512;b");
 }
 
 } // namespace
