@@ -1,7 +1,5 @@
-// Lookups in the error table: a binary search by the whole code, no state.
+// Lookups in the error table, by the whole code; no state.
 #include "errors/FehlerERL.h"
-
-#include <algorithm>
 
 namespace zepholt {
 namespace {
@@ -23,9 +21,8 @@ TextSicht TextInSprache(const FehlerZeile& zeile, std::int32_t sprache) {
 } // namespace
 
 const FehlerZeile* FehlerLesen(std::int32_t code) {
-    const std::span<const FehlerZeile> zeilen = FehlerTexte();
-    const auto stelle = std::ranges::lower_bound(zeilen, code, {}, &FehlerZeile::Code);
-    return stelle != zeilen.end() && stelle->Code == code ? &*stelle : nullptr;
+    const std::int32_t platz = FehlerPlatz(code);
+    return platz >= 0 ? &FehlerTexte()[static_cast<std::size_t>(platz)] : nullptr;
 }
 
 TextSicht FehlerText(std::int32_t code, std::int32_t sprache) {

@@ -6,6 +6,7 @@
 // characters of ISO-8859-1 and the typographic apostrophe: the protocol drops dashes and ligatures such as U+0153.
 #include "errors/FehlerERLTexte.h"
 
+#include <array>
 #include <iterator>
 
 namespace zepholt {
@@ -1079,10 +1080,25 @@ constexpr bool TabelleStimmt() {
 static_assert(std::size(Tabelle) == 259);
 static_assert(TabelleStimmt(), "a row is incomplete, or its code is not above the one before it");
 
+// The place of each code's row: a protocol asks for every finding.
+constexpr std::int32_t Codes = 10'000;
+constexpr auto Plaetze = [] {
+    std::array<std::int16_t, Codes> plaetze{};
+    plaetze.fill(-1);
+    for (std::size_t i = 0; i < std::size(Tabelle); ++i) {
+        plaetze[static_cast<std::size_t>(Tabelle[i].Code)] = static_cast<std::int16_t>(i);
+    }
+    return plaetze;
+}();
+
 } // namespace
 
 std::span<const FehlerZeile> FehlerTexte() {
     return Tabelle;
+}
+
+std::int32_t FehlerPlatz(std::int32_t code) {
+    return code >= 0 && code < Codes ? Plaetze[static_cast<std::size_t>(code)] : -1;
 }
 
 } // namespace zepholt

@@ -245,6 +245,14 @@ double ZahlAmAnfang(TextSicht text) {
 }
 
 std::int32_t GanzzahlAmAnfang(TextSicht text) {
+    constexpr std::size_t SicherGenug = 9;                // digits that fit into 32 bits whatever they are
+    if (text.size() <= SicherGenug && NurZiffern(text)) { // as nearly all fields are: needs no double
+        std::int32_t wert = 0;
+        for (const char16_t ziffer : text) {
+            wert = wert * 10 + (ziffer - u'0');
+        }
+        return wert;
+    }
     const std::optional<std::int32_t> wert = Gerundet(ZahlAmAnfang(text));
     if (!wert) {
         throw LaufzeitFehler("number out of range");

@@ -145,6 +145,21 @@ void TextAnhaengen(TextSicht text, Hochkommas typografische, Text& ausgabe) {
 
 } // namespace
 
+std::string XmlBytes(TextSicht text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t zeichen = Utf16Lesen(text);
+        if (zeichen <= 0xFF) {
+            bytes.push_back(static_cast<char>(zeichen));
+        } else {
+            bytes.append("&#").append(std::to_string(static_cast<std::uint32_t>(zeichen))).push_back(';');
+        }
+        text.remove_prefix(zeichen > 0xFFFF ? 2 : 1);
+    }
+    return bytes;
+}
+
 // --- Reading ---------------------------------------------------------------------------------------------------------
 
 struct tqXML::Suchlauf {

@@ -19,6 +19,10 @@ namespace zepholt {
 // What every file of the program begins with.
 inline constexpr TextSicht XmlDeklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
 
+// The bytes of a text in such a file: ISO-8859-1. A character that it does not have becomes a decimal reference, a pair
+// of surrogates one of the character that it stands for.
+std::string XmlBytes(TextSicht text);
+
 class tqXML {
 public:
     // --- Reading

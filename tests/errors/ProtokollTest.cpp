@@ -1,6 +1,7 @@
 // The protocol: its elements, its counts, its order, and what stands in each attribute.
 #include "errors/Protokoll.h"
 
+#include "errors/Fehlerort.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
