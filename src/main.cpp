@@ -2,6 +2,12 @@
 #include "run/Main_Start.h"
 #include "support/OS_API.h"
 
+#include <cstdio>
+#include <cstdlib>
+
+// What a run holds goes with the process: a large file's tables would take longer to free than to fill.
 int main(int anzahl, char** argumente) {
-    return zepholt::Main(zepholt::Kommandozeile(anzahl, argumente));
+    const int status = zepholt::Main(zepholt::Kommandozeile(anzahl, argumente));
+    std::fflush(nullptr);
+    std::_Exit(status);
 }

@@ -1,13 +1,12 @@
 // What is known about an error code: its message, its severity, its field reference, and whether it exists.
 #pragma once
 
-#include "support/Text.h"
+#include "errors/FehlerERLTexte.h"
 
 namespace zepholt {
 
-// Reads the row of `code`. Language: 1 German, 2 French, 3 Italian; any other leaves the text empty.
-// Returns false, and three empty values, for a code without a row.
-bool FehlerLesen(std::int32_t code, std::int32_t sprache, TextSicht& text, TextSicht& schwere, TextSicht& feld);
+// The row of `code`, or none.
+const FehlerZeile* FehlerLesen(std::int32_t code);
 
 // The message of `code` in a language (1 German, 2 French, 3 Italian). A message shorter than 4 characters, one of an
 // unknown language too, falls back to German. Empty when the code has no row.

@@ -20,4 +20,7 @@ struct FehlerZeile {
 // All rows in ascending order of their codes.
 std::span<const FehlerZeile> FehlerTexte();
 
+// The place of a code's row among them, from 0; -1 when it has none.
+std::int32_t FehlerPlatz(std::int32_t code);
+
 } // namespace zepholt

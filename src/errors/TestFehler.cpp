@@ -23,7 +23,7 @@ void FehlerMelden(std::int32_t code) {
 }
 
 void FehlerHinzufuegen(std::int32_t code, std::int32_t spalte) {
-    if (testDaten.Revision < 12 && std::ranges::find(NurNeueSchnittstelle, code) != NurNeueSchnittstelle.end()) {
+    if (!NeueSchnittstelle() && std::ranges::find(NurNeueSchnittstelle, code) != NurNeueSchnittstelle.end()) {
         return;
     }
     fehlerSpeicher.FehlerListe.push_back(

@@ -1,23 +1,13 @@
 // The one store of findings. Tests report bare codes; severity, field and text are looked up when the protocol is
-// written. Nobody else writes the list.
+// written. The tests only add to the list; the protocol takes the warnings out of it in mode I and sorts it.
 #pragma once
 
-#include "support/Text.h"
-
-#include <vector>
+#include "errors/Fehlersammlung.h"
 
 namespace zepholt {
 
-struct FehlerEintrag {
-    std::int32_t Code = 0;     // four digits
-    std::int32_t Zeile = 0;    // line of the exchange file from 0, or -1 when the entry belongs to no line
-    std::int32_t Spalte = 0;   // first column of the field, from 1; 0 when none was named
-    std::int32_t Kapitel = 0;  // chapter that the entry concerns, 0 when none
-    std::int32_t Position = 0; // position that it concerns (columns 8 to 13 of a G record), 0 when none
-};
-
 struct FehlerSpeicher {
-    std::vector<FehlerEintrag> FehlerListe; // in the order of adding, until the protocol sorts it
+    Fehlersammlung FehlerListe; // in the order of adding, until the protocol sorts it
 };
 
 inline FehlerSpeicher fehlerSpeicher;

@@ -1,9 +1,9 @@
 #include "state/SIA451Felder.h"
 
 #include "state/TestDaten.h"
+#include "support/HilfsFunktionen.h"
 
 #include <array>
-#include <optional>
 
 namespace zepholt {
 
@@ -171,39 +171,58 @@ constexpr RecordLayout RecordZ[] = {
 // When the rows of a record type hold.
 enum class Geltung {
     Immer,
-    OhneRevision,      // Revision 0, which no accepted file has
-    AlteSchnittstelle, // Revision below 12
-    NeueSchnittstelle, // Revision 12 and above
+    OhneRevision, // Revision 0, which no accepted file has
+    AlteSchnittstelle,
+    NeueSchnittstelle,
     NurE1S,
 };
 
+bool Gilt(Geltung geltung) {
+    switch (geltung) {
+    case Geltung::Immer:
+        return true;
+    case Geltung::OhneRevision:
+        return testDaten.Revision == 0;
+    case Geltung::AlteSchnittstelle:
+        return !NeueSchnittstelle();
+    case Geltung::NeueSchnittstelle:
+        return NeueSchnittstelle();
+    case Geltung::NurE1S:
+        return testDaten.IstE1S;
+    }
+    return false;
+}
+
 struct Block {
     std::span<const RecordLayout> Zeilen;
-    Geltung Fuer;
+    Geltung Fuer = Geltung::Immer;
+
+    constexpr TextSicht Typ() const { return Zeilen[0].Feldbezug.substr(0, 2); }
 };
 
+// All record types; the two forms of one stand side by side.
 constexpr Block Bloecke[] = {
-    {RecordA, Geltung::Immer},
-    {RecordG1, Geltung::Immer},
-    {RecordG2, Geltung::Immer},
-    {RecordG3, Geltung::Immer},
-    {RecordG4, Geltung::Immer},
-    {RecordG5, Geltung::Immer},
+    {RecordA},
+    {RecordG1},
+    {RecordG2},
+    {RecordG3},
+    {RecordG4},
+    {RecordG5},
     {RecordG6Alt, Geltung::AlteSchnittstelle},
     {RecordG6Neu, Geltung::NeueSchnittstelle},
-    {RecordB0, Geltung::Immer},
-    {RecordB1, Geltung::Immer},
-    {RecordB2, Geltung::Immer},
-    {RecordB3, Geltung::Immer},
-    {RecordB4, Geltung::Immer},
-    {RecordB5, Geltung::Immer},
-    {RecordB6, Geltung::Immer},
+    {RecordB0},
+    {RecordB1},
+    {RecordB2},
+    {RecordB3},
+    {RecordB4},
+    {RecordB5},
+    {RecordB6},
     {RecordB7, Geltung::NeueSchnittstelle},
     {RecordB8, Geltung::NeueSchnittstelle},
     {RecordB9, Geltung::OhneRevision},
-    {RecordC0, Geltung::Immer},
-    {RecordC1, Geltung::Immer},
-    {RecordC5, Geltung::Immer},
+    {RecordC0},
+    {RecordC1},
+    {RecordC5},
     {RecordX4, Geltung::NurE1S},
     {RecordX5, Geltung::NurE1S},
     {RecordP1, Geltung::NurE1S},
@@ -211,125 +230,63 @@ constexpr Block Bloecke[] = {
     {RecordP3, Geltung::NurE1S},
     {RecordP4, Geltung::NurE1S},
     {RecordP5, Geltung::NurE1S},
-    {RecordZ, Geltung::Immer},
+    {RecordZ},
 };
 
-// What the conditions hang on besides the kind of file.
-enum class Stufe { OhneRevision, Alt, Neu };
+// A place for each letter and for the digits 0 to 9 and the colon, which follows them, behind it.
+constexpr std::size_t Stellen = 11;
 
-constexpr bool Gilt(Geltung geltung, Stufe stufe, bool istE1S) {
-    switch (geltung) {
-    case Geltung::Immer:
-        return true;
-    case Geltung::OhneRevision:
-        return stufe == Stufe::OhneRevision;
-    case Geltung::AlteSchnittstelle:
-        return stufe != Stufe::Neu;
-    case Geltung::NeueSchnittstelle:
-        return stufe == Stufe::Neu;
-    case Geltung::NurE1S:
-        return istE1S;
-    }
-    return false;
+constexpr std::size_t Platz(char16_t spalte1, char16_t spalte42) {
+    return static_cast<std::size_t>(spalte1 - u'A') * Stellen + static_cast<std::size_t>(spalte42 - u'0');
 }
 
-constexpr std::size_t ZeilenZahl(Stufe stufe, bool istE1S) {
-    std::size_t anzahl = 0;
-    for (const Block& block : Bloecke) {
-        anzahl += Gilt(block.Fuer, stufe, istE1S) ? block.Zeilen.size() : 0;
-    }
-    return anzahl;
-}
-
-// Where the rows of a type stand in the table, by the letter of column 1 and the digit of column 42; the last of the
-// eleven places is for A and Z, which have no digit.
+// Where the blocks of each type begin in Bloecke, and their number: two at most, so that a record's is found at once.
 struct Bereich {
-    std::uint16_t Von = 0;
-    std::uint16_t Bis = 0;
-};
-constexpr std::size_t OhneZiffer = 10;
-using Verzeichnis = std::array<std::array<Bereich, OhneZiffer + 1>, 26>;
-
-constexpr Bereich& Platz(Verzeichnis& verzeichnis, TextSicht feldbezug) {
-    const std::size_t ziffer = feldbezug[1] == u':' ? OhneZiffer : static_cast<std::size_t>(feldbezug[1] - u'0');
-    return verzeichnis[static_cast<std::size_t>(feldbezug[0] - u'A')][ziffer];
-}
-
-// The table as it stands under one combination of the conditions.
-template <Stufe stufe, bool istE1S>
-struct Tabelle {
-    static constexpr auto Zeilen = [] {
-        std::array<RecordLayout, ZeilenZahl(stufe, istE1S)> zeilen{};
-        std::size_t stelle = 0;
-        for (const Block& block : Bloecke) {
-            if (Gilt(block.Fuer, stufe, istE1S)) {
-                for (const RecordLayout& zeile : block.Zeilen) {
-                    zeilen[stelle++] = zeile;
-                }
-            }
-        }
-        return zeilen;
-    }();
-
-    static constexpr Verzeichnis NachTyp = [] {
-        Verzeichnis verzeichnis{};
-        for (std::size_t i = 0; i < Zeilen.size(); ++i) {
-            Bereich& bereich = Platz(verzeichnis, Zeilen[i].Feldbezug);
-            if (bereich.Bis == 0) {
-                bereich.Von = static_cast<std::uint16_t>(i);
-            }
-            bereich.Bis = static_cast<std::uint16_t>(i + 1);
-        }
-        return verzeichnis;
-    }();
+    std::uint8_t Von = 0;
+    std::uint8_t Anzahl = 0;
 };
 
-struct TabellenSicht {
-    std::span<const RecordLayout> Zeilen;
-    const Verzeichnis* NachTyp;
-};
-
-template <Stufe stufe>
-TabellenSicht TabelleDer() {
-    return testDaten.IstE1S ? TabellenSicht{Tabelle<stufe, true>::Zeilen, &Tabelle<stufe, true>::NachTyp}
-                            : TabellenSicht{Tabelle<stufe, false>::Zeilen, &Tabelle<stufe, false>::NachTyp};
-}
-
-TabellenSicht AktuelleTabelle() {
-    if (testDaten.Revision >= 12) {
-        return TabelleDer<Stufe::Neu>();
+constexpr auto BloeckeNachTyp = [] {
+    std::array<Bereich, 26 * Stellen> nachTyp{};
+    for (std::uint8_t i = 0; i < std::size(Bloecke); ++i) {
+        Bereich& bereich = nachTyp[Platz(Bloecke[i].Typ()[0], Bloecke[i].Typ()[1])];
+        bereich.Von = bereich.Anzahl == 0 ? i : bereich.Von;
+        ++bereich.Anzahl;
     }
-    return testDaten.Revision == 0 ? TabelleDer<Stufe::OhneRevision>() : TabelleDer<Stufe::Alt>();
-}
+    return nachTyp;
+}();
 
-// The place in the directory's second level for a line, or none when no type can have it.
-std::optional<std::size_t> ZifferDer(TextSicht zeile) {
-    if (zeile[0] == u'A' || zeile[0] == u'Z') {
-        return OhneZiffer;
+std::span<const Block> BloeckeDerZeile(TextSicht zeile) {
+    if (zeile.empty() || zeile[0] < u'A' || zeile[0] > u'Z') {
+        return {};
     }
-    if (zeile.size() < 42 || zeile[41] < u'0' || zeile[41] > u'9') {
-        return std::nullopt;
+    const bool ohneZiffer = zeile[0] == u'A' || zeile[0] == u'Z';
+    if (!ohneZiffer && (zeile.size() < 42 || !IstZiffer(zeile[41]))) {
+        return {};
     }
-    return static_cast<std::size_t>(zeile[41] - u'0');
+    const Bereich bereich = BloeckeNachTyp[Platz(zeile[0], ohneZiffer ? u':' : zeile[41])];
+    return std::span(Bloecke).subspan(bereich.Von, bereich.Anzahl);
 }
 
 } // namespace
 
-std::span<const RecordLayout> RecordLayouts() {
-    return AktuelleTabelle().Zeilen;
+std::vector<RecordLayout> RecordLayouts() {
+    std::vector<RecordLayout> alle;
+    for (const Block& block : Bloecke) {
+        if (Gilt(block.Fuer)) {
+            alle.insert(alle.end(), block.Zeilen.begin(), block.Zeilen.end());
+        }
+    }
+    return alle;
 }
 
 std::span<const RecordLayout> LayoutsVon(TextSicht zeile) {
-    if (zeile.empty() || zeile[0] < u'A' || zeile[0] > u'Z') {
-        return {};
+    for (const Block& block : BloeckeDerZeile(zeile)) {
+        if (Gilt(block.Fuer)) {
+            return block.Zeilen;
+        }
     }
-    const std::optional<std::size_t> ziffer = ZifferDer(zeile);
-    if (!ziffer) {
-        return {};
-    }
-    const TabellenSicht tabelle = AktuelleTabelle();
-    const Bereich bereich = (*tabelle.NachTyp)[static_cast<std::size_t>(zeile[0] - u'A')][*ziffer];
-    return tabelle.Zeilen.subspan(bereich.Von, static_cast<std::size_t>(bereich.Bis - bereich.Von));
+    return {};
 }
 
 } // namespace zepholt

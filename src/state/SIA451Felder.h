@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <span>
+#include <vector>
 
 namespace zepholt {
 
@@ -24,8 +25,8 @@ inline TextSicht Feld(TextSicht zeile, std::int32_t spalte, std::int32_t laenge)
 }
 
 // The rows of all record types that hold for the current Revision and kind of file, those of one type together and in
-// ascending order of column.
-std::span<const RecordLayout> RecordLayouts();
+// ascending order of column: the whole table, put together anew at each call.
+std::vector<RecordLayout> RecordLayouts();
 
 // The rows of the type of one line, found by columns 1 and 42; empty for an undefined type.
 std::span<const RecordLayout> LayoutsVon(TextSicht zeile);

@@ -1,8 +1,10 @@
 #include "support/HilfsFunktionen.h"
 
 #include "support/OS_API.h"
+#include "support/Utf8.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -63,76 +65,6 @@ std::optional<std::int32_t> Gerundet(double wert) {
 
 bool IstOffeneDatei(const OrdnerEintrag& eintrag) {
     return eintrag.Art == DateiArt::Datei && !eintrag.Versteckt;
-}
-
-// The length of the valid UTF-8 sequence at the beginning of `bytes`, 0 when there is none.
-std::size_t SequenzLaenge(std::string_view bytes) {
-    const auto byte = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U; };
-    const auto folgt = [&](std::size_t i) { return (byte(i) & 0xC0U) == 0x80U; };
-    const unsigned erstes = byte(0);
-    const unsigned zweites = byte(1);
-    if (erstes < 0x80) {
-        return 1;
-    }
-    if (erstes >= 0xC2 && erstes <= 0xDF) {
-        return folgt(1) ? 2 : 0;
-    }
-    if (erstes >= 0xE0 && erstes <= 0xEF) {
-        const bool zuLang = erstes == 0xE0 && zweites < 0xA0;
-        const bool ersatz = erstes == 0xED && zweites >= 0xA0; // surrogates
-        return folgt(1) && folgt(2) && !zuLang && !ersatz ? 3 : 0;
-    }
-    if (erstes >= 0xF0 && erstes <= 0xF4) {
-        const bool zuLang = erstes == 0xF0 && zweites < 0x90;
-        const bool zuGross = erstes == 0xF4 && zweites >= 0x90;
-        return folgt(1) && folgt(2) && folgt(3) && !zuLang && !zuGross ? 4 : 0;
-    }
-    return 0;
-}
-
-// The code point of a valid sequence.
-char32_t Codepunkt(std::string_view sequenz) {
-    const auto erstes = static_cast<unsigned char>(sequenz[0]);
-    char32_t wert = sequenz.size() == 1 ? erstes : erstes & (0x7FU >> sequenz.size());
-    for (const char byte : sequenz.substr(1)) {
-        wert = wert << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
-    }
-    return wert;
-}
-
-void CodepunktAnhaengen(Text& text, char32_t punkt) {
-    if (punkt > 0xFFFF) {
-        text.push_back(static_cast<char16_t>(0xD7C0 + (punkt >> 10U)));
-        punkt = 0xDC00 + (punkt & 0x3FFU);
-    }
-    text.push_back(static_cast<char16_t>(punkt));
-}
-
-void Utf8Anhaengen(std::string& bytes, char32_t punkt) {
-    const auto anhaengen = [&](char32_t byte) { bytes.push_back(static_cast<char>(byte)); };
-    if (punkt < 0x80) {
-        anhaengen(punkt);
-    } else if (punkt < 0x800) {
-        anhaengen(0xC0U | punkt >> 6U);
-        anhaengen(0x80U | (punkt & 0x3FU));
-    } else if (punkt < 0x10000) {
-        anhaengen(0xE0U | punkt >> 12U);
-        anhaengen(0x80U | (punkt >> 6U & 0x3FU));
-        anhaengen(0x80U | (punkt & 0x3FU));
-    } else {
-        anhaengen(0xF0U | punkt >> 18U);
-        anhaengen(0x80U | (punkt >> 12U & 0x3FU));
-        anhaengen(0x80U | (punkt >> 6U & 0x3FU));
-        anhaengen(0x80U | (punkt & 0x3FU));
-    }
-}
-
-bool IstHoherErsatz(char16_t zeichen) {
-    return zeichen >= 0xD800 && zeichen <= 0xDBFF;
-}
-
-bool IstTieferErsatz(char16_t zeichen) {
-    return zeichen >= 0xDC00 && zeichen <= 0xDFFF;
 }
 
 Text InAnfuehrungszeichen(TextSicht text) {
@@ -251,13 +183,14 @@ Text AusUtf8Bytes(std::string_view bytes) {
     Text text;
     text.reserve(bytes.size());
     while (!bytes.empty()) {
-        const std::size_t laenge = SequenzLaenge(bytes);
-        if (laenge == 0) {
-            text.push_back(static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(bytes[0])));
+        const Utf8Folge folge = Utf8Lesen(bytes);
+        if (folge.Gueltig) {
+            std::array<char16_t, 2> einheiten;
+            text.append(einheiten.data(), Utf16Schreiben(einheiten.data(), folge.Codepunkt));
         } else {
-            CodepunktAnhaengen(text, Codepunkt(bytes.substr(0, laenge)));
+            text.push_back(static_cast<char16_t>(0xDC00 + static_cast<unsigned char>(bytes[0])));
         }
-        bytes.remove_prefix(std::max<std::size_t>(laenge, 1));
+        bytes.remove_prefix(folge.Gueltig ? folge.Laenge : 1);
     }
     return text;
 }
@@ -265,16 +198,14 @@ Text AusUtf8Bytes(std::string_view bytes) {
 std::string Utf8Bytes(TextSicht text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t zeichen = text[i];
-        if (IstHoherErsatz(zeichen) && i + 1 < text.size() && IstTieferErsatz(text[i + 1])) {
-            ++i;
-            Utf8Anhaengen(bytes, 0x10000U + ((zeichen & 0x3FFU) << 10U) + (text[i] & 0x3FFU));
-        } else if (zeichen >= 0xDC80 && zeichen <= 0xDCFF) {
-            bytes.push_back(static_cast<char>(zeichen - 0xDC00));
+    while (!text.empty()) {
+        const char32_t codepunkt = Utf16Lesen(text);
+        if (codepunkt >= 0xDC80 && codepunkt <= 0xDCFF) {
+            bytes.push_back(static_cast<char>(codepunkt - 0xDC00));
         } else {
-            Utf8Anhaengen(bytes, zeichen);
+            Utf8Anhaengen(bytes, codepunkt);
         }
+        text.remove_prefix(codepunkt > 0xFFFF ? 2 : 1);
     }
     return bytes;
 }
@@ -314,6 +245,14 @@ double ZahlAmAnfang(TextSicht text) {
 }
 
 std::int32_t GanzzahlAmAnfang(TextSicht text) {
+    constexpr std::size_t SicherGenug = 9;                // digits that fit into 32 bits whatever they are
+    if (text.size() <= SicherGenug && NurZiffern(text)) { // as nearly all fields are: needs no double
+        std::int32_t wert = 0;
+        for (const char16_t ziffer : text) {
+            wert = wert * 10 + (ziffer - u'0');
+        }
+        return wert;
+    }
     const std::optional<std::int32_t> wert = Gerundet(ZahlAmAnfang(text));
     if (!wert) {
         throw LaufzeitFehler("number out of range");

@@ -12,7 +12,9 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <limits>
 #include <numeric>
+#include <utility>
 
 namespace zepholt {
 
@@ -196,60 +198,79 @@ struct Spanne {
     Stelle Laenge() const { return Rechts - Links + 1; }
 };
 
-// One pass over a range: afterwards no element up to `j` is greater than the pivot and none from `i` on is less.
-template <class Lauf>
-void Durchgang(const std::vector<Element>& elemente, const Spanne& spanne, Lauf& lauf, Stelle& i, Stelle& j) {
-    i = spanne.Links;
-    j = spanne.Rechts;
-    const std::uint32_t pivot = elemente[static_cast<std::size_t>((spanne.Links + spanne.Rechts) / 2)].Rang;
-    do {
-        i = lauf.Aufwaerts(i, pivot);
-        j = lauf.Abwaerts(j, pivot);
-        if (i > j) {
-            break;
-        }
-        if (i != j) { // the two places: elements of equal rank are exchanged too
-            lauf.Tauschen(i, j);
-        }
-        ++i;
-        --j;
-    } while (i <= j);
-    lauf.DurchgangFertig();
-}
+// The whole procedure on one list.
+class Sortierlauf {
+public:
+    Sortierlauf(std::vector<Element>& elemente, void (*zwischendurch)())
+        : m_elemente(elemente), m_zwischendurch(zwischendurch) {}
 
-// Sorts a range with passes of the given kind. Where `zuTief` is given, the ranges that lie too deep go there unsorted.
-template <class Lauf>
-void SpanneSortieren(std::vector<Element>& elemente, Spanne ganze, Lauf& lauf, std::vector<Spanne>* zuTief,
-                     void (*zwischendurch)()) {
-    constexpr Stelle Klein = 128; // below this the plain passes cost less than an index, however they fall
-    constexpr Stelle Lang = 10'000;
-    std::vector<Spanne> offen{ganze};
-    while (!offen.empty()) {
-        const Spanne spanne = offen.back();
-        offen.pop_back();
-        if (spanne.Rechts <= spanne.Links) {
-            continue;
+    void Sortieren() {
+        EinfacherLauf einfach{m_elemente};
+        SpanneSortieren({0, std::ssize(m_elemente) - 1, 2 * static_cast<int>(std::bit_width(m_elemente.size()))},
+                        einfach);
+        for (const Spanne& spanne : std::exchange(m_zuTief, {})) {
+            SpringenderLauf springend(m_elemente, spanne.Links, spanne.Rechts);
+            SpanneSortieren({spanne.Links, spanne.Rechts, BeliebigTief}, springend);
         }
-        if (zuTief != nullptr && spanne.Tiefe == 0 && spanne.Laenge() > Klein) {
-            zuTief->push_back(spanne);
-            continue;
-        }
-        Stelle i = 0;
-        Stelle j = 0;
-        Durchgang(elemente, spanne, lauf, i, j);
-        if (spanne.Laenge() > Lang) {
-            zwischendurch();
-        }
-        const int tiefe = std::max(spanne.Tiefe - 1, 0);
-        Spanne kleine{spanne.Links, j, tiefe};
-        Spanne grosse{i, spanne.Rechts, tiefe};
-        if (kleine.Laenge() > grosse.Laenge()) {
-            std::swap(kleine, grosse);
-        }
-        offen.push_back(grosse); // the smaller one next: the list of open ranges stays as short as log n
-        offen.push_back(kleine);
     }
-}
+
+private:
+    static constexpr int BeliebigTief = std::numeric_limits<int>::max();
+    static constexpr Stelle Klein = 128; // below this the plain passes cost less than an index, however they fall
+    static constexpr Stelle Lang = 10'000;
+
+    // Sorts a range with passes of the given kind; parts that come to lie too deep are noted down unsorted.
+    template <class Lauf>
+    void SpanneSortieren(Spanne ganze, Lauf& lauf) {
+        std::vector<Spanne> offen{ganze};
+        while (!offen.empty()) {
+            const Spanne spanne = offen.back();
+            offen.pop_back();
+            if (spanne.Rechts <= spanne.Links) {
+                continue;
+            }
+            if (spanne.Tiefe <= 0 && spanne.Laenge() > Klein) {
+                m_zuTief.push_back(spanne);
+                continue;
+            }
+            const auto [kleine, grosse] = Durchgang(spanne, lauf);
+            if (spanne.Laenge() > Lang) {
+                m_zwischendurch();
+            }
+            offen.push_back(grosse); // the smaller one next: the list of open ranges stays as short as log n
+            offen.push_back(kleine);
+        }
+    }
+
+    // One pass over a range. Returns the two parts that are still to be sorted, the smaller one first: afterwards no
+    // element of the left one is greater than the pivot and none of the right one is less.
+    template <class Lauf>
+    std::pair<Spanne, Spanne> Durchgang(const Spanne& spanne, Lauf& lauf) const {
+        Stelle i = spanne.Links;
+        Stelle j = spanne.Rechts;
+        const std::uint32_t pivot = m_elemente[static_cast<std::size_t>((i + j) / 2)].Rang;
+        do {
+            i = lauf.Aufwaerts(i, pivot);
+            j = lauf.Abwaerts(j, pivot);
+            if (i > j) {
+                break;
+            }
+            if (i != j) { // the two places: elements of equal rank are exchanged too
+                lauf.Tauschen(i, j);
+            }
+            ++i;
+            --j;
+        } while (i <= j);
+        lauf.DurchgangFertig();
+        const Spanne links{spanne.Links, j, spanne.Tiefe - 1};
+        const Spanne rechts{i, spanne.Rechts, spanne.Tiefe - 1};
+        return links.Laenge() > rechts.Laenge() ? std::pair(rechts, links) : std::pair(links, rechts);
+    }
+
+    std::vector<Element>& m_elemente;
+    void (*m_zwischendurch)();
+    std::vector<Spanne> m_zuTief;
+};
 
 // The rank of each text: how many different texts are less than it.
 std::vector<std::uint32_t> Raenge(const std::vector<Text>& liste) {
@@ -282,16 +303,7 @@ std::vector<std::uint32_t> SortierFolge(std::vector<std::uint32_t> raenge, void 
     for (std::size_t k = 0; k < raenge.size(); ++k) {
         elemente[k] = {raenge[k], static_cast<std::uint32_t>(k)};
     }
-
-    std::vector<Spanne> zuTief;
-    EinfacherLauf einfach{elemente};
-    const int tiefe = 2 * static_cast<int>(std::bit_width(raenge.size()));
-    SpanneSortieren(elemente, {0, std::ssize(elemente) - 1, tiefe}, einfach, &zuTief, zwischendurch);
-    for (const Spanne& spanne : zuTief) {
-        SpringenderLauf springend(elemente, spanne.Links, spanne.Rechts);
-        SpanneSortieren(elemente, spanne, springend, nullptr, zwischendurch);
-    }
-
+    Sortierlauf(elemente, zwischendurch).Sortieren();
     for (std::size_t k = 0; k < raenge.size(); ++k) {
         raenge[k] = elemente[k].Herkunft;
     }

@@ -1,5 +1,7 @@
 #include "support/tqXML.h"
 
+#include "support/Utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -76,6 +78,11 @@ bool EntfaelltInXML(char16_t zeichen) {
            !IstTypografischesHochkomma(zeichen);
 }
 
+// Characters that no XML document may hold, not even as a reference.
+bool IstKeinXMLZeichen(char32_t codepunkt) {
+    return IstHohesSurrogat(codepunkt) || IstTiefesSurrogat(codepunkt) || codepunkt == 0xFFFE || codepunkt == 0xFFFF;
+}
+
 // Characters that nothing happens to, as most do.
 bool BleibtInXML(char16_t zeichen) {
     static constexpr auto bleibt = [] {
@@ -109,7 +116,7 @@ void ZeichenAnhaengen(char16_t zeichen, Text& ausgabe) {
         ausgabe += u"&quot;";
         break;
     default:
-        if (!EntfaelltInXML(zeichen)) {
+        if (!EntfaelltInXML(zeichen) && !IstKeinXMLZeichen(zeichen)) {
             ausgabe += zeichen;
         }
     }
@@ -120,17 +127,38 @@ enum class Hochkommas { Bleiben, Ersetzen };
 void TextAnhaengen(TextSicht text, Hochkommas typografische, Text& ausgabe) {
     while (!text.empty()) {
         const auto ende = std::find_if_not(text.begin(), text.end(), BleibtInXML);
-        const auto laenge = static_cast<std::size_t>(ende - text.begin());
-        ausgabe.append(text.substr(0, laenge));
-        if (ende != text.end()) {
-            const bool ersetzt = typografische == Hochkommas::Ersetzen && IstTypografischesHochkomma(*ende);
-            ZeichenAnhaengen(ersetzt ? u'\'' : *ende, ausgabe);
+        ausgabe.append(text.begin(), ende);
+        text.remove_prefix(static_cast<std::size_t>(ende - text.begin()));
+        if (text.empty()) {
+            return;
         }
-        text.remove_prefix(std::min(laenge + 1, text.size()));
+        if (Utf16Lesen(text) > 0xFFFF) { // a whole pair of surrogates
+            ausgabe.append(text.substr(0, 2));
+            text.remove_prefix(2);
+            continue;
+        }
+        const bool ersetzt = typografische == Hochkommas::Ersetzen && IstTypografischesHochkomma(text[0]);
+        ZeichenAnhaengen(ersetzt ? u'\'' : text[0], ausgabe);
+        text.remove_prefix(1);
     }
 }
 
 } // namespace
+
+std::string XmlBytes(TextSicht text) {
+    std::string bytes;
+    bytes.reserve(text.size());
+    while (!text.empty()) {
+        const char32_t zeichen = Utf16Lesen(text);
+        if (zeichen <= 0xFF) {
+            bytes.push_back(static_cast<char>(zeichen));
+        } else {
+            bytes.append("&#").append(std::to_string(static_cast<std::uint32_t>(zeichen))).push_back(';');
+        }
+        text.remove_prefix(zeichen > 0xFFFF ? 2 : 1);
+    }
+    return bytes;
+}
 
 // --- Reading ---------------------------------------------------------------------------------------------------------
 

@@ -20,10 +20,10 @@ constexpr TextSicht kRechte[3] = {
     u"Jede gewerbliche Verwendung ist verboten. Das gilt insbesondere für die Vervielfältigung und für das Anbieten "
     u"auf elektronischem Weg, ganz oder in Teilen.",
 
-    u"Ce programme, ses fichiers et les données du catalogue sont protégés par le droit d'auteur.\r\n\r\n"
-    u"L'utilisation de ces données n'est autorisée qu'à des fins personnelles ainsi que pour l'enseignement et la "
+    u"Ce programme, ses fichiers et les données du catalogue sont protégés par le droit d’auteur.\r\n\r\n"
+    u"L’utilisation de ces données n’est autorisée qu’à des fins personnelles ainsi que pour l’enseignement et la "
     u"formation.\r\n\r\n"
-    u"Toute utilisation commerciale est interdite. Cela vaut en particulier pour la reproduction et pour l'offre par "
+    u"Toute utilisation commerciale est interdite. Cela vaut en particulier pour la reproduction et pour l’offre par "
     u"voie électronique, en tout ou en partie.",
 
     u"Questo programma, i suoi file e i dati del catalogo sono protetti dal diritto d'autore.\r\n\r\n"

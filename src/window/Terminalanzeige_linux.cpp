@@ -39,24 +39,6 @@ void BeiUnterbrechung(int signal) {
     std::raise(signal); // takes effect on return
 }
 
-// UTF-8 of texts of the program's own: no unit of theirs lies outside of the basic plane.
-std::string Utf8(TextSicht text) {
-    std::string bytes;
-    for (const char16_t z : text) {
-        if (z < 0x80) {
-            bytes.push_back(static_cast<char>(z));
-        } else if (z < 0x800) {
-            bytes.push_back(static_cast<char>(0xC0 | (z >> 6)));
-            bytes.push_back(static_cast<char>(0x80 | (z & 0x3F)));
-        } else {
-            bytes.push_back(static_cast<char>(0xE0 | (z >> 12)));
-            bytes.push_back(static_cast<char>(0x80 | ((z >> 6) & 0x3F)));
-            bytes.push_back(static_cast<char>(0x80 | (z & 0x3F)));
-        }
-    }
-    return bytes;
-}
-
 std::size_t TerminalSpalten() {
     winsize groesse{};
     if (ioctl(STDERR_FILENO, TIOCGWINSZ, &groesse) != 0 || groesse.ws_col == 0) {
@@ -115,7 +97,7 @@ void Terminalanzeige::Schreibe(TextSicht zeile) {
     if (zeile.size() < m_zeile.size()) {
         ausgabe.append(u"\r").append(zeile);
     }
-    SchreibeBytes(Utf8(ausgabe));
+    SchreibeBytes(Utf8Bytes(ausgabe));
     m_zeile = zeile;
 }
 
@@ -125,7 +107,7 @@ void Terminalanzeige::FrageAbbruch() {
     const Text ja = Kleinbuchstaben(TextSicht(texte.Ja).substr(0, 1));
     const Text nein = Kleinbuchstaben(TextSicht(texte.Nein).substr(0, 1));
     Schreibe({});
-    SchreibeBytes(Utf8(texte.Frage + u" (" + ja + u"/" + nein + u") "));
+    SchreibeBytes(Utf8Bytes(texte.Frage + u" (" + ja + u"/" + nein + u") "));
 
     const Text antwort = Kleinbuchstaben(OhneLeerzeichen(AusAscii(AntwortLesen())));
     if (antwort.substr(0, 1) == ja) {

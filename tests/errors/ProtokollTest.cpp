@@ -1,6 +1,7 @@
 // The protocol: its elements, its counts, its order, and what stands in each attribute.
 #include "errors/Protokoll.h"
 
+#include "errors/Fehlerort.h"
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
@@ -118,6 +119,18 @@ TEST_F(ProtokollTest, CharactersBeyondLatin1BecomeReferences) {
     sia451Datei.ProjektName = u"\u20AC\u2019\u00FF\u0100";
     EXPECT_NE(Protokoll().find("<Project ID=\"\">&#8217;\xFF&#256;</Project>"), std::string::npos)
         << "the euro sign is ANSI code 128, which is dropped";
+}
+
+TEST_F(ProtokollTest, APairOfSurrogatesIsOneReferenceAndHalfAPairIsDropped) {
+    sia451Datei.ProjektName = u"a\U0001F600\U00010000\U0010FFFFb";
+    sia451Datei.ProjektNummer = u"\xD83D\xDE00";
+    sia451Datei.DokumentName = u"\xD83D";
+    sia451Datei.DokumentNummer = u"\xDE00\uFFFE\uFFFF";
+    sia451Datei.SoftwareName = u"a\xD83D";
+    const std::string protokoll = Protokoll();
+    EXPECT_NE(protokoll.find("<Project ID=\"&#128512;\">a&#128512;&#65536;&#1114111;b</Project>"), std::string::npos);
+    EXPECT_NE(protokoll.find("<Document ID=\"\">?</Document>"), std::string::npos);
+    EXPECT_NE(protokoll.find("<Software Manufacturer=\"\">a</Software>"), std::string::npos);
 }
 
 TEST_F(ProtokollTest, ModeStandsBetweenTimeAndErrors) {
@@ -357,6 +370,8 @@ TEST_F(ProtokollTest, TextDateiSchreibenReplacesAFileAndAddsNoLineEnd) {
     m_ordner.Schreibe("p.xml", "something longer that stood here before");
     TextDateiSchreiben(u"a\u00E4\u2019", m_ordner.TextPfad("p.xml"));
     EXPECT_EQ(m_ordner.Lies("p.xml"), "a\xE4&#8217;");
+    TextDateiSchreiben(u"a\U0001F600b", m_ordner.TextPfad("p.xml"));
+    EXPECT_EQ(m_ordner.Lies("p.xml"), "a&#128512;b");
 }
 
 } // namespace

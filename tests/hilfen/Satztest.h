@@ -85,12 +85,12 @@ protected:
     // Calls a test that has no record of its own.
     template <class Test>
     Funde Rufe(Test test) {
-        const auto bisher = static_cast<std::ptrdiff_t>(fehlerSpeicher.FehlerListe.size());
+        const std::size_t bisher = fehlerSpeicher.FehlerListe.size();
         test();
         Funde funde;
-        for (auto fehler = fehlerSpeicher.FehlerListe.begin() + bisher; fehler != fehlerSpeicher.FehlerListe.end();
-             ++fehler) {
-            funde.push_back({fehler->Code, fehler->Zeile, fehler->Spalte});
+        for (std::size_t i = bisher; i < fehlerSpeicher.FehlerListe.size(); ++i) {
+            const FehlerEintrag fehler = fehlerSpeicher.FehlerListe[i];
+            funde.push_back({fehler.Code, fehler.Zeile, fehler.Spalte});
         }
         return funde;
     }

@@ -1,8 +1,10 @@
 // Damaged input: whole runs in this process that must end with a complete protocol or with none, as defined, and never
 // with a crash or a hang. The damage is systematic, not random.
+#include "hilfen/NieGemeldet.h"
 #include "hilfen/Testordner.h"
 #include "run/Main_Start.h"
 #include "run/NeuerLauf.h"
+#include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>
@@ -12,7 +14,7 @@
 namespace zepholt {
 namespace {
 
-using hilfen::Testordner;
+using namespace hilfen;
 
 std::string Probe(const std::string& name) {
     std::ifstream datei(std::filesystem::path(ZEPHOLT_QUELLE) / "samples" / name, std::ios::binary);
@@ -28,13 +30,18 @@ protected:
     // under a number of its own for the check at the end.
     std::string Laufe(std::string_view inhalt, const std::string& art) {
         NeuerLauf();
+        testDaten.Uhr = m_uhr;
         m_ordner.Schreibe("e." + art, inhalt);
         const std::string name = std::to_string(m_anzahl++) + ".xml";
         const auto katalog = std::filesystem::path(ZEPHOLT_QUELLE) / "samples" / "katalog";
         EXPECT_EQ(Main(u"file=\"" + m_ordner.TextPfad("e." + art) + u"\" dialog=de- errorfile=\"" +
                        m_ordner.TextPfad(name) + u"\" catalog=\"" + katalog.u16string() + u"\""),
                   0);
-        return m_ordner.Lies(name);
+        const std::string protokoll = m_ordner.Lies(name);
+        for (const NieGemeldet& code : NieGemeldeteCodes()) {
+            EXPECT_FALSE(Meldet(protokoll, code.Code)) << code.Code;
+        }
+        return protokoll;
     }
 
     static void ErwarteGanz(const std::string& protokoll) {
@@ -59,6 +66,7 @@ protected:
     }
 
     Testordner m_ordner;
+    Zeitpunkt (*m_uhr)() = &Jetzt;
 
 private:
     int m_anzahl = 0;
@@ -74,6 +82,22 @@ TEST_F(SchlechteEingabenTest, AFileCutAtEveryByteIsRefusedAsUnreadableOrWithoutR
             ASSERT_TRUE(Meldet(protokoll, ganzeZeilen ? 2012 : 2001)) << art << " cut at " << laenge;
         }
     }
+}
+
+// From 2099 on a 451-92 file may be UTF-8. The last column of the project's name and the first of the document's number
+// part a pair of surrogates.
+TEST_F(SchlechteEingabenTest, CharactersThatXmlCannotHoldInTheHeader) {
+    m_uhr = [] { return Zeitpunkt{2099, 6, 1, 12, 0}; };
+    std::string inhalt = Probe("sauber.01S");
+    const std::size_t ende = inhalt.find('\r');
+    Text kopf = AusAscii(inhalt.substr(0, ende));
+    kopf.replace(81, 11, u"\uFFFE          ");
+    kopf.replace(92, 31, u"Haus \U0001F600                     \uFFFF\U0001F601");
+    const std::string protokoll = Laufe("\xEF\xBB\xBF" + Utf8Bytes(kopf) + inhalt.substr(ende), "01S");
+    ErwarteGanz(protokoll);
+    EXPECT_NE(protokoll.find("<Project ID=\"\">Haus &#128512;                     </Project>"), std::string::npos);
+    EXPECT_EQ(protokoll.find("&#5"), std::string::npos) << "half a pair";
+    EXPECT_EQ(protokoll.find("&#6"), std::string::npos) << "U+FFFE, U+FFFF";
 }
 
 TEST_F(SchlechteEingabenTest, EveryThirdByteReplacedInTurn) {

@@ -29,6 +29,15 @@ TEST(LinksBuendig, FuelltHintenUndKuerztNie) {
     EXPECT_EQ(LinksBuendig(u"a", -1), u"a");
 }
 
+TEST(NurZiffern, OneDigitAtLeastAndNothingElse) {
+    for (const TextSicht ziffern : {u"0", u"9", u"0123456789"}) {
+        EXPECT_TRUE(NurZiffern(ziffern));
+    }
+    for (const TextSicht andere : {u"", u" ", u"1 ", u"-1", u"1/", u"1:", u"\u0661", u"1\uFF11"}) {
+        EXPECT_FALSE(NurZiffern(andere)) << Utf8Bytes(andere);
+    }
+}
+
 TEST(OhneLeerzeichen, NimmtNurLeerzeichenWeg) {
     EXPECT_EQ(OhneLeerzeichen(u"  a b  "), u"a b");
     EXPECT_EQ(OhneLeerzeichen(u"   "), u"");

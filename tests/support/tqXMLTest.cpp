@@ -458,8 +458,32 @@ TEST(tqXMLSchreiben, JederCodeBis255) {
 }
 
 TEST(tqXMLSchreiben, AndereZeichenBleiben) {
-    for (const TextSicht zeichen : {u"\u0100", u"\u0151", u"\u0154", u"\u2017", u"\u201B", u"\u4E00", u"\uFFFF"}) {
+    for (const TextSicht zeichen :
+         {u"\u0100", u"\u0151", u"\u0154", u"\u2017", u"\u201B", u"\u4E00", u"\uFFFD", u"\uD7FF", u"\uE000"}) {
         EXPECT_EQ(tqXML::ConvertStringToXMLString(zeichen), zeichen);
+    }
+}
+
+TEST(tqXMLSchreiben, CharactersThatXmlCannotHoldAreDropped) {
+    const std::pair<TextSicht, TextSicht> faelle[] = {
+        {u"a\U0001F600b", u"a\U0001F600b"}, // a pair of surrogates is one character
+        {u"a\U0010FFFFb", u"a\U0010FFFFb"}, // U+FFFE and U+FFFF are meant, not those of the higher planes
+        {u"a\xD83D"                         // a high one without its low one
+         u"b",
+         u"ab"},
+        {u"a\xDE00" // a low one without its high one
+         u"b",
+         u"ab"},
+        {u"\xDE00\xD83D", u""},                 // the wrong way round
+        {u"\xD83D\xD83D\xDE00", u"\U0001F600"}, // the second one has its other half
+        {u"\xD83D<\xDE00", u"&lt;"},            // a character between the halves parts them
+        {u"a\uFFFE\uFFFFb", u"ab"},
+    };
+    for (const auto& [text, erwartet] : faelle) {
+        EXPECT_EQ(tqXML::ConvertStringToXMLString(text), erwartet);
+        Text element = tqXML::createElement(u"X");
+        tqXML::setAttribute(u"a", text, element);
+        EXPECT_EQ(element, u"<X a=\"" + Text(erwartet) + u"\"/>");
     }
 }
 

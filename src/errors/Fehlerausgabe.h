@@ -1,0 +1,41 @@
+// The Error elements of the protocol.
+#pragma once
+
+#include "errors/Fehlersammlung.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zepholt {
+
+// The element of a finding, attribute by attribute, in the language Sprache:
+// <Error L="17" I="111.000.100" N="4412" E="A" F="G4:6" T="text"/>. L, I and F are left out when they are empty.
+Text ErrorElement(const FehlerEintrag& eintrag);
+
+// The same elements as bytes of the protocol, for millions of findings: what a code always gives is made once, what the
+// findings of one line share once per line.
+class Fehlerausgabe {
+public:
+    // The element of a finding; stands until the next call.
+    std::string_view Element(const FehlerEintrag& eintrag);
+
+private:
+    struct Codeteile {
+        std::string Art;     // N and E
+        std::string Feld;    // F, of findings that name no column
+        std::string Meldung; // T and the end of the element
+    };
+
+    const Codeteile& TeileVon(std::int32_t code, std::size_t platz);
+    void OrtNachfuehren(const FehlerEintrag& eintrag);
+
+    std::vector<Codeteile> m_codes; // as the rows of the error table
+    FehlerEintrag m_letzter;
+    std::string m_element; // of m_letzter; empty before the first
+    std::string m_zeile;
+    std::string m_position;
+    std::string m_feld;
+};
+
+} // namespace zepholt
