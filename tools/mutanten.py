@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Asks the tests whether they notice a change of the program: changes one thing at a time in a copy of src/ (a number, a
-comparison, a condition, a letter, a statement left out), builds the test programs that can notice it, runs them, and
-prints what went unnoticed. What tools/mutanten_bekannt.txt names with a reason counts as known.
+"""Asks the tests whether they notice a change of the program: changes one thing at a time in a copy of src/ (a number,
+a comparison, a condition, a letter, a statement left out), builds the test programs that can notice it, runs them,
+and prints what went unnoticed. What tools/mutanten_bekannt.txt names with a reason counts as known.
 
     tools/mutanten.py doctest items --probe 100 --saat 7     # a hundred changes chosen by chance from two rooms
     tools/mutanten.py src/items/RecordG6.cpp --art zahl      # every number of one file
@@ -63,7 +63,8 @@ ZEICHEN = {
 }
 
 # A change of a source text: from `von` to `bis` stands `ersatz` instead. `wahl` says how it is chosen at run time:
-# "wert" between two expressions, "bedingung" negates one, "anweisung" leaves out a statement; none for a build of its own.
+# "wert" and "text" between two expressions, "bedingung" negates one, "anweisung" leaves out a statement; None for a
+# change that takes a build of its own.
 Mutant = collections.namedtuple("Mutant", "datei zeile art von bis ersatz wahl")
 
 SCHALTER = """#pragma once
@@ -123,6 +124,10 @@ def buchstaben(text, maske):
                 yield "buchstabe", treffer.start(), treffer.end(), f'u"{kuerzer}"', "text"
 
 
+AUFRUF = re.compile(r"[\w.:>\[\]()*&, -]*[\w\])]+(\(.*\)| [-+]?= .*);$")
+VEREINBARUNG = re.compile(r"(const |constexpr |static |auto |bool |std::|[A-Z]\w+[&*]? \w)")
+
+
 def anweisungen(text, maske):
     """Statements of one line: left out, or carried on behind where they return."""
     for treffer in re.finditer(r"^[ ]{4,}([^\n]*;)[^\n]*$", maske, re.MULTILINE):
@@ -130,9 +135,8 @@ def anweisungen(text, maske):
         davor = maske[:treffer.start()].rstrip(" \n\x00")[-1:]
         if davor not in "{};" or satz.startswith(("using ", "static_assert", "for ", "} ", "default")):
             continue
-        if satz in ("return;", "break;", "continue;") or re.match(r"[\w.:>\[\]()*&, -]*[\w\])]+(\(.*\)| [-+]?= .*);$", satz):
-            ist_vereinbarung = re.match(r"(const |constexpr |static |auto |bool |std::|[A-Z]\w+[&*]? \w)", satz)
-            if not ist_vereinbarung and not satz.startswith("return "):
+        if satz in ("return;", "break;", "continue;") or AUFRUF.match(satz):
+            if not VEREINBARUNG.match(satz) and not satz.startswith("return "):
                 yield "anweisung", treffer.start(1), treffer.end(1), ";", "anweisung"
         if re.match(r"return \w+\([\w, ]*\);$", satz):
             yield "anweisung", treffer.start(1), treffer.end(1), satz.removeprefix("return "), None
@@ -219,8 +223,9 @@ class Kopie:
             if (WURZEL / name).is_file():
                 self.setzen(name, (WURZEL / name).read_bytes())
         self.setzen("schalter.h", SCHALTER.encode())
+        schalter = f"-D_GLIBCXX_ASSERTIONS -w -include {self.ordner}/schalter.h"
         subprocess.run(["cmake", "-S", self.ordner, "-B", self.bau, "-G", "Ninja", "-Wno-dev",
-                        "-DCMAKE_BUILD_TYPE=Debug", f"-DCMAKE_CXX_FLAGS=-D_GLIBCXX_ASSERTIONS -w -include {self.ordner}/schalter.h",
+                        "-DCMAKE_BUILD_TYPE=Debug", f"-DCMAKE_CXX_FLAGS={schalter}",
                         "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DZEPHOLT_TESTS=ON"],
                        check=True, stdout=subprocess.DEVNULL)
 
