@@ -194,7 +194,8 @@ def zeilen_des(text, mutant):
 
 
 def bekannte():
-    """(file, line as it is, line as it becomes) of what tools/mutanten_bekannt.txt names; '*' stands for any."""
+    """(file, line as it is, line as it becomes) of what tools/mutanten_bekannt.txt names, without comments and alignment;
+    '*' stands for any change of the line."""
     eintraege = set()
     if BEKANNT.exists():
         for zeile in BEKANNT.read_text(encoding="utf-8").splitlines():
@@ -204,8 +205,13 @@ def bekannte():
     return eintraege
 
 
+def schlicht(zeile):
+    """A line without its comment and its alignment."""
+    return " ".join(zeile.split("//")[0].split())
+
+
 def ist_bekannt(eintraege, datei, alt, neu):
-    return (datei, alt, neu) in eintraege or (datei, alt, "*") in eintraege
+    return (datei, schlicht(alt), schlicht(neu)) in eintraege or (datei, schlicht(alt), "*") in eintraege
 
 
 class Kopie:

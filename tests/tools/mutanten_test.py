@@ -81,6 +81,13 @@ class MutantenTest(unittest.TestCase):
         self.assertIn("if (zepholt_mutant() != 10) { zeichen = u'9'; }", text)
         self.assertEqual(text.count("\n"), QUELLE.count("\n"))
 
+    def test_a_known_change_is_known_by_its_line_without_comment_and_alignment(self):
+        eintraege = {("x.cpp", "Lies(2, 3);", "Lies(2, 4);"), ("x.cpp", "Lies(9);", "*")}
+        self.assertTrue(mutanten.ist_bekannt(eintraege, "x.cpp", "Lies(2, 3);   // X:2", "Lies(2, 4);   // X:2"))
+        self.assertTrue(mutanten.ist_bekannt(eintraege, "x.cpp", "Lies(9);", "Lies(8);"))
+        self.assertFalse(mutanten.ist_bekannt(eintraege, "x.cpp", "Lies(2, 3);", "Lies(2, 2);"))
+        self.assertFalse(mutanten.ist_bekannt(eintraege, "y.cpp", "Lies(2, 3);", "Lies(2, 4);"))
+
 
 if __name__ == "__main__":
     unittest.main()
