@@ -374,6 +374,17 @@ TEST_F(TestVLTTest, TheReservesOfAMainPositionDependOnItsFirstSubPosition) { // 
     EXPECT_EQ(Codes(Neu, 215901), CodesListe());
 }
 
+TEST_F(TestVLTTest, AMainPositionFarBehindHasItsReservesToo) { // 6231
+    SchreibeKapitel(242, R"(<H N="981"><U N="0"/><U N="1"/></H>)");
+    Beginne(Neu);
+    Kapitel(242);
+    Position(981090);
+    const Stempelfunde funde = Rufe(TesteKatalog);
+    ASSERT_EQ(funde.size(), 1U);
+    EXPECT_EQ(funde.front().Code, 6231);
+    EXPECT_EQ(funde.front().Position, 981090);
+}
+
 TEST_F(TestVLTTest, InTheOldInterfaceAReservePositionReportsTwoCodesOnly) { // 6211, 6221
     BeginneMitKapitel(Alt);
     for (std::int32_t nummer = 211000; nummer <= 217999; ++nummer) {

@@ -66,6 +66,11 @@ TEST_F(Keys, KurzeZeileMitLeerzeichenGefuellt) {
     EXPECT_EQ(UniversalSchluessel(Text(84, u' ') + u"x").substr(13, 2), u"X ");
 }
 
+TEST_F(Keys, WasHinterDemZStehtBleibt) {
+    EXPECT_EQ(UniversalSchluessel(Zeile(u"B1", {{82, u"A`{|}"}})).substr(10, 5), u"A`{|}");
+    EXPECT_EQ(UniversalSchluessel(Zeile(u"B1", {{82, u"~azAZ"}})).substr(10, 5), u"~AZAZ");
+}
+
 TEST_F(Keys, ZeilenOhneSchluessel) {
     for (const TextSicht zeile : {u"E", u"D", u"U", u"Exy"}) {
         EXPECT_TRUE(IstEDURecord(zeile));
@@ -206,6 +211,19 @@ TEST_F(Keys, DasPaarMitDemNiedrigstenSchluessel) {
     EXPECT_EQ(Doppelt({a, a, a, b}), 1);
     EXPECT_EQ(Doppelt({a, b}), -1);
     EXPECT_EQ(Doppelt({}), -1);
+}
+
+TEST_F(Keys, ZeichenHinterDemZSindKeineKlammern) {
+    EXPECT_EQ(Doppelt({Zeile(u"B1", {{82, u"A["}}), Zeile(u"B1", {{82, u"A{"}})}), -1);
+    EXPECT_EQ(Doppelt({Zeile(u"B1", {{82, u"A{"}}), Zeile(u"B1", {{82, u"a{"}})}), 1);
+}
+
+TEST_F(Keys, VerschiedeneSchluesselMitGleichemStreuwert) {
+    // Both have the same lower 32 bits of the standard library's hash.
+    const Text erste = Zeile(u"B1", {{2, u"001"}, {82, u"MBAAA"}});
+    const Text zweite = Zeile(u"B1", {{2, u"001"}, {82, u"F3DDA"}});
+    EXPECT_EQ(Doppelt({erste, zweite}), -1);
+    EXPECT_EQ(Doppelt({erste, zweite, erste}), 2);
 }
 
 TEST_F(Keys, NiedrigsterSchluesselUeberVerschiedeneStrecken) {

@@ -20,14 +20,14 @@ protected:
 };
 
 // References that are all defined.
-const Felder AlleBezuege = {{18, u"HAUS1"}, {24, u"OST"},  {30, u"VG"},      {33, u"V1"},  {82, u"123"},
+const Felder AlleVerweise = {{18, u"HAUS1"}, {24, u"OST"},  {30, u"VG"},      {33, u"V1"},  {82, u"123"},
                             {87, u"C1"},    {129, u"ET1"}, {168, u"WOHNEN"}, {188, u"BAD"}};
 
 TEST_F(PruefeG4Test, ReportsFaults) {
     ErwarteFaelle([this](std::int32_t revision) { Aufbau(revision); }, PruefeG4, m_satz,
                   {
                       {Beide, {}, {}},
-                      {Beide, AlleBezuege, {}},
+                      {Beide, AlleVerweise, {}},
                       {Beide, {{2, u"112"}}, {{4401}}},
                       {Beide, {{2, u"   "}}, {{3002, 2}, {4401}}},
                       {Beide, {{8, u"112000"}}, {{4402}}},
@@ -120,14 +120,14 @@ TEST_F(PruefeG4Test, FaultsComeInTheOrderOfTheChecks) {
 TEST_F(PruefeG4Test, WithoutStructuresNothingIsDefined) {
     ErwarteFaelle([this](std::int32_t revision) { BeginneMitPosition(revision); }, PruefeG4, m_satz,
                   {
-                      {Beide, AlleBezuege, {{4411}, {4415}, {4421}, {4431}, {4441}, {4445}, {4451}, {4491}, {4495}}},
+                      {Beide, AlleVerweise, {{4411}, {4415}, {4421}, {4431}, {4441}, {4445}, {4451}, {4491}, {4495}}},
                       {Alt, {{18, u"*"}}, {{4411}}},
                   });
 }
 
 TEST_F(PruefeG4Test, StoresTheNineReferencesAndTheOrder) {
     Aufbau(Alt);
-    Erwarte(PruefeG4, Mit(Mit(m_satz, AlleBezuege), {{135, u"*"}, {136, u"07"}}), {});
+    Erwarte(PruefeG4, Mit(Mit(m_satz, AlleVerweise), {{135, u"*"}, {136, u"07"}}), {});
     ASSERT_EQ(Ziel().Zuordnungen.size(), 1U);
     const ZuordnungEintrag& eintrag = Ziel().Zuordnungen[0];
     EXPECT_EQ(eintrag.OGL, u"HAUS1");

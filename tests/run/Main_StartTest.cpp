@@ -152,6 +152,21 @@ TEST_F(ParameterTest, ASpecialFunctionLooksForNoFileButTestsTheRest) {
     EXPECT_EQ(Pruefe({{u"file", u"*9"}, {u"mode", u"x"}}), 1007);
 }
 
+TEST_F(ParameterTest, OfSeveralFaultsTheFirstOfTheChecksCounts) {
+    const std::pair<TextSicht, Text> sprache = {u"dialog", u"xx-"};
+    const std::pair<TextSicht, Text> datei = {u"file", Pfad("fehlt.01S")};
+    const std::pair<TextSicht, Text> fehlerdatei = {u"errorfile", Pfad("da.xml")};
+    const std::pair<TextSicht, Text> katalog = {u"catalog", Pfad("fehlt")};
+    const std::pair<TextSicht, Text> modus = {u"mode", u"x"};
+    EXPECT_EQ(Pruefe({sprache, datei, fehlerdatei, katalog, modus}), 1004);
+    EXPECT_EQ(Pruefe({datei, fehlerdatei, katalog, modus}), 1003);
+    EXPECT_EQ(Pruefe({datei, fehlerdatei}), 1003);
+    EXPECT_EQ(Pruefe({fehlerdatei, katalog, modus}), 1005);
+    EXPECT_EQ(Pruefe({fehlerdatei, katalog}), 1005);
+    EXPECT_EQ(Pruefe({katalog, modus}), 1006);
+    EXPECT_EQ(Pruefe({modus}), 1007);
+}
+
 TEST_F(ParameterTest, AKeyGivenTwiceTheLastValueWins) {
     EXPECT_EQ(Pruefe({{u"dialog", u"xx"}, {u"dialog", u"it-"}}), 0);
     EXPECT_EQ(testDaten.Sprache, 3);

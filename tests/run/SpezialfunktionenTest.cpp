@@ -97,6 +97,12 @@ TEST_F(SpezialfunktionenTest, TextsAreEscapedAsTheyStandInTheFile) {
               Rahmen("<Worksection N=\"241\" V=\"2013\" A=\"7\" T=\"l&apos;\xE9t\xE9 d&apos;or &amp;amp; &lt;\"/>"));
 }
 
+// The head is read like a whole chapter, with a declaration in front: what could end one is text in a title.
+TEST_F(SpezialfunktionenTest, ATitleMayHoldWhatEndsADeclaration) {
+    SchreibeKopf("N131241.qvm", R"(N="241" V="2013" S="1" A="7" T="Was?>b" Z="")");
+    EXPECT_EQ(Ausgabe(u"1", 1), Rahmen(R"(<Worksection N="241" V="2013" A="7" T="Was?&gt;b"/>)"));
+}
+
 // --- The list of codes
 
 TEST_F(SpezialfunktionenTest, TheListHoldsEveryRowOfTheTable) {

@@ -81,6 +81,15 @@ TEST_F(TestInhaltTest, AttachmentsAreTestedInTheNewInterfaceAlone) {
     EXPECT_EQ(PruefeDokument(Neu, {Zeile(u"P6", {}), Zeile(u"X3", {})}), Funde{});
 }
 
+TEST_F(TestInhaltTest, ALineThatEndsBeforeItsDigitIsPassedOver) {
+    for (const TextSicht buchstabe : {u"B", u"C", u"G", u"P", u"X"}) {
+        Text zeile = Zeile(buchstabe, {{2, u"111"}, {8, u"111001"}});
+        EXPECT_EQ(PruefeDokument(Neu, {zeile}), Funde{});
+        zeile.resize(41, u' ');
+        EXPECT_EQ(PruefeDokument(Neu, {zeile}), Funde{});
+    }
+}
+
 TEST_F(TestInhaltTest, OtherLettersArePassedOver) {
     EXPECT_EQ(PruefeDokument(Neu, {Zeile(u"D1", {}), Zeile(u"U1", {}), Text()}), Funde{});
 }

@@ -241,6 +241,20 @@ TEST_F(LinuxTest, OhneBerechtigung) {
     EXPECT_EQ(Anzahl(), 2);
 }
 
+TEST_F(LinuxTest, WasNebenDerDateiEntstehtLiegtInIhremOrdner) {
+    Ordner(u"offen");
+    chmod(Bytes(u"offen").c_str(), 0777);
+    chmod(Bytes(u"").c_str(), 0555);
+    EXPECT_TRUE(ImKind([&] {
+        if (geteuid() == 0 && setuid(65534) != 0) {
+            return false;
+        }
+        return AusgabeDatei(Pfad(u"offen/a")).Abschliessen();
+    }));
+    chmod(Bytes(u"").c_str(), 0755);
+    EXPECT_TRUE(DateiExistiert(Pfad(u"offen/a")));
+}
+
 TEST_F(LinuxTest, SchreibgeschuetzteDateiBleibt) {
     Datei(u"a", "alt");
     chmod(Bytes(u"a").c_str(), 0444);
