@@ -15,16 +15,17 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zepholt {
 
 namespace {
 
-constexpr int kTwipsJeZoll = 1440;
-constexpr int kProgrammbild = 1;    // the icon's number in the program's resources
-constexpr int kErsteNummer = 100;   // of the controls that have none of the system's own
-constexpr int kSchriftKleinste = 9; // pixels at 96 dots per inch
-constexpr int kKnopfRand = 6;       // pixels at 96 dots per inch that a button needs on each side of its caption
+constexpr int TwipsJeZoll = 1440;
+constexpr int Programmbild = 1;    // the icon's number in the program's resources
+constexpr int ErsteNummer = 100;   // of the controls that have none of the system's own
+constexpr int SchriftKleinste = 9; // pixels at 96 dots per inch
+constexpr int KnopfRand = 6;       // pixels at 96 dots per inch that a button needs on each side of its caption
 
 const wchar_t* Breit(const char16_t* text) {
     return reinterpret_cast<const wchar_t*>(text);
@@ -34,7 +35,7 @@ const wchar_t* Breit(const Text& text) {
 }
 
 int Pixel(double twips, UINT dpi) {
-    return static_cast<int>(std::lround(twips * dpi / kTwipsJeZoll));
+    return static_cast<int>(std::lround(twips * dpi / TwipsJeZoll));
 }
 
 bool IstAbsatz(const Steuerelement& e) {
@@ -43,13 +44,13 @@ bool IstAbsatz(const Steuerelement& e) {
 
 // Cancel button, Escape and the frame's close box are one command of the system.
 int Nummer(const Formular& formular, std::int32_t element) {
-    if (&formular == &frmZEPHOLT && element == ZEPHOLT::cmdAbbrechen) {
+    if (&formular == &frmZEPHOLT && element == Hauptformular::cmdAbbrechen) {
         return IDCANCEL;
     }
-    if (&formular == &frmInfo && element == Info::cmdOK) {
+    if (&formular == &frmInfo && element == Infoformular::cmdOK) {
         return IDOK;
     }
-    return kErsteNummer + element;
+    return ErsteNummer + element;
 }
 
 // --- Measuring -------------------------------------------------------------------------------------------------------
@@ -112,7 +113,7 @@ bool Passt(const Formular& formular, const Formulartexte& texte, HFONT schrift, 
     const Messgeraet mass(schrift);
     for (std::int32_t i = 0; i < formular.Anzahl; ++i) {
         const Steuerelement& e = formular.Elemente[i];
-        const int rand = e.Art == ElementArt::Knopf ? 2 * MulDiv(kKnopfRand, static_cast<int>(dpi), 96) : 0;
+        const int rand = e.Art == ElementArt::Knopf ? 2 * MulDiv(KnopfRand, static_cast<int>(dpi), 96) : 0;
         const int breite = Pixel(e.Breite, dpi) - rand;
         const Text& inhalt = texte.Elemente[static_cast<std::size_t>(i)];
         if (inhalt.empty()) {
@@ -133,7 +134,7 @@ HFONT PassendeSchrift(const Formular& formular, const Formulartexte& texte, UINT
     masse.cbSize = sizeof masse;
     SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof masse, &masse, 0, dpi);
     LOGFONTW art = masse.lfMessageFont;
-    const LONG kleinste = -MulDiv(kSchriftKleinste, static_cast<int>(dpi), 96);
+    const LONG kleinste = -MulDiv(SchriftKleinste, static_cast<int>(dpi), 96);
     art.lfHeight = std::min(-std::abs(art.lfHeight), kleinste);
     for (;; ++art.lfHeight) {
         HFONT schrift = CreateFontIndirectW(&art);
@@ -146,8 +147,8 @@ HFONT PassendeSchrift(const Formular& formular, const Formulartexte& texte, UINT
 
 // --- Controls of the program's own -----------------------------------------------------------------------------------
 
-constexpr const wchar_t* kKlasseBahn = L"ZEPHOLTBahn";
-constexpr const wchar_t* kKlasseBalken = L"ZEPHOLTBalken";
+constexpr const wchar_t* KlasseBahn = L"ZEPHOLTBahn";
+constexpr const wchar_t* KlasseBalken = L"ZEPHOLTBalken";
 
 LRESULT CALLBACK BahnProzedur(HWND fenster, UINT meldung, WPARAM w, LPARAM l) {
     if (meldung != WM_PAINT) {
@@ -176,8 +177,8 @@ void KlasseAnmelden(const wchar_t* name, WNDPROC prozedur, int farbe) {
 void KlassenAnmelden() {
     INITCOMMONCONTROLSEX steuerelemente = {sizeof steuerelemente, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&steuerelemente);
-    KlasseAnmelden(kKlasseBahn, BahnProzedur, COLOR_BTNFACE);
-    KlasseAnmelden(kKlasseBalken, DefWindowProcW, COLOR_HIGHLIGHT);
+    KlasseAnmelden(KlasseBahn, BahnProzedur, COLOR_BTNFACE);
+    KlasseAnmelden(KlasseBalken, DefWindowProcW, COLOR_HIGHLIGHT);
 }
 
 struct Bauart {
@@ -192,9 +193,9 @@ Bauart BauartVon(const Steuerelement& e) {
     case ElementArt::Rahmen:
         return {L"BUTTON", WS_VISIBLE | BS_GROUPBOX};
     case ElementArt::Bahn:
-        return {kKlasseBahn, WS_VISIBLE | WS_CLIPCHILDREN};
+        return {KlasseBahn, WS_VISIBLE | WS_CLIPCHILDREN};
     case ElementArt::Balken:
-        return {kKlasseBalken, 0};
+        return {KlasseBalken, 0};
     case ElementArt::Beschriftung:
         break;
     }
@@ -219,12 +220,12 @@ public:
 
     // Opens without blocking; false when no window can be shown.
     bool Oeffne() {
-        return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &kVorlage.Kopf, nullptr, &Prozedur,
+        return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &LeereVorlage.Kopf, nullptr, &Prozedur,
                                           reinterpret_cast<LPARAM>(this)) != nullptr;
     }
     // Opens as a modal window of `eltern`; returns when it is closed.
     void ZeigeModal(HWND eltern) {
-        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &kVorlage.Kopf, eltern, &Prozedur,
+        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &LeereVorlage.Kopf, eltern, &Prozedur,
                                 reinterpret_cast<LPARAM>(this));
     }
 
@@ -246,12 +247,16 @@ private:
         DLGTEMPLATE Kopf;
         WORD Leer[3];
     };
-    static constexpr Vorlage kVorlage = {{WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0, 0, 0, 0, 0, 0}, {}};
+    static constexpr Vorlage LeereVorlage = {{WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0, 0, 0, 0, 0, 0},
+                                             {}};
 
     static INT_PTR CALLBACK Prozedur(HWND griff, UINT meldung, WPARAM w, LPARAM l);
     void Aufbauen(HWND griff);
     void ElementAnlegen(const Steuerelement& e, std::int32_t i);
     void Anordnen(UINT dpi, const POINT* ort);
+    void SchriftErneuern();
+    void ElementAnordnen(const Steuerelement& e, HWND element) const;
+    SIZE Aussengroesse() const;
     RECT PlatzVon(const Steuerelement& e) const;
 
     const Formular& m_formular;
@@ -288,11 +293,20 @@ INT_PTR CALLBACK Formularfenster::Prozedur(HWND griff, UINT meldung, WPARAM w, L
 // The system's own scaling of dialogs would scale what is laid out here a second time. Early versions don't have it.
 void EigeneSkalierungAbstellen(HWND griff) {
     using Funktion = BOOL(WINAPI*)(HWND, int, int);
-    constexpr int kAlles = 7; // neither the dialog nor its controls
+    constexpr int Alles = 7; // neither the dialog nor its controls
     const FARPROC adresse = GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior");
     if (adresse != nullptr) {
-        reinterpret_cast<Funktion>(reinterpret_cast<void*>(adresse))(griff, kAlles, kAlles);
+        reinterpret_cast<Funktion>(reinterpret_cast<void*>(adresse))(griff, Alles, Alles);
     }
+}
+
+// Where the upper left corner of a window of this size lies when it stands in the middle of its display.
+POINT EckeInDerMitte(HWND fenster, const SIZE& groesse) {
+    MONITORINFO anzeige{};
+    anzeige.cbSize = sizeof anzeige;
+    GetMonitorInfoW(MonitorFromWindow(fenster, MONITOR_DEFAULTTONEAREST), &anzeige);
+    const RECT& frei = anzeige.rcWork;
+    return {(frei.left + frei.right - groesse.cx) / 2, (frei.top + frei.bottom - groesse.cy) / 2};
 }
 
 void Formularfenster::Aufbauen(HWND griff) {
@@ -300,7 +314,7 @@ void Formularfenster::Aufbauen(HWND griff) {
     EigeneSkalierungAbstellen(griff);
     SetWindowTextW(griff, Breit(m_texte.Titel));
     const auto bild = [griff](WPARAM art, int breite, int hoehe) {
-        const HANDLE symbol = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgrammbild), IMAGE_ICON,
+        const HANDLE symbol = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(Programmbild), IMAGE_ICON,
                                          GetSystemMetrics(breite), GetSystemMetrics(hoehe), LR_SHARED);
         SendMessageW(griff, WM_SETICON, art, reinterpret_cast<LPARAM>(symbol));
     };
@@ -329,8 +343,8 @@ RECT Formularfenster::PlatzVon(const Steuerelement& e) const {
     std::int32_t links = e.Links;
     std::int32_t oben = e.Oben;
     if (e.Art == ElementArt::Balken) {
-        links += kBahnRand;
-        oben += kBahnRand;
+        links += BahnRand;
+        oben += BahnRand;
     } else if (e.Eltern >= 0) {
         links += m_formular.Elemente[e.Eltern].Links;
         oben += m_formular.Elemente[e.Eltern].Oben;
@@ -341,41 +355,49 @@ RECT Formularfenster::PlatzVon(const Steuerelement& e) const {
 // Lays everything out for a resolution. `ort` is where the window goes; without one to the middle of its display.
 void Formularfenster::Anordnen(UINT dpi, const POINT* ort) {
     m_dpi = dpi;
-    const HFONT alteSchrift = m_schrift;
-    m_schrift = PassendeSchrift(m_formular, m_texte, dpi);
+    SchriftErneuern();
     for (std::int32_t i = 0; i < m_formular.Anzahl; ++i) {
-        const RECT platz = PlatzVon(m_formular.Elemente[i]);
-        SendMessageW(Element(i), WM_SETFONT, reinterpret_cast<WPARAM>(m_schrift), FALSE);
-        // A frame goes below all others, or it would cut off what it frames.
-        const bool istRahmen = m_formular.Elemente[i].Art == ElementArt::Rahmen;
-        SetWindowPos(Element(i), istRahmen ? HWND_BOTTOM : nullptr, platz.left, platz.top, platz.right - platz.left,
-                     platz.bottom - platz.top, SWP_NOACTIVATE | (istRahmen ? 0U : SWP_NOZORDER));
+        ElementAnordnen(m_formular.Elemente[i], Element(i));
     }
-    if (alteSchrift != nullptr) {
-        DeleteObject(alteSchrift);
-    }
-
-    RECT aussen = {0, 0, InPixel(m_formular.Breite), InPixel(m_formular.Hoehe)};
-    AdjustWindowRectExForDpi(&aussen, static_cast<DWORD>(GetWindowLongW(m_griff, GWL_STYLE)), FALSE,
-                             static_cast<DWORD>(GetWindowLongW(m_griff, GWL_EXSTYLE)), dpi);
-    const int breite = aussen.right - aussen.left;
-    const int hoehe = aussen.bottom - aussen.top;
-    MONITORINFO anzeige{};
-    anzeige.cbSize = sizeof anzeige;
-    GetMonitorInfoW(MonitorFromWindow(m_griff, MONITOR_DEFAULTTONEAREST), &anzeige);
-    const RECT& frei = anzeige.rcWork;
-    const POINT mitte = {(frei.left + frei.right - breite) / 2, (frei.top + frei.bottom - hoehe) / 2};
-    const POINT& ecke = ort == nullptr ? mitte : *ort;
-    SetWindowPos(m_griff, nullptr, ecke.x, ecke.y, breite, hoehe, SWP_NOZORDER | SWP_NOACTIVATE);
+    const SIZE groesse = Aussengroesse();
+    const POINT ecke = ort == nullptr ? EckeInDerMitte(m_griff, groesse) : *ort;
+    SetWindowPos(m_griff, nullptr, ecke.x, ecke.y, groesse.cx, groesse.cy, SWP_NOZORDER | SWP_NOACTIVATE);
     NachAnordnung();
     InvalidateRect(m_griff, nullptr, TRUE);
 }
 
+// The controls leave the old font before it is deleted.
+void Formularfenster::SchriftErneuern() {
+    const HFONT alteSchrift = std::exchange(m_schrift, PassendeSchrift(m_formular, m_texte, m_dpi));
+    for (const HWND element : m_elemente) {
+        SendMessageW(element, WM_SETFONT, reinterpret_cast<WPARAM>(m_schrift), FALSE);
+    }
+    if (alteSchrift != nullptr) {
+        DeleteObject(alteSchrift);
+    }
+}
+
+// A frame goes below all others, or it would cut off what it frames.
+void Formularfenster::ElementAnordnen(const Steuerelement& e, HWND element) const {
+    const RECT platz = PlatzVon(e);
+    const bool istRahmen = e.Art == ElementArt::Rahmen;
+    SetWindowPos(element, istRahmen ? HWND_BOTTOM : nullptr, platz.left, platz.top, platz.right - platz.left,
+                 platz.bottom - platz.top, SWP_NOACTIVATE | (istRahmen ? 0U : SWP_NOZORDER));
+}
+
+// Of the window with its frame, in pixels.
+SIZE Formularfenster::Aussengroesse() const {
+    RECT aussen = {0, 0, InPixel(m_formular.Breite), InPixel(m_formular.Hoehe)};
+    AdjustWindowRectExForDpi(&aussen, static_cast<DWORD>(GetWindowLongW(m_griff, GWL_STYLE)), FALSE,
+                             static_cast<DWORD>(GetWindowLongW(m_griff, GWL_EXSTYLE)), m_dpi);
+    return {aussen.right - aussen.left, aussen.bottom - aussen.top};
+}
+
 // --- The two windows -------------------------------------------------------------------------------------------------
 
-class FensterInfo : public Formularfenster {
+class Infofenster : public Formularfenster {
 public:
-    FensterInfo() : Formularfenster(frmInfo, TexteInfo()) {}
+    Infofenster() : Formularfenster(frmInfo, TexteInfo()) {}
 
 protected:
     void Befehl(int nummer) override {
@@ -385,10 +407,10 @@ protected:
     }
 };
 
-class FensterZEPHOLT : public Fenster, private Formularfenster {
+class Hauptfenster : public Fenster, private Formularfenster {
 public:
-    FensterZEPHOLT() : Formularfenster(frmZEPHOLT, TexteZEPHOLT()) {}
-    ~FensterZEPHOLT() override {
+    Hauptfenster() : Formularfenster(frmZEPHOLT, TexteHaupt()) {}
+    ~Hauptfenster() override {
         if (Griff() != nullptr) {
             DestroyWindow(Griff());
         }
@@ -403,10 +425,10 @@ public:
         return true;
     }
 
-    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(ZEPHOLT::lblAustauschdatei, text); }
-    void ZeigeProjekt(TextSicht text) override { Beschrifte(ZEPHOLT::lblProjekt, text); }
-    void ZeigeDokument(TextSicht text) override { Beschrifte(ZEPHOLT::lblDokument, text); }
-    void ZeigeSchritt(TextSicht text) override { Beschrifte(ZEPHOLT::lblFortschritt, text); }
+    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(Hauptformular::lblAustauschdatei, text); }
+    void ZeigeProjekt(TextSicht text) override { Beschrifte(Hauptformular::lblProjekt, text); }
+    void ZeigeDokument(TextSicht text) override { Beschrifte(Hauptformular::lblDokument, text); }
+    void ZeigeSchritt(TextSicht text) override { Beschrifte(Hauptformular::lblFortschritt, text); }
     void ZeigeBalken(double breite) override {
         m_balken = breite;
         BalkenAnordnen();
@@ -426,8 +448,8 @@ protected:
     void Befehl(int nummer) override {
         if (nummer == IDCANCEL) {
             FrageAbbruch();
-        } else if (nummer == kErsteNummer + ZEPHOLT::cmdInfo) {
-            FensterInfo().ZeigeModal(Griff());
+        } else if (nummer == ErsteNummer + Hauptformular::cmdInfo) {
+            Infofenster().ZeigeModal(Griff());
         }
     }
 
@@ -482,8 +504,8 @@ private:
     }
 
     void BalkenAnordnen() {
-        const HWND balken = Element(ZEPHOLT::picFSBalken);
-        const int hoehe = InPixel(frmZEPHOLT.Elemente[ZEPHOLT::picFSBalken].Hoehe);
+        const HWND balken = Element(Hauptformular::picFSBalken);
+        const int hoehe = InPixel(frmZEPHOLT.Elemente[Hauptformular::picFSBalken].Hoehe);
         SetWindowPos(balken, nullptr, 0, 0, std::max(1, InPixel(m_balken)), hoehe,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         ShowWindow(balken, m_balken > 0 ? SW_SHOWNA : SW_HIDE);
@@ -491,16 +513,16 @@ private:
 
     void FrageAbbruch() {
         const Text frage = TexteAbbruchfrage().Frage;
-        if (MessageBoxW(Griff(), Breit(frage), Breit(kProgrammTitel), MB_YESNO | MB_DEFBUTTON2) == IDYES) {
+        if (MessageBoxW(Griff(), Breit(frage), Breit(ProgrammTitel), MB_YESNO | MB_DEFBUTTON2) == IDYES) {
             testDaten.Abbruch = true;
         }
     }
 
     Anzeigefeld m_felder[4] = {
-        {ZEPHOLT::lblAustauschdatei, {}},
-        {ZEPHOLT::lblProjekt, {}},
-        {ZEPHOLT::lblDokument, {}},
-        {ZEPHOLT::lblFortschritt, {}},
+        {Hauptformular::lblAustauschdatei, {}},
+        {Hauptformular::lblProjekt, {}},
+        {Hauptformular::lblDokument, {}},
+        {Hauptformular::lblFortschritt, {}},
     };
     double m_balken = 0; // in twips
     HWND m_hinweise = nullptr;
@@ -510,7 +532,7 @@ private:
 
 std::unique_ptr<Fenster> FensterOeffnen() {
     KlassenAnmelden();
-    auto fenster = std::make_unique<FensterZEPHOLT>();
+    auto fenster = std::make_unique<Hauptfenster>();
     if (fenster->Oeffne()) {
         return fenster;
     }
@@ -518,7 +540,7 @@ std::unique_ptr<Fenster> FensterOeffnen() {
 }
 
 bool MeldungsboxZeigen(TextSicht text) {
-    return MessageBoxW(nullptr, Breit(Text(text)), Breit(kProgrammTitel), MB_OK | MB_ICONSTOP) != 0;
+    return MessageBoxW(nullptr, Breit(Text(text)), Breit(ProgrammTitel), MB_OK | MB_ICONSTOP) != 0;
 }
 
 } // namespace zepholt

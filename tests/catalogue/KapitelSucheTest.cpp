@@ -2,6 +2,7 @@
 // never would: numbers out of order, doubled, negative, ranges of any kind.
 #include "catalogue/VLTKapitel.h"
 #include "errors/TestFehler.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include "catalogue/Kapitelbau.h"
@@ -232,11 +233,8 @@ std::string ZufallsKapitel(Zufall& zufall, bool wild) {
 
 class KapitelSuche : public testing::Test {
 protected:
-    void TearDown() override {
-        testDaten = {};
-        kapitelDaten = {};
-        FehlerLoeschen();
-    }
+    void SetUp() override { NeuerLauf(); }
+    void TearDown() override { NeuerLauf(); }
 };
 
 void VergleicheSuchen(std::int32_t position, std::int32_t grenze) {
