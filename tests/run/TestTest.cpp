@@ -86,16 +86,23 @@ TEST_F(TestAusfuehrenTest, PhasesOfARunInTheirOrder) {
 
 // The protocol of a file that can't be tested is written without its phase being shown.
 TEST_F(TestAusfuehrenTest, RefusedFileShowsNoPhaseOfWriting) {
+    Laufe({Zeile(u"G1", {}), Zeile(u"C0", {{2, u"001"}})}); // C stands before G
+    EXPECT_EQ(Anzeige.Phasen, (Phasen{u"", u"Liest Austauschdatei ein"}));
+    EXPECT_TRUE(Gemeldet(2022));
+    EXPECT_TRUE(HatProtokoll());
+}
+
+TEST_F(TestAusfuehrenTest, FileThatCanNotBeReadShowsNoPhaseAtAll) {
     m_ordner.Schreibe("a.01S", "x");
     TestAusfuehren();
-    EXPECT_EQ(Anzeige.Phasen, (Phasen{u"", u"Liest Austauschdatei ein"}));
+    EXPECT_EQ(Anzeige.Phasen, Phasen{u""});
     EXPECT_TRUE(Gemeldet(2001));
     EXPECT_TRUE(HatProtokoll());
 }
 
-// A structure record, an item and a condition, each with a finding of its own.
+// A structure record, a condition and an item, each with a finding of its own.
 std::vector<Text> JeEinBefund() {
-    return {Zeile(u"B1", {}), Zeile(u"G1", {}), Zeile(u"C0", {{2, u"001"}})};
+    return {Zeile(u"B1", {}), Zeile(u"C0", {{2, u"001"}}), Zeile(u"G1", {})};
 }
 
 // The document test doesn't look at the cancel: what it has begun, it ends, and only then nothing more comes.
