@@ -78,8 +78,8 @@ protected:
 using Phasen = std::vector<Text>;
 
 TEST_F(TestAusfuehrenTest, PhasesOfARunInTheirOrder) {
-    Laufe({});
-    EXPECT_EQ(Anzeige.Phasen, (Phasen{u"", u"Liest Austauschdatei ein", u"Testet Dokument", u"Testet VLT-Kapitel",
+    Laufe({Zeile(u"G1", {{2, u"111"}, {6, u"19"}, {93, u"Kapitel"}})});
+    EXPECT_EQ(Anzeige.Phasen, (Phasen{u"", u"Liest Austauschdatei ein", u"Testet Dokument", u"Testet VLT-Kapitel: 111",
                                       u"Schreibt Fehlerprotokoll", u""}));
     EXPECT_TRUE(HatProtokoll());
 }
