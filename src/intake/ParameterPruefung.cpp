@@ -4,6 +4,7 @@
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 
+#include <algorithm>
 #include <array>
 
 namespace zepholt {
@@ -49,10 +50,14 @@ void AnfuehrungszeichenEntfernen(Text& wert) {
     wert = wert.substr(1, wert.size() - 2);
 }
 
-// "de", "fr" and "it" give 1, 2 and 3, in any case; a trailing '-' makes the run silent. False for anything else.
-bool SpracheErkennen() {
-    testDaten.OhneDialog = false;
-    Text sprache = Kleinbuchstaben(testDaten.DialogParameter);
+struct Dialogwahl {
+    std::int32_t Sprache = 0; // 1 to 3; 0 for a value that is none
+    bool Still = false;
+};
+
+// "de", "fr" and "it" give 1, 2 and 3, in any case; a trailing '-' makes the run silent.
+Dialogwahl DialogwahlAus(TextSicht wert) {
+    Text sprache = Kleinbuchstaben(wert);
     const bool still = sprache.ends_with(u'-');
     if (still) {
         sprache.pop_back();
@@ -60,12 +65,29 @@ bool SpracheErkennen() {
     constexpr std::array<TextSicht, 3> Sprachen = {u"de", u"fr", u"it"};
     for (std::size_t i = 0; i < Sprachen.size(); ++i) {
         if (sprache == Sprachen[i]) {
-            testDaten.Sprache = static_cast<std::int32_t>(i) + 1;
-            testDaten.OhneDialog = still;
-            return true;
+            return {static_cast<std::int32_t>(i) + 1, still};
         }
     }
-    return false;
+    return {};
+}
+
+// False when the value of dialog= names no language.
+bool SpracheErkennen() {
+    const Dialogwahl wahl = DialogwahlAus(testDaten.DialogParameter);
+    testDaten.OhneDialog = wahl.Still;
+    if (wahl.Sprache != 0) {
+        testDaten.Sprache = wahl.Sprache;
+    }
+    return wahl.Sprache != 0;
+}
+
+// Without blanks at both ends, then without a pair of quotation marks around the rest, and so on.
+TextSicht Entkleidet(TextSicht text) {
+    text = OhneLeerzeichen(text);
+    while (text.size() >= 2 && text.front() == u'"' && text.back() == u'"') {
+        text = OhneLeerzeichen(text.substr(1, text.size() - 2));
+    }
+    return text;
 }
 
 // A device, a pipe or a socket is never opened or deleted.
@@ -85,6 +107,15 @@ std::int32_t KatalogArtVon(const Text& katalog) {
 }
 
 } // namespace
+
+bool StilleVerlangt(std::span<const Text> argumente) {
+    return std::ranges::any_of(argumente, [](TextSicht argument) {
+        argument = Entkleidet(argument);
+        const std::size_t gleich = argument.find(u'=');
+        return gleich != TextSicht::npos && Kleinbuchstaben(Entkleidet(argument.substr(0, gleich))) == u"dialog" &&
+               DialogwahlAus(Entkleidet(argument.substr(gleich + 1))).Still;
+    });
+}
 
 bool FehlerdateiNichtAnlegbar() {
     return !DateiAnlegbar(testDaten.Fehlerdatei);

@@ -13,6 +13,11 @@ namespace zepholt {
 // LaufzeitFehler.
 std::int32_t ParameterPruefen(std::span<const Text> argumente);
 
+// True when some argument asks for a silent run: `dialog=` with de-, fr- or it-, in any case, blanks and enclosing
+// quotation marks aside. It holds whatever else is wrong with the arguments, also where ParameterPruefen stops before
+// the language.
+bool StilleVerlangt(std::span<const Text> argumente);
+
 // True when Fehlerdatei can't be created. No file is left behind.
 bool FehlerdateiNichtAnlegbar();
 

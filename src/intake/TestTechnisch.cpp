@@ -100,8 +100,8 @@ void ZeilenLesen(Zeilenleser& leser, std::size_t laenge, std::vector<TextSicht>&
 
 bool Einlesen() {
     DateiartBestimmen();
-    testDaten.DateiText = DateiBytesLesen(testDaten.Austauschdatei);
-    const ByteSicht bytes = testDaten.DateiText.Rohbytes();
+    testDaten.Puffer = DateiBytesLesen(testDaten.Austauschdatei);
+    const ByteSicht bytes = testDaten.Puffer.Rohbytes();
     if (!BytesPruefen(bytes)) {
         return false;
     }

@@ -166,7 +166,7 @@ bool Utf8KopfPruefen(ByteSicht& zeile) {
 }
 
 TextSicht ZeileDekodieren(ByteSicht zeile) {
-    Dateitext& text = testDaten.DateiText;
+    Dateitext& text = testDaten.Puffer;
     return text.Anfuegen(testDaten.Utf8Modus ? Utf8NachUnicode(zeile, text.Ende()) : OemNachAnsi(zeile, text.Ende()));
 }
 

@@ -17,7 +17,7 @@ std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab);
 // end of November 2099, and must hold one from then on: the mark makes it UTF-8.
 bool Utf8KopfPruefen(ByteSicht& zeile);
 
-// Decodes one line (without its end) behind the lines in DateiText, as Utf8Modus tells, and returns its text.
+// Decodes one line (without its end) behind the lines in Puffer, as Utf8Modus tells, and returns its text.
 TextSicht ZeileDekodieren(ByteSicht zeile);
 
 // Both write the text of a line to `ziel` and return the place behind it. There must be room for as many units as the

@@ -10,9 +10,11 @@
 #include "support/OS_API.h"
 #include "window/DialogDeFrIt.h"
 #include "window/Fenster.h"
+#include "window/Laufzeittexte.h"
 #include "window/Textanzeige.h"
 
 #include <exception>
+#include <new>
 
 namespace zepholt {
 
@@ -40,20 +42,22 @@ void TestlaufAusfuehren() {
     testDaten.Fortschrittsfenster = nullptr;
 }
 
-void Ausfuehren(TextSicht kommandozeile) {
-    testDaten.Version = u"4.0";
-    testDaten.Abbruch = false;
-    const std::vector<Text> argumente = KommandozeileZerlegen(kommandozeile);
-    FehlerLoeschen();
+// The parameter test, and the dialog language whatever its outcome. `still`: the command line asks for silence, so that
+// what is wrong with it is not shown. False when the run is over.
+bool ParameterTesten(std::span<const Text> argumente, bool still) {
     const std::int32_t code = ParameterPruefen(argumente);
 
     // Only this copy is corrected: Sprache itself stays 0 when the test stopped before the language.
     const std::int32_t sprache = testDaten.Sprache >= 1 && testDaten.Sprache <= 3 ? testDaten.Sprache : 1;
     SpracheSetzen(sprache);
-
-    if (code != 0) {
+    if (code != 0 && !still) {
         ParameterfehlerZeigen(ParameterMeldung(code, sprache));
-    } else if (testDaten.Spezialfunktion) {
+    }
+    return code == 0;
+}
+
+void Ausfuehren() {
+    if (testDaten.Spezialfunktion) {
         SpezialfunktionAusfuehren(TextSicht(testDaten.Austauschdatei).substr(1), testDaten.Sprache,
                                   testDaten.Fehlerdatei, testDaten.Katalog);
     } else {
@@ -61,13 +65,41 @@ void Ausfuehren(TextSicht kommandozeile) {
     }
 }
 
-// The one sign of a failure that no rule catches: a line on standard error, and a box when the run has a dialog.
-void LaufzeitfehlerMelden(const char* was) {
+// The one sign of a failure that no rule catches: a line on standard error, and a box when the run has a dialog. The
+// message is UTF-8.
+void LaufzeitfehlerMelden(std::string_view meldung) {
     testDaten.Fortschrittsfenster = nullptr;
-    const Text meldung = AusAscii("ZEPHOLT: run-time failure: ") + AusAscii(was);
     MeldungAusgeben(meldung);
-    if (!testDaten.OhneDialog) {
-        MeldungsboxZeigen(meldung);
+    try {
+        if (!testDaten.OhneDialog) {
+            MeldungsboxZeigen(AusUtf8Bytes(meldung));
+        }
+    } catch (const std::bad_alloc&) {
+        // No memory for a box: the line stands.
+    }
+}
+
+// The run as far as memory lasts. Returns the exit status.
+int LaufAusfuehren(TextSicht kommandozeile) {
+    bool stumm = false; // a failure is not told either
+    try {
+        testDaten.Version = u"4.0";
+        testDaten.Abbruch = false;
+        FehlerLoeschen();
+        const std::vector<Text> argumente = KommandozeileZerlegen(kommandozeile);
+        stumm = StilleVerlangt(argumente);
+        if (ParameterTesten(argumente, stumm)) {
+            stumm = false;
+            Ausfuehren();
+        }
+        return 0;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& fehler) {
+        if (!stumm) {
+            LaufzeitfehlerMelden(LaufzeitMeldung(fehler.what()));
+        }
+        return 1;
     }
 }
 
@@ -114,14 +146,11 @@ Text ParameterMeldung(std::int32_t code, std::int32_t sprache) {
 
 int Main(TextSicht kommandozeile) {
     try {
-        Ausfuehren(kommandozeile);
-        return 0;
+        return LaufAusfuehren(kommandozeile);
     } catch (const std::bad_alloc&) {
-        LaufzeitfehlerMelden("out of memory");
-    } catch (const std::exception& fehler) {
-        LaufzeitfehlerMelden(fehler.what());
+        LaufzeitfehlerMelden(SpeicherMeldung());
+        return 1;
     }
-    return 1;
 }
 
 } // namespace zepholt

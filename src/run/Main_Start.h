@@ -8,7 +8,9 @@
 namespace zepholt {
 
 // A whole run on the command text behind the program's own name. Returns the exit status: 0 on every road, but 1 when a
-// run-time failure that no rule catches has ended the run without a protocol.
+// run-time failure that no rule catches has ended the run without a protocol; a line on standard error, and a box when
+// the run has a dialog, tell what it was. A command line that asks for silence gets neither for what is wrong with its
+// parameters. A second run in one process needs NeuerLauf() before it: Main counts on a fresh state.
 int Main(TextSicht kommandozeile);
 
 // The arguments of a command text: separated by blanks outside quotation marks; the marks stay. Never an empty list.

@@ -1,9 +1,10 @@
-// A fresh run: every shared state back at its start.
+// A fresh run in a process that has had one.
 #pragma once
 
 namespace zepholt {
 
-// Puts run state, error store, file data, dialog language and catalogue back. Tests and fuzzers begin with it.
+// Puts every shared state back at its start: run state, error store, file data, dialog language, progress, catalogue
+// and the parsed chapter. A test's own clocks go with them. Tests and fuzzers begin with it.
 void NeuerLauf();
 
 } // namespace zepholt

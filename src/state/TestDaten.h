@@ -34,7 +34,7 @@ struct TestDaten {
     Text SchnittstellenId;                   // A:3, columns 8 to 13 of line 1, once accepted
     std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake, see NeueSchnittstelle
     bool Utf8Modus = false;                  // the lines are decoded as UTF-8
-    Dateitext DateiText;                     // all lines decoded, one behind the other; everything below views into it
+    Dateitext Puffer;                        // all lines decoded, one behind the other; everything below views into it
     std::vector<TextSicht> Zeilen;           // the lines without their ends, from 0
     std::vector<std::int32_t> ZeilenNummern; // the number in the file, from 0, of each entry of Zeilen
     std::int32_t ZeilenAnzahl = 0;

@@ -1,9 +1,11 @@
 // The one door to the platform: files, folders, the clock, the command line, standard error.
 //
 // One header, one source per platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake, and OS_API.cpp with what
-// needs no platform. Paths are Text. On Linux
-// a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so that every name opens and
-// comes back as it was; on Windows a path is the platform's own text and may be longer than 260 characters.
+// needs no platform.
+//
+// Paths are Text. On Linux a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so
+// that every name opens and comes back as it was; on Windows a path is the platform's own text and may be longer than
+// 260 characters.
 #pragma once
 
 #include "support/Text.h"
@@ -127,9 +129,12 @@ std::int64_t MilliSekunden();
 // the arguments, see KommandotextAus.
 Text Kommandozeile(int anzahl, char** argumente);
 
-// One line on standard error, in UTF-8, and whether that is a terminal. Never touches standard output; without a
-// standard error nothing happens.
+// One line on standard error, in UTF-8. Never touches standard output; without a standard error nothing happens. For a
+// line that is UTF-8 already nothing is allocated.
 void MeldungAusgeben(TextSicht text);
+void MeldungAusgeben(std::string_view utf8);
+
+// Whether standard error is a terminal.
 bool MeldungIstTerminal();
 
 } // namespace zepholt

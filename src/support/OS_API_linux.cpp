@@ -276,6 +276,11 @@ void MeldungAusgeben(TextSicht text) {
     AllesSchreiben(STDERR_FILENO, Utf8Bytes(text) + '\n');
 }
 
+void MeldungAusgeben(std::string_view utf8) {
+    AllesSchreiben(STDERR_FILENO, utf8);
+    AllesSchreiben(STDERR_FILENO, "\n");
+}
+
 bool MeldungIstTerminal() {
     return isatty(STDERR_FILENO) == 1;
 }

@@ -4,6 +4,7 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
+#include <array>
 #include <new>
 #include <utility>
 
@@ -123,6 +124,22 @@ bool AllesSchreiben(HANDLE griff, std::string_view bytes) {
         bytes.remove_prefix(anzahl);
     }
     return true;
+}
+
+// In pieces that need no memory but the stack's. A piece never ends within a character.
+void AufKonsole(HANDLE konsole, std::string_view utf8) {
+    std::array<wchar_t, 512> breit{};
+    while (!utf8.empty()) {
+        std::size_t stueck = std::min(utf8.size(), breit.size());
+        while (stueck > 1 && stueck < utf8.size() && (utf8[stueck] & 0xC0) == 0x80) {
+            --stueck;
+        }
+        const int einheiten = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(stueck), breit.data(),
+                                                  static_cast<int>(breit.size()));
+        DWORD anzahl = 0;
+        WriteConsoleW(konsole, breit.data(), static_cast<DWORD>(einheiten), &anzahl, nullptr);
+        utf8.remove_prefix(stueck);
+    }
 }
 
 // True when a file may come to stand at `pfad`: nothing or an ordinary file that may be written stands there.
@@ -284,16 +301,20 @@ Text Kommandozeile(int /*anzahl*/, char** /*argumente*/) {
 }
 
 void MeldungAusgeben(TextSicht text) {
+    MeldungAusgeben(std::string_view(Utf8Bytes(text)));
+}
+
+void MeldungAusgeben(std::string_view utf8) {
     const HANDLE ausgabe = GetStdHandle(STD_ERROR_HANDLE);
     if (ausgabe == nullptr || ausgabe == INVALID_HANDLE_VALUE) { // a program without a console
         return;
     }
-    const Text zeile = Text(text) + u"\r\n";
-    DWORD anzahl = 0;
     if (MeldungIstTerminal()) {
-        WriteConsoleW(ausgabe, Breit(zeile).c_str(), static_cast<DWORD>(zeile.size()), &anzahl, nullptr);
+        AufKonsole(ausgabe, utf8);
+        AufKonsole(ausgabe, "\r\n");
     } else {
-        AllesSchreiben(ausgabe, Utf8Bytes(zeile));
+        AllesSchreiben(ausgabe, utf8);
+        AllesSchreiben(ausgabe, "\r\n");
     }
 }
 

@@ -13,7 +13,7 @@ const Text& Spalte(const DialogText& zeile, std::int32_t sprache) {
 }
 
 // What follows the copyright line, three paragraphs by language.
-constexpr TextSicht kRechte[3] = {
+constexpr TextSicht Rechte[3] = {
     u"Dieses Programm, seine Dateien und die Daten des Katalogs sind urheberrechtlich geschützt.\r\n\r\n"
     u"Erlaubt ist die Verwendung dieser Daten einzig zum persönlichen Gebrauch sowie für Unterricht und "
     u"Ausbildung.\r\n\r\n"
@@ -86,13 +86,13 @@ Text InfoText() {
         dialogDeFrIt.DialogSprache = 1;
     }
     Text text = u"Copyright © ";
-    text.append(kRechteJahr).append(u" ").append(kRechteInhaber).append(u", ").append(kHerstellerOrt);
-    text.append(u"\r\n\r\n").append(kRechte[dialogDeFrIt.DialogSprache - 1]);
+    text.append(RechteJahr).append(u" ").append(RechteInhaber).append(u", ").append(HerstellerOrt);
+    text.append(u"\r\n\r\n").append(Rechte[dialogDeFrIt.DialogSprache - 1]);
     return text;
 }
 
 Text Programmhersteller() {
-    return Text(kHerstellerName).append(u", ").append(kHerstellerOrt);
+    return Text(HerstellerName).append(u", ").append(HerstellerOrt);
 }
 
 } // namespace zepholt

@@ -19,7 +19,7 @@ struct FormularMitTexten {
 };
 
 struct FensterTexte {
-    FormularMitTexten ZEPHOLT;
+    FormularMitTexten Haupt;
     FormularMitTexten Info;
     const char16_t* ProgrammTitel;
     const char16_t* Frage;
@@ -53,8 +53,8 @@ struct FensterModul {
 };
 
 // The module's one exported function, and the number of this border's layout: another number gives null.
-inline constexpr std::int32_t kFensterModulFassung = 1;
-inline constexpr const char* kFensterModulFunktion = "zepholt_fenster_modul";
+inline constexpr std::int32_t FensterModulFassung = 1;
+inline constexpr const char* FensterModulName = "zepholt_fenster_modul";
 using FensterModulFunktion = const FensterModul* (*)(std::int32_t fassung);
 
 } // namespace zepholt

@@ -15,6 +15,8 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace zepholt {
 
@@ -45,8 +47,8 @@ const FensterModul* ModulLaden() {
     if (bibliothek == nullptr) {
         return nullptr;
     }
-    const auto modul = reinterpret_cast<FensterModulFunktion>(dlsym(bibliothek, kFensterModulFunktion));
-    return modul == nullptr ? nullptr : modul(kFensterModulFassung);
+    const auto modul = reinterpret_cast<FensterModulFunktion>(dlsym(bibliothek, FensterModulName));
+    return modul == nullptr ? nullptr : modul(FensterModulFassung);
 }
 
 // True when the environment names a display: without one the module isn't even loaded.
@@ -67,20 +69,28 @@ const FensterModul* BereitesModul() {
     return modul != nullptr && modul->Bereit() ? modul : nullptr;
 }
 
-// The texts of a form as the module takes them.
-struct Textzeiger {
-    explicit Textzeiger(const Formulartexte& texte) : Titel(texte.Titel.c_str()) {
-        for (const Text& text : texte.Elemente) {
-            Elemente.push_back(text.c_str());
+// A form's texts in the dialog language, as the module takes them.
+class UebergebeneTexte {
+public:
+    explicit UebergebeneTexte(Formulartexte texte) : m_texte(std::move(texte)) {
+        for (const Text& text : m_texte.Elemente) {
+            m_zeiger.push_back(text.c_str());
         }
     }
-    FormularMitTexten Mit(const Formular& formular) const { return {&formular, Titel, Elemente.data()}; }
+    UebergebeneTexte(const UebergebeneTexte&) = delete; // what is pointed to lies in here
+    UebergebeneTexte& operator=(const UebergebeneTexte&) = delete;
 
-    const char16_t* Titel;
-    std::vector<const char16_t*> Elemente;
+    FormularMitTexten Mit(const Formular& formular) const {
+        return {&formular, m_texte.Titel.c_str(), m_zeiger.data()};
+    }
+
+private:
+    Formulartexte m_texte;
+    std::vector<const char16_t*> m_zeiger;
 };
 
-// The module's window behind the program's own interface.
+// The module's window behind the program's own interface. It opens with the object, from members that stand in the
+// order in which they need each other: texts, what points to them, the window that is given those.
 class Modulfenster : public Fenster {
 public:
     explicit Modulfenster(const FensterModul& modul) : m_modul(modul), m_griff(modul.Oeffnen(&m_uebergabe)) {}
@@ -94,10 +104,10 @@ public:
 
     bool Offen() const { return m_griff != nullptr; }
 
-    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(ZEPHOLT::lblAustauschdatei, text); }
-    void ZeigeProjekt(TextSicht text) override { Beschrifte(ZEPHOLT::lblProjekt, text); }
-    void ZeigeDokument(TextSicht text) override { Beschrifte(ZEPHOLT::lblDokument, text); }
-    void ZeigeSchritt(TextSicht text) override { Beschrifte(ZEPHOLT::lblFortschritt, text); }
+    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(Hauptformular::lblAustauschdatei, text); }
+    void ZeigeProjekt(TextSicht text) override { Beschrifte(Hauptformular::lblProjekt, text); }
+    void ZeigeDokument(TextSicht text) override { Beschrifte(Hauptformular::lblDokument, text); }
+    void ZeigeSchritt(TextSicht text) override { Beschrifte(Hauptformular::lblFortschritt, text); }
     void ZeigeBalken(double breite) override { m_modul.Balken(m_griff, breite); }
 
     void Ereignisse() override {
@@ -109,17 +119,15 @@ public:
 private:
     void Beschrifte(std::int32_t element, TextSicht text) { m_modul.Beschriften(m_griff, element, Text(text).c_str()); }
 
-    const Formulartexte m_zepholt = TexteZEPHOLT();
-    const Formulartexte m_info = TexteInfo();
+    const UebergebeneTexte m_haupt{TexteHaupt()};
+    const UebergebeneTexte m_info{TexteInfo()};
     const Fragetexte m_frage = TexteAbbruchfrage();
-    const Textzeiger m_zepholtZeiger{m_zepholt};
-    const Textzeiger m_infoZeiger{m_info};
     const FensterTexte m_uebergabe = {
-        m_zepholtZeiger.Mit(frmZEPHOLT), m_infoZeiger.Mit(frmInfo), kProgrammTitel,
-        m_frage.Frage.c_str(),           m_frage.Ja.c_str(),        m_frage.Nein.c_str(),
+        m_haupt.Mit(frmZEPHOLT), m_info.Mit(frmInfo), ProgrammTitel,
+        m_frage.Frage.c_str(),   m_frage.Ja.c_str(),  m_frage.Nein.c_str(),
     };
     const FensterModul& m_modul;
-    ModulFensterGriff* m_griff;
+    ModulFensterGriff* const m_griff;
 };
 
 } // namespace
@@ -140,7 +148,7 @@ std::unique_ptr<Fenster> FensterOeffnen() {
 bool MeldungsboxZeigen(TextSicht text) {
     const FensterModul* modul = BereitesModul();
     const Text ok(Uebersetze(u"OK"));
-    return modul != nullptr && modul->Meldung(kProgrammTitel, Text(text).c_str(), ok.c_str());
+    return modul != nullptr && modul->Meldung(ProgrammTitel, Text(text).c_str(), ok.c_str());
 }
 
 } // namespace zepholt

@@ -1,11 +1,10 @@
 // The windows on Windows, with the platform's own controls.
 //
-// Both forms are dialogs of the system, which gives tab order, Enter and Escape their usual sense; their controls are
-// built from the tables and laid out afresh when the window comes to a display of another resolution.
+// Both forms are dialogs of the system, which gives tab order, Enter and Escape their usual sense.
 #include "window/Fenster.h"
 
 #include "state/TestDaten.h"
-#include "window/Formulartexte.h"
+#include "window/Formularfenster_windows.h"
 #include "window/Fortschritt.h"
 #include "window/Textanzeige.h"
 
@@ -14,368 +13,14 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <cmath>
 
 namespace zepholt {
 
 namespace {
 
-constexpr int kTwipsJeZoll = 1440;
-constexpr int kProgrammbild = 1;    // the icon's number in the program's resources
-constexpr int kErsteNummer = 100;   // of the controls that have none of the system's own
-constexpr int kSchriftKleinste = 9; // pixels at 96 dots per inch
-constexpr int kKnopfRand = 6;       // pixels at 96 dots per inch that a button needs on each side of its caption
-
-const wchar_t* Breit(const char16_t* text) {
-    return reinterpret_cast<const wchar_t*>(text);
-}
-const wchar_t* Breit(const Text& text) {
-    return Breit(text.c_str());
-}
-
-int Pixel(double twips, UINT dpi) {
-    return static_cast<int>(std::lround(twips * dpi / kTwipsJeZoll));
-}
-
-bool IstAbsatz(const Steuerelement& e) {
-    return e.Art == ElementArt::Beschriftung && e.Hoehe > 300;
-}
-
-// Cancel button, Escape and the frame's close box are one command of the system.
-int Nummer(const Formular& formular, std::int32_t element) {
-    if (&formular == &frmZEPHOLT && element == ZEPHOLT::cmdAbbrechen) {
-        return IDCANCEL;
-    }
-    if (&formular == &frmInfo && element == Info::cmdOK) {
-        return IDOK;
-    }
-    return kErsteNummer + element;
-}
-
-// --- Measuring -------------------------------------------------------------------------------------------------------
-
-// The device to measure text with, in one font.
-class Messgeraet {
+class Infofenster : public Formularfenster {
 public:
-    explicit Messgeraet(HFONT schrift) : m_geraet(GetDC(nullptr)), m_vorher(SelectObject(m_geraet, schrift)) {}
-    ~Messgeraet() {
-        SelectObject(m_geraet, m_vorher);
-        ReleaseDC(nullptr, m_geraet);
-    }
-    Messgeraet(const Messgeraet&) = delete;
-    Messgeraet& operator=(const Messgeraet&) = delete;
-
-    // Width and height of a text, in pixels; `breite` bounds the lines of a paragraph.
-    SIZE Misst(const Text& text, int breite, bool absatz) const {
-        RECT platz = {0, 0, breite, 0};
-        const UINT umbruch = absatz ? DT_WORDBREAK : DT_SINGLELINE;
-        DrawTextW(m_geraet, Breit(text), static_cast<int>(text.size()), &platz, DT_CALCRECT | DT_NOPREFIX | umbruch);
-        return {platz.right, platz.bottom};
-    }
-
-private:
-    HDC m_geraet;
-    HGDIOBJ m_vorher;
-};
-
-bool IstErsteHaelfte(char16_t zeichen) {
-    return zeichen >= 0xD800 && zeichen < 0xDC00;
-}
-
-// The text without so much of its middle, replaced by an ellipsis, that it fits into `breite` pixels.
-Text MitteGekuerzt(const Text& text, int breite, const Messgeraet& mass) {
-    const auto gekuerzt = [&text](std::size_t bleibt) {
-        std::size_t vorne = bleibt / 2;
-        std::size_t hinten = text.size() - (bleibt - vorne);
-        if (vorne > 0 && IstErsteHaelfte(text[vorne - 1])) {
-            --vorne; // no half of a character stays
-        }
-        if (hinten < text.size() && hinten > 0 && IstErsteHaelfte(text[hinten - 1])) {
-            ++hinten;
-        }
-        return text.substr(0, vorne) + u"…" + text.substr(hinten);
-    };
-    if (mass.Misst(text, breite, false).cx <= breite) {
-        return text;
-    }
-    std::size_t passt = 0; // so many characters of the text fit, and `zuviel` don't
-    std::size_t zuviel = text.size();
-    while (zuviel - passt > 1) {
-        const std::size_t versuch = (passt + zuviel) / 2;
-        (mass.Misst(gekuerzt(versuch), breite, false).cx <= breite ? passt : zuviel) = versuch;
-    }
-    return gekuerzt(passt);
-}
-
-// True when the captions of a form all fit into their places in this font.
-bool Passt(const Formular& formular, const Formulartexte& texte, HFONT schrift, UINT dpi) {
-    const Messgeraet mass(schrift);
-    for (std::int32_t i = 0; i < formular.Anzahl; ++i) {
-        const Steuerelement& e = formular.Elemente[i];
-        const int rand = e.Art == ElementArt::Knopf ? 2 * MulDiv(kKnopfRand, static_cast<int>(dpi), 96) : 0;
-        const int breite = Pixel(e.Breite, dpi) - rand;
-        const Text& inhalt = texte.Elemente[static_cast<std::size_t>(i)];
-        if (inhalt.empty()) {
-            continue; // even no text may be given the height of a line
-        }
-        const SIZE groesse = mass.Misst(inhalt, breite, IstAbsatz(e));
-        if (groesse.cx > breite || groesse.cy > Pixel(e.Hoehe, dpi)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-// The system's font for messages, in the largest size up to its own in which nothing of the form is cut off. The
-// caller deletes it.
-HFONT PassendeSchrift(const Formular& formular, const Formulartexte& texte, UINT dpi) {
-    NONCLIENTMETRICSW masse{};
-    masse.cbSize = sizeof masse;
-    SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof masse, &masse, 0, dpi);
-    LOGFONTW art = masse.lfMessageFont;
-    const LONG kleinste = -MulDiv(kSchriftKleinste, static_cast<int>(dpi), 96);
-    art.lfHeight = std::min(-std::abs(art.lfHeight), kleinste);
-    for (;; ++art.lfHeight) {
-        HFONT schrift = CreateFontIndirectW(&art);
-        if (art.lfHeight >= kleinste || Passt(formular, texte, schrift, dpi)) {
-            return schrift;
-        }
-        DeleteObject(schrift);
-    }
-}
-
-// --- Controls of the program's own -----------------------------------------------------------------------------------
-
-constexpr const wchar_t* kKlasseBahn = L"ZEPHOLTBahn";
-constexpr const wchar_t* kKlasseBalken = L"ZEPHOLTBalken";
-
-LRESULT CALLBACK BahnProzedur(HWND fenster, UINT meldung, WPARAM w, LPARAM l) {
-    if (meldung != WM_PAINT) {
-        return DefWindowProcW(fenster, meldung, w, l);
-    }
-    PAINTSTRUCT malen;
-    const HDC geraet = BeginPaint(fenster, &malen);
-    RECT platz;
-    GetClientRect(fenster, &platz);
-    DrawEdge(geraet, &platz, EDGE_SUNKEN, BF_RECT);
-    EndPaint(fenster, &malen);
-    return 0;
-}
-
-void KlasseAnmelden(const wchar_t* name, WNDPROC prozedur, int farbe) {
-    WNDCLASSEXW klasse{};
-    klasse.cbSize = sizeof klasse;
-    klasse.lpfnWndProc = prozedur;
-    klasse.hInstance = GetModuleHandleW(nullptr);
-    klasse.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    klasse.hbrBackground = GetSysColorBrush(farbe);
-    klasse.lpszClassName = name;
-    RegisterClassExW(&klasse);
-}
-
-void KlassenAnmelden() {
-    INITCOMMONCONTROLSEX steuerelemente = {sizeof steuerelemente, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
-    InitCommonControlsEx(&steuerelemente);
-    KlasseAnmelden(kKlasseBahn, BahnProzedur, COLOR_BTNFACE);
-    KlasseAnmelden(kKlasseBalken, DefWindowProcW, COLOR_HIGHLIGHT);
-}
-
-struct Bauart {
-    const wchar_t* Klasse;
-    DWORD Stil;
-};
-
-Bauart BauartVon(const Steuerelement& e) {
-    switch (e.Art) {
-    case ElementArt::Knopf:
-        return {L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_PUSHBUTTON};
-    case ElementArt::Rahmen:
-        return {L"BUTTON", WS_VISIBLE | BS_GROUPBOX};
-    case ElementArt::Bahn:
-        return {kKlasseBahn, WS_VISIBLE | WS_CLIPCHILDREN};
-    case ElementArt::Balken:
-        return {kKlasseBalken, 0};
-    case ElementArt::Beschriftung:
-        break;
-    }
-    // Notifying, or the mouse would never be seen over a label with a hint.
-    return {L"STATIC",
-            WS_VISIBLE | SS_NOPREFIX | SS_NOTIFY | static_cast<DWORD>(IstAbsatz(e) ? SS_LEFT : SS_LEFTNOWORDWRAP)};
-}
-
-// --- A form ----------------------------------------------------------------------------------------------------------
-
-// A dialog of the system with the controls of one table.
-class Formularfenster {
-public:
-    Formularfenster(const Formular& formular, Formulartexte texte) : m_formular(formular), m_texte(std::move(texte)) {}
-    virtual ~Formularfenster() {
-        if (m_schrift != nullptr) {
-            DeleteObject(m_schrift);
-        }
-    }
-    Formularfenster(const Formularfenster&) = delete;
-    Formularfenster& operator=(const Formularfenster&) = delete;
-
-    // Opens without blocking; false when no window can be shown.
-    bool Oeffne() {
-        return CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &kVorlage.Kopf, nullptr, &Prozedur,
-                                          reinterpret_cast<LPARAM>(this)) != nullptr;
-    }
-    // Opens as a modal window of `eltern`; returns when it is closed.
-    void ZeigeModal(HWND eltern) {
-        DialogBoxIndirectParamW(GetModuleHandleW(nullptr), &kVorlage.Kopf, eltern, &Prozedur,
-                                reinterpret_cast<LPARAM>(this));
-    }
-
-    HWND Griff() const { return m_griff; }
-
-protected:
-    virtual void Befehl(int nummer) = 0; // a button, Escape or the close box
-
-    // Called behind a layout: what depends on the resolution.
-    virtual void NachAnordnung() {}
-
-    HWND Element(std::int32_t i) const { return m_elemente[static_cast<std::size_t>(i)]; }
-    int InPixel(double twips) const { return Pixel(twips, m_dpi); }
-    HFONT Schrift() const { return m_schrift; }
-
-private:
-    // The template of a dialog: without controls, menu, class and title.
-    struct Vorlage {
-        DLGTEMPLATE Kopf;
-        WORD Leer[3];
-    };
-    static constexpr Vorlage kVorlage = {{WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX, 0, 0, 0, 0, 0, 0}, {}};
-
-    static INT_PTR CALLBACK Prozedur(HWND griff, UINT meldung, WPARAM w, LPARAM l);
-    void Aufbauen(HWND griff);
-    void ElementAnlegen(const Steuerelement& e, std::int32_t i);
-    void Anordnen(UINT dpi, const POINT* ort);
-    RECT PlatzVon(const Steuerelement& e) const;
-
-    const Formular& m_formular;
-    const Formulartexte m_texte;
-    HWND m_griff = nullptr;
-    std::vector<HWND> m_elemente; // by the rows of the table
-    HFONT m_schrift = nullptr;
-    UINT m_dpi = USER_DEFAULT_SCREEN_DPI;
-};
-
-INT_PTR CALLBACK Formularfenster::Prozedur(HWND griff, UINT meldung, WPARAM w, LPARAM l) {
-    if (meldung == WM_INITDIALOG) {
-        SetWindowLongPtrW(griff, DWLP_USER, l);
-        reinterpret_cast<Formularfenster*>(l)->Aufbauen(griff);
-        return FALSE; // the focus is set
-    }
-    auto* formular = reinterpret_cast<Formularfenster*>(GetWindowLongPtrW(griff, DWLP_USER));
-    if (formular == nullptr) {
-        return FALSE;
-    }
-    if (meldung == WM_COMMAND && HIWORD(w) == BN_CLICKED) {
-        formular->Befehl(LOWORD(w));
-        return TRUE;
-    }
-    if (meldung == WM_DPICHANGED) {
-        const auto* vorschlag = reinterpret_cast<const RECT*>(l);
-        const POINT ort = {vorschlag->left, vorschlag->top};
-        formular->Anordnen(HIWORD(w), &ort);
-        return TRUE;
-    }
-    return FALSE;
-}
-
-// The system's own scaling of dialogs would scale what is laid out here a second time. Early versions don't have it.
-void EigeneSkalierungAbstellen(HWND griff) {
-    using Funktion = BOOL(WINAPI*)(HWND, int, int);
-    constexpr int kAlles = 7; // neither the dialog nor its controls
-    const FARPROC adresse = GetProcAddress(GetModuleHandleW(L"user32.dll"), "SetDialogDpiChangeBehavior");
-    if (adresse != nullptr) {
-        reinterpret_cast<Funktion>(reinterpret_cast<void*>(adresse))(griff, kAlles, kAlles);
-    }
-}
-
-void Formularfenster::Aufbauen(HWND griff) {
-    m_griff = griff;
-    EigeneSkalierungAbstellen(griff);
-    SetWindowTextW(griff, Breit(m_texte.Titel));
-    const auto bild = [griff](WPARAM art, int breite, int hoehe) {
-        const HANDLE symbol = LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgrammbild), IMAGE_ICON,
-                                         GetSystemMetrics(breite), GetSystemMetrics(hoehe), LR_SHARED);
-        SendMessageW(griff, WM_SETICON, art, reinterpret_cast<LPARAM>(symbol));
-    };
-    bild(ICON_BIG, SM_CXICON, SM_CYICON);
-    bild(ICON_SMALL, SM_CXSMICON, SM_CYSMICON);
-
-    for (std::int32_t i = 0; i < m_formular.Anzahl; ++i) {
-        ElementAnlegen(m_formular.Elemente[i], i);
-    }
-    Anordnen(GetDpiForWindow(griff), nullptr);
-    SetFocus(GetNextDlgTabItem(griff, nullptr, FALSE));
-}
-
-// Controls lie in the form itself, also those of a frame; only the bar lies in its track, which cuts it off.
-void Formularfenster::ElementAnlegen(const Steuerelement& e, std::int32_t i) {
-    const Bauart bauart = BauartVon(e);
-    const HWND eltern = e.Art == ElementArt::Balken ? Element(e.Eltern) : m_griff;
-    const auto nummer = reinterpret_cast<HMENU>(static_cast<INT_PTR>(Nummer(m_formular, i)));
-    m_elemente.push_back(CreateWindowExW(0, bauart.Klasse, Breit(m_texte.Elemente[static_cast<std::size_t>(i)]),
-                                         WS_CHILD | WS_CLIPSIBLINGS | bauart.Stil, 0, 0, 0, 0, eltern, nummer,
-                                         GetModuleHandleW(nullptr), nullptr));
-}
-
-// Where a control comes to lie in its window, in pixels.
-RECT Formularfenster::PlatzVon(const Steuerelement& e) const {
-    std::int32_t links = e.Links;
-    std::int32_t oben = e.Oben;
-    if (e.Art == ElementArt::Balken) {
-        links += kBahnRand;
-        oben += kBahnRand;
-    } else if (e.Eltern >= 0) {
-        links += m_formular.Elemente[e.Eltern].Links;
-        oben += m_formular.Elemente[e.Eltern].Oben;
-    }
-    return {InPixel(links), InPixel(oben), InPixel(links + e.Breite), InPixel(oben + e.Hoehe)};
-}
-
-// Lays everything out for a resolution. `ort` is where the window goes; without one to the middle of its display.
-void Formularfenster::Anordnen(UINT dpi, const POINT* ort) {
-    m_dpi = dpi;
-    const HFONT alteSchrift = m_schrift;
-    m_schrift = PassendeSchrift(m_formular, m_texte, dpi);
-    for (std::int32_t i = 0; i < m_formular.Anzahl; ++i) {
-        const RECT platz = PlatzVon(m_formular.Elemente[i]);
-        SendMessageW(Element(i), WM_SETFONT, reinterpret_cast<WPARAM>(m_schrift), FALSE);
-        // A frame goes below all others, or it would cut off what it frames.
-        const bool istRahmen = m_formular.Elemente[i].Art == ElementArt::Rahmen;
-        SetWindowPos(Element(i), istRahmen ? HWND_BOTTOM : nullptr, platz.left, platz.top, platz.right - platz.left,
-                     platz.bottom - platz.top, SWP_NOACTIVATE | (istRahmen ? 0U : SWP_NOZORDER));
-    }
-    if (alteSchrift != nullptr) {
-        DeleteObject(alteSchrift);
-    }
-
-    RECT aussen = {0, 0, InPixel(m_formular.Breite), InPixel(m_formular.Hoehe)};
-    AdjustWindowRectExForDpi(&aussen, static_cast<DWORD>(GetWindowLongW(m_griff, GWL_STYLE)), FALSE,
-                             static_cast<DWORD>(GetWindowLongW(m_griff, GWL_EXSTYLE)), dpi);
-    const int breite = aussen.right - aussen.left;
-    const int hoehe = aussen.bottom - aussen.top;
-    MONITORINFO anzeige{};
-    anzeige.cbSize = sizeof anzeige;
-    GetMonitorInfoW(MonitorFromWindow(m_griff, MONITOR_DEFAULTTONEAREST), &anzeige);
-    const RECT& frei = anzeige.rcWork;
-    const POINT mitte = {(frei.left + frei.right - breite) / 2, (frei.top + frei.bottom - hoehe) / 2};
-    const POINT& ecke = ort == nullptr ? mitte : *ort;
-    SetWindowPos(m_griff, nullptr, ecke.x, ecke.y, breite, hoehe, SWP_NOZORDER | SWP_NOACTIVATE);
-    NachAnordnung();
-    InvalidateRect(m_griff, nullptr, TRUE);
-}
-
-// --- The two windows -------------------------------------------------------------------------------------------------
-
-class FensterInfo : public Formularfenster {
-public:
-    FensterInfo() : Formularfenster(frmInfo, TexteInfo()) {}
+    Infofenster() : Formularfenster(frmInfo, TexteInfo()) {}
 
 protected:
     void Befehl(int nummer) override {
@@ -385,10 +30,10 @@ protected:
     }
 };
 
-class FensterZEPHOLT : public Fenster, private Formularfenster {
+class Hauptfenster : public Fenster, private Formularfenster {
 public:
-    FensterZEPHOLT() : Formularfenster(frmZEPHOLT, TexteZEPHOLT()) {}
-    ~FensterZEPHOLT() override {
+    Hauptfenster() : Formularfenster(frmZEPHOLT, TexteHaupt()) {}
+    ~Hauptfenster() override {
         if (Griff() != nullptr) {
             DestroyWindow(Griff());
         }
@@ -403,10 +48,10 @@ public:
         return true;
     }
 
-    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(ZEPHOLT::lblAustauschdatei, text); }
-    void ZeigeProjekt(TextSicht text) override { Beschrifte(ZEPHOLT::lblProjekt, text); }
-    void ZeigeDokument(TextSicht text) override { Beschrifte(ZEPHOLT::lblDokument, text); }
-    void ZeigeSchritt(TextSicht text) override { Beschrifte(ZEPHOLT::lblFortschritt, text); }
+    void ZeigeAustauschdatei(TextSicht text) override { Beschrifte(Hauptformular::lblAustauschdatei, text); }
+    void ZeigeProjekt(TextSicht text) override { Beschrifte(Hauptformular::lblProjekt, text); }
+    void ZeigeDokument(TextSicht text) override { Beschrifte(Hauptformular::lblDokument, text); }
+    void ZeigeSchritt(TextSicht text) override { Beschrifte(Hauptformular::lblFortschritt, text); }
     void ZeigeBalken(double breite) override {
         m_balken = breite;
         BalkenAnordnen();
@@ -426,8 +71,8 @@ protected:
     void Befehl(int nummer) override {
         if (nummer == IDCANCEL) {
             FrageAbbruch();
-        } else if (nummer == kErsteNummer + ZEPHOLT::cmdInfo) {
-            FensterInfo().ZeigeModal(Griff());
+        } else if (nummer == Nummer(frmZEPHOLT, Hauptformular::cmdInfo)) {
+            Infofenster().ZeigeModal(Griff());
         }
     }
 
@@ -458,7 +103,7 @@ private:
     void FeldAnordnen(const Anzeigefeld& feld) {
         const HWND element = Element(feld.Element);
         const int breite = InPixel(frmZEPHOLT.Elemente[feld.Element].Breite);
-        const Text kurz = MitteGekuerzt(feld.Inhalt, breite, Messgeraet(Schrift()));
+        const Text kurz = MitteGekuerzt(feld.Inhalt, breite, Schrift());
         SetWindowTextW(element, Breit(kurz));
         HinweisSetzen(element, kurz == feld.Inhalt ? Text() : feld.Inhalt);
     }
@@ -482,8 +127,8 @@ private:
     }
 
     void BalkenAnordnen() {
-        const HWND balken = Element(ZEPHOLT::picFSBalken);
-        const int hoehe = InPixel(frmZEPHOLT.Elemente[ZEPHOLT::picFSBalken].Hoehe);
+        const HWND balken = Element(Hauptformular::picFSBalken);
+        const int hoehe = InPixel(frmZEPHOLT.Elemente[Hauptformular::picFSBalken].Hoehe);
         SetWindowPos(balken, nullptr, 0, 0, std::max(1, InPixel(m_balken)), hoehe,
                      SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
         ShowWindow(balken, m_balken > 0 ? SW_SHOWNA : SW_HIDE);
@@ -491,16 +136,16 @@ private:
 
     void FrageAbbruch() {
         const Text frage = TexteAbbruchfrage().Frage;
-        if (MessageBoxW(Griff(), Breit(frage), Breit(kProgrammTitel), MB_YESNO | MB_DEFBUTTON2) == IDYES) {
+        if (MessageBoxW(Griff(), Breit(frage), Breit(ProgrammTitel), MB_YESNO | MB_DEFBUTTON2) == IDYES) {
             testDaten.Abbruch = true;
         }
     }
 
     Anzeigefeld m_felder[4] = {
-        {ZEPHOLT::lblAustauschdatei, {}},
-        {ZEPHOLT::lblProjekt, {}},
-        {ZEPHOLT::lblDokument, {}},
-        {ZEPHOLT::lblFortschritt, {}},
+        {Hauptformular::lblAustauschdatei, {}},
+        {Hauptformular::lblProjekt, {}},
+        {Hauptformular::lblDokument, {}},
+        {Hauptformular::lblFortschritt, {}},
     };
     double m_balken = 0; // in twips
     HWND m_hinweise = nullptr;
@@ -510,7 +155,7 @@ private:
 
 std::unique_ptr<Fenster> FensterOeffnen() {
     KlassenAnmelden();
-    auto fenster = std::make_unique<FensterZEPHOLT>();
+    auto fenster = std::make_unique<Hauptfenster>();
     if (fenster->Oeffne()) {
         return fenster;
     }
@@ -518,7 +163,7 @@ std::unique_ptr<Fenster> FensterOeffnen() {
 }
 
 bool MeldungsboxZeigen(TextSicht text) {
-    return MessageBoxW(nullptr, Breit(Text(text)), Breit(kProgrammTitel), MB_OK | MB_ICONSTOP) != 0;
+    return MessageBoxW(nullptr, Breit(Text(text)), Breit(ProgrammTitel), MB_OK | MB_ICONSTOP) != 0;
 }
 
 } // namespace zepholt

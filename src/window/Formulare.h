@@ -39,7 +39,7 @@ struct Formular {
 };
 
 // The rows of frmZEPHOLT by name: indexes into its table.
-namespace ZEPHOLT {
+namespace Hauptformular {
 enum Element : std::int32_t {
     Label1,
     lblAustauschdatei,
@@ -55,14 +55,14 @@ enum Element : std::int32_t {
     picFSBalken,
     Anzahl
 };
-} // namespace ZEPHOLT
+} // namespace Hauptformular
 
 // The rows of frmInfo by name.
-namespace Info {
+namespace Infoformular {
 enum Element : std::int32_t { Label1, lblCopyright, lblProgrammhersteller, cmdOK, Anzahl };
-} // namespace Info
+} // namespace Infoformular
 
-inline constexpr Steuerelement kElementeZEPHOLT[] = {
+inline constexpr Steuerelement HauptElemente[] = {
     {"Label1", ElementArt::Beschriftung, -1, 105, 210, 1590, 225, u"Austauschdatei", 0},
     {"lblAustauschdatei", ElementArt::Beschriftung, -1, 1890, 210, 4530, 225, u"", 1},
     {"cmdInfo", ElementArt::Knopf, -1, 6510, 210, 1170, 330, u"Info", 2},
@@ -71,13 +71,13 @@ inline constexpr Steuerelement kElementeZEPHOLT[] = {
     {"Label4", ElementArt::Beschriftung, -1, 105, 1050, 1590, 225, u"Dokument", 5},
     {"lblDokument", ElementArt::Beschriftung, -1, 1890, 1050, 4530, 225, u"", 6},
     {"Frame1", ElementArt::Rahmen, -1, 105, 1470, 7575, 1065, u"Fortschritt", 7},
-    {"lblFortschritt", ElementArt::Beschriftung, ZEPHOLT::Frame1, 210, 315, 7260, 225, u"", 8},
+    {"lblFortschritt", ElementArt::Beschriftung, Hauptformular::Frame1, 210, 315, 7260, 225, u"", 8},
     {"cmdAbbrechen", ElementArt::Knopf, -1, 6510, 630, 1170, 330, u"Abbrechen", 9},
-    {"picFS", ElementArt::Bahn, ZEPHOLT::Frame1, 210, 630, 7155, 225, u"", 10},
-    {"picFSBalken", ElementArt::Balken, ZEPHOLT::picFS, 15, 15, 855, 135, u"", 11},
+    {"picFS", ElementArt::Bahn, Hauptformular::Frame1, 210, 630, 7155, 225, u"", 10},
+    {"picFSBalken", ElementArt::Balken, Hauptformular::picFS, 15, 15, 855, 135, u"", 11},
 };
 
-inline constexpr Steuerelement kElementeInfo[] = {
+inline constexpr Steuerelement InfoElemente[] = {
     {"Label1", ElementArt::Beschriftung, -1, 210, 315, 4845, 435,
      u"Dieses Programm testet Austauschdateien gemäss UbR'92", 0},
     {"lblCopyright", ElementArt::Beschriftung, -1, 210, 945, 7050, 3165, u"(c)", 1},
@@ -85,18 +85,18 @@ inline constexpr Steuerelement kElementeInfo[] = {
     {"cmdOK", ElementArt::Knopf, -1, 5985, 4305, 1275, 330, u"OK", 3},
 };
 
-static_assert(sizeof kElementeZEPHOLT / sizeof kElementeZEPHOLT[0] == ZEPHOLT::Anzahl);
-static_assert(sizeof kElementeInfo / sizeof kElementeInfo[0] == Info::Anzahl);
+static_assert(sizeof HauptElemente / sizeof HauptElemente[0] == Hauptformular::Anzahl);
+static_assert(sizeof InfoElemente / sizeof InfoElemente[0] == Infoformular::Anzahl);
 
 inline constexpr Formular frmZEPHOLT = {"frmZEPHOLT", u"QVM-Test: SIA451", 7800,
-                                        2655,         kElementeZEPHOLT,    ZEPHOLT::Anzahl};
-inline constexpr Formular frmInfo = {"frmInfo", u"QVM-Test: SIA451", 7455, 4785, kElementeInfo, Info::Anzahl};
+                                        2655,         HauptElemente,       Hauptformular::Anzahl};
+inline constexpr Formular frmInfo = {"frmInfo", u"QVM-Test: SIA451", 7455, 4785, InfoElemente, Infoformular::Anzahl};
 
 // The border of the bar's track, on each side, and what is left of it inside: its scale width.
-inline constexpr std::int32_t kBahnRand = 30;
-inline constexpr std::int32_t kSkalenBreite = kElementeZEPHOLT[ZEPHOLT::picFS].Breite - 2 * kBahnRand;
+inline constexpr std::int32_t BahnRand = 30;
+inline constexpr std::int32_t SkalenBreite = HauptElemente[Hauptformular::picFS].Breite - 2 * BahnRand;
 
 // The full width of the bar.
-inline constexpr std::int32_t BalkenInnen = kSkalenBreite - 6;
+inline constexpr std::int32_t BalkenInnen = SkalenBreite - 6;
 
 } // namespace zepholt

@@ -17,14 +17,14 @@ std::vector<Text> ElementeUebersetzt(const Formular& formular) {
 
 } // namespace
 
-Formulartexte TexteZEPHOLT() {
+Formulartexte TexteHaupt() {
     return {Text(Uebersetze(frmZEPHOLT.Titel)), ElementeUebersetzt(frmZEPHOLT)};
 }
 
 Formulartexte TexteInfo() {
     Formulartexte texte = {frmInfo.Titel, ElementeUebersetzt(frmInfo)};
-    texte.Elemente[Info::lblCopyright] = InfoText();
-    texte.Elemente[Info::lblProgrammhersteller].append(u":   ").append(Programmhersteller());
+    texte.Elemente[Infoformular::lblCopyright] = InfoText();
+    texte.Elemente[Infoformular::lblProgrammhersteller].append(u":   ").append(Programmhersteller());
     return texte;
 }
 

@@ -9,7 +9,7 @@
 namespace zepholt {
 
 // The title of the program, which boxes without a title of their own bear.
-inline constexpr const char16_t* kProgrammTitel = u"ZEPHOLT";
+inline constexpr const char16_t* ProgrammTitel = u"ZEPHOLT";
 
 struct Formulartexte {
     Text Titel;
@@ -17,7 +17,7 @@ struct Formulartexte {
 };
 
 // Title, labels, buttons and frames of frmZEPHOLT.
-Formulartexte TexteZEPHOLT();
+Formulartexte TexteHaupt();
 
 // Labels and buttons of frmInfo, the info text and the supplier; the title stays.
 Formulartexte TexteInfo();

@@ -15,16 +15,16 @@ namespace {
 // Milliseconds between two looks at the window: 25 a second for the bar, and 5 for captions besides. A look for a
 // caption may be taken up to 20 distances ahead of its time, so that a phase shows at once however short the one before
 // was; it is paid for later.
-constexpr std::int64_t kBalkenAbstand = 40;
-constexpr std::int64_t kTextAbstand = 200;
-constexpr std::int64_t kTextVorschuss = 20 * kTextAbstand;
+constexpr std::int64_t BalkenAbstand = 40;
+constexpr std::int64_t TextAbstand = 200;
+constexpr std::int64_t TextVorschuss = 20 * TextAbstand;
 
 bool BlickFuerBalken() {
     const std::int64_t jetzt = fortschrittStand.Uhr();
     if (jetzt < fortschrittStand.NaechsterBalken) {
         return false;
     }
-    fortschrittStand.NaechsterBalken = jetzt + kBalkenAbstand;
+    fortschrittStand.NaechsterBalken = jetzt + BalkenAbstand;
     return true;
 }
 
@@ -33,10 +33,10 @@ bool BlickFuerText() {
         return true;
     }
     const std::int64_t jetzt = fortschrittStand.Uhr();
-    if (jetzt < fortschrittStand.NaechsterText - kTextVorschuss) {
+    if (jetzt < fortschrittStand.NaechsterText - TextVorschuss) {
         return false;
     }
-    fortschrittStand.NaechsterText = std::max(fortschrittStand.NaechsterText, jetzt) + kTextAbstand;
+    fortschrittStand.NaechsterText = std::max(fortschrittStand.NaechsterText, jetzt) + TextAbstand;
     return true;
 }
 
@@ -103,7 +103,7 @@ void BedieneFenster() {
 
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum) {
     const double breite = innen * static_cast<double>(wert) / static_cast<double>(maximum);
-    if (!(breite >= 0.0)) { // 0 divided by 0 too, a phase without a maximum
+    if (!(breite >= 0.0)) { // 0 divided by 0 too, the start of a phase without a maximum
         return 0.0;
     }
     return std::min(breite, innen);

@@ -14,8 +14,8 @@ void ZeigeAustauschdatei(TextSicht text);
 void ZeigeProjekt(TextSicht text);
 void ZeigeDokument(TextSicht text);
 
-// A new phase: its caption, and the value at which the bar is full. The bar starts at 0; a maximum of 0 hides it.
-// An empty caption ends the last phase: it lets no event through.
+// A new phase: its caption, and the value at which the bar is full. The bar starts at 0, and so it is hidden. With a
+// maximum of 0 any value above 0 fills it. An empty caption ends the last phase: it lets no event through.
 void ZeigeSchritt(TextSicht text, std::int32_t maximum);
 
 // Moves the bar to `wert`, in the unit of the phase's maximum. Cheap enough to be called for each record.
@@ -29,8 +29,8 @@ void FortschrittPhase(std::int32_t phase);
 // to be called for each record.
 void BedieneFenster();
 
-// The width of the bar for a value, in the unit of `innen`, its full width: never below 0 nor above `innen`, and 0
-// where the phase has no maximum.
+// The width of the bar for a value, in the unit of `innen`, its full width: never below 0 nor above `innen`. Where the
+// phase has no maximum (0), a value above 0 gives the full width, any other 0.
 double BalkenBreite(double innen, std::int32_t wert, std::int32_t maximum);
 
 struct FortschrittStand {

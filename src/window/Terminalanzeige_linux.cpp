@@ -15,7 +15,7 @@ namespace zepholt {
 
 namespace {
 
-constexpr std::size_t kStriche = 20; // of the full bar
+constexpr std::size_t Striche = 20; // of the full bar
 
 // Set by Ctrl+C, taken back when the question is answered. A signal handler can reach nothing but a static.
 volatile std::sig_atomic_t g_unterbrochen = 0;
@@ -125,8 +125,8 @@ Text Terminalzeile(TextSicht schritt, double breite, std::size_t spalten) {
         return zeile;
     }
     const Text prozent = RechtsBuendig(ZahlText(static_cast<std::int64_t>(anteil * 100)), 5) + u" %";
-    const auto striche = static_cast<std::size_t>(std::lround(anteil * kStriche));
-    const Text balken = u"  [" + Text(striche, u'#') + Text(kStriche - striche, u'.') + u"]";
+    const auto striche = static_cast<std::size_t>(std::lround(anteil * Striche));
+    const Text balken = u"  [" + Text(striche, u'#') + Text(Striche - striche, u'.') + u"]";
     if (zeile.size() + balken.size() + prozent.size() <= platz) {
         return zeile + balken + prozent;
     }

@@ -1,6 +1,7 @@
 // The indexes of the chapter against plain walks from the first entry, on random chapters that hold what a catalogue
 // never would: numbers out of order, doubled, negative, ranges of any kind.
 #include "catalogue/VLTKapitel.h"
+#include "run/NeuerLauf.h"
 
 #include "catalogue/Kapitelbau.h"
 
@@ -227,7 +228,8 @@ std::string ZufallsKapitel(Zufall& zufall, bool wild) {
 
 class KapitelSuche : public testing::Test {
 protected:
-    void TearDown() override { kapitelDaten = {}; }
+    void SetUp() override { NeuerLauf(); }
+    void TearDown() override { NeuerLauf(); }
 };
 
 void VergleicheSuchen(std::int32_t position, std::int32_t grenze) {

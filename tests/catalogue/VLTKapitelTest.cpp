@@ -1,5 +1,6 @@
 // What a chapter text gives: its entries, its end nodes, its text branches, and the answers of the searches.
 #include "catalogue/VLTKapitel.h"
+#include "run/NeuerLauf.h"
 
 #include "catalogue/Kapitelbau.h"
 
@@ -15,10 +16,8 @@ using Nummern = std::vector<std::int32_t>;
 
 class VLTKapitel : public testing::Test {
 protected:
-    void SetUp() override { Aufraeumen(); }
-    void TearDown() override { Aufraeumen(); }
-
-    static void Aufraeumen() { kapitelDaten = {}; }
+    void SetUp() override { NeuerLauf(); }
+    void TearDown() override { NeuerLauf(); }
 };
 
 std::string Wiederholt(std::string_view stueck, std::size_t anzahl) {

@@ -2,6 +2,7 @@
 #include "catalogue/VLTKatalog.h"
 #include "catalogue/Kapiteldatei.h"
 #include "catalogue/VLTKapitel.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "window/Fenster.h"
 #include "window/Formulare.h"
@@ -31,20 +32,13 @@ std::string Gepackt(int kapitel = 241, int jahr = 2013, int sprache = 1) {
 class VLTKatalog : public testing::Test {
 protected:
     void SetUp() override {
-        Aufraeumen();
+        NeuerLauf();
         testDaten.OhneDialog = true;
         testDaten.Katalog = m_ordner.TextPfad("katalog");
         std::filesystem::create_directories(m_ordner.Pfad() / "katalog");
         testDaten.KatalogArt = 1;
     }
-    void TearDown() override { Aufraeumen(); }
-
-    static void Aufraeumen() {
-        testDaten = {};
-        kapitelDaten = {};
-        katalogDaten = {};
-        fortschrittStand = {};
-    }
+    void TearDown() override { NeuerLauf(); }
 
     void ImOrdner(std::string_view name, std::string_view bytes) const {
         m_ordner.Schreibe("katalog/" + std::string(name), bytes);

@@ -5,6 +5,7 @@
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
+#include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
 
@@ -20,9 +21,7 @@ using namespace hilfen;
 class ProtokollTest : public ::testing::Test {
 protected:
     ProtokollTest() {
-        testDaten = {};
-        sia451Datei = {};
-        FehlerLoeschen();
+        NeuerLauf();
         testDaten.Uhr = [] { return Zeitpunkt{2026, 1, 2, 3, 4}; };
         testDaten.Version = u"4.0";
         testDaten.Sprache = 1;

@@ -1,6 +1,7 @@
 // The store of findings.
 #include "errors/TestFehler.h"
 
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -10,10 +11,7 @@ namespace {
 
 class TestFehlerTest : public ::testing::Test {
 protected:
-    TestFehlerTest() {
-        testDaten = {};
-        FehlerLoeschen();
-    }
+    TestFehlerTest() { NeuerLauf(); }
 };
 
 TEST_F(TestFehlerTest, SixCodesAreSilentBelowRevision12) {

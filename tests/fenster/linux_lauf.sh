@@ -52,6 +52,13 @@ if [ -e "$(dirname "$1")/zepholt_fenster_qt.so" ]; then
     pruefe "with a window the protocol is the same" gleich mit
     pruefe "a run with a window loads the toolkit" grep -qi 'libQt6Widgets' "$ordner"/lader*
     pruefe "nothing on standard output or standard error" test ! -s "$ordner/mit.out" -a ! -s "$ordner/mit.err"
+
+    for liste in 1 9; do # no window opens for them
+        rm -f "$ordner"/lader*
+        datei="*$liste" lauf "liste$liste" de QT_QPA_PLATFORM=offscreen LD_DEBUG=files LD_DEBUG_OUTPUT="$ordner/lader"
+        pruefe "the list *$liste is written" test -s "$ordner/liste$liste.xml"
+        pruefe "the list *$liste loads no toolkit" test -z "$(cat "$ordner"/lader* | grep -iE 'qt|xcb')"
+    done
 fi
 
 # On a terminal: one line that is written over, and nothing of it on standard output.

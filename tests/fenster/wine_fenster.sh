@@ -162,5 +162,16 @@ parameterbox "$(werte "$f" it "$e" "") | Cartella contenente i files del Catalog
 parameterbox "$(werte "$f" de "$e" "$k")mode=\"X\" |  | Ungültiger Modus (E/I)" \
     "file=$f" dialog=de "errorfile=$e" "catalog=$k" mode=X
 
+# A command line that asks for silence opens no box: the run ends, though nobody answers.
+pruefe "silence, whatever the parameter error" tests/fenster/meldungen.sh samples "$wine" "$programm"
+
+# No window opens for the lists: one that did would take the system's time to come up, and be met.
+for liste in 1 9; do
+    starte "file=*$liste" dialog=de
+    while kill -0 "$lauf" 2>/dev/null; do haupt >/dev/null && touch "$ordner/erschienen"; sleep 0.02; done
+    pruefe "the list *$liste is written" test -s "$ordner/aus/p.xml"
+done
+pruefe "no window opens for the lists" test ! -e "$ordner/erschienen"
+
 echo "$gut passed, $schlecht failed"
 [ "$schlecht" -eq 0 ]

@@ -6,6 +6,7 @@
 
 #include "errors/TestFehler.h"
 #include "hilfen/Zeilenbau.h"
+#include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
 
@@ -63,9 +64,7 @@ protected:
 
     // A fresh run of the given interface.
     void Beginne(std::int32_t revision) {
-        testDaten = {};
-        sia451Datei = {};
-        FehlerLoeschen();
+        NeuerLauf();
         m_saetze.clear();
         testDaten.Revision = revision;
         testDaten.IstE1S = revision >= 12;

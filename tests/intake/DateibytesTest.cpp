@@ -2,6 +2,7 @@
 
 #include "hilfen/Testordner.h"
 #include "intake/UTF8_Speicherung.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -22,6 +23,8 @@ ByteSicht AlsBytes(std::string_view text) {
 }
 
 struct GanzeDatei : ::testing::Test {
+    GanzeDatei() { NeuerLauf(); }
+
     Dateitext Lies(std::string_view bytes) {
         Ordner.Schreibe("d", bytes);
         return DateiBytesLesen(Ordner.TextPfad("d"));
@@ -50,7 +53,7 @@ TEST_F(GanzeDatei, NurGewoehnlicheDateien) {
 TEST_F(GanzeDatei, DerTextUeberholtDieBytesNie) {
     std::mt19937 zufall(11);
     for (int lauf = 0; lauf < 400; ++lauf) {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Utf8Modus = lauf % 2 == 0;
         std::string bytes;
         std::vector<std::string> zeilen(1 + zufall() % 5);
@@ -62,8 +65,8 @@ TEST_F(GanzeDatei, DerTextUeberholtDieBytesNie) {
             }
             bytes += zeile + "\r\n";
         }
-        testDaten.DateiText = Lies(bytes);
-        Zeilenleser leser(testDaten.DateiText.Rohbytes());
+        testDaten.Puffer = Lies(bytes);
+        Zeilenleser leser(testDaten.Puffer.Rohbytes());
         for (const std::string& zeile : zeilen) {
             Text soll(zeile.size(), u'?');
             char16_t* ende = testDaten.Utf8Modus ? Utf8NachUnicode(AlsBytes(zeile), soll.data())

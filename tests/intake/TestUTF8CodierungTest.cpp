@@ -1,5 +1,6 @@
 #include "intake/TestUTF8Codierung.h"
 
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -131,7 +132,7 @@ TEST(Utf8Dekodieren, BeispieleUndNull) {
 }
 
 struct Utf8Datei : ::testing::Test {
-    Utf8Datei() { testDaten = {}; }
+    Utf8Datei() { NeuerLauf(); }
 
     std::int32_t Pruefe(std::string_view bytes) { return Utf8DateiPruefen(AlsBytes(bytes)); }
 };

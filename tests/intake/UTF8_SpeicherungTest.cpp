@@ -1,5 +1,6 @@
 #include "intake/UTF8_Speicherung.h"
 
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -140,7 +141,7 @@ Zeitpunkt heute;
 
 struct Kopf : ::testing::Test {
     Kopf() {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Uhr = [] { return heute; };
     }
 
@@ -191,12 +192,12 @@ TEST_F(Kopf, HalbeMarkeIstKeine) {
 }
 
 TEST_F(Kopf, ModusWaehltDenDekoder) {
-    testDaten.DateiText = Dateitext(4);
+    testDaten.Puffer = Dateitext(4);
     testDaten.Utf8Modus = false;
     EXPECT_EQ(ZeileDekodieren(AlsBytes("\xC3\xA4")), u"\u251C\u00F1");
     testDaten.Utf8Modus = true;
     EXPECT_EQ(ZeileDekodieren(AlsBytes("\xC3\xA4")), u"\u00E4");
-    EXPECT_EQ(TextSicht(testDaten.DateiText.Ende() - 3, 3), u"\u251C\u00F1\u00E4");
+    EXPECT_EQ(TextSicht(testDaten.Puffer.Ende() - 3, 3), u"\u251C\u00F1\u00E4");
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "intake/UniversalSchluessel.h"
 
 #include "hilfen/Zeilenbau.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
@@ -18,7 +19,7 @@ struct UniversalSchluesselTest : ::testing::Test {
     UniversalSchluesselTest() { Revision(11); }
 
     static void Revision(std::int32_t revision) {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Revision = revision;
     }
 };

@@ -2,6 +2,7 @@
 #include "items/TestFunktionen.h"
 
 #include "items/Positionstest.h"
+#include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "support/HilfsFunktionen.h"
 
@@ -77,7 +78,7 @@ TEST(JokerGleichTest, TheJokerOfThePatternStandsForAnyEnding) {
 
 class KostenkontoTest : public testing::Test {
 protected:
-    KostenkontoTest() { sia451Datei = {}; }
+    KostenkontoTest() { NeuerLauf(); }
 
     static void Konto(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht element, TextSicht gruppe,
                       TextSicht variante) {

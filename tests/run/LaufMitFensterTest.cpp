@@ -19,7 +19,7 @@ namespace {
 
 using namespace hilfen;
 
-constexpr std::int32_t kPositionen = 999; // of each chapter
+constexpr std::int32_t Positionen = 999; // of each chapter
 
 // A document of chapters from 111 on, each with many positions that no catalogue has.
 std::string Dokument(std::int32_t kapitelAnzahl) {
@@ -27,7 +27,7 @@ std::string Dokument(std::int32_t kapitelAnzahl) {
     for (std::int32_t nummer = 111; nummer < 111 + kapitelAnzahl; ++nummer) {
         const Text kapitel = ZahlText(nummer);
         saetze.push_back(Zeile(u"G1", {{2, kapitel}, {6, u"17"}, {93, u"Kapitel"}}));
-        for (std::int32_t i = 1; i <= kPositionen; ++i) {
+        for (std::int32_t i = 1; i <= Positionen; ++i) {
             const Text position = ZahlText(100000 + i);
             saetze.push_back(Zeile(u"G2", {{2, kapitel}, {8, position}, {93, u"Position"}}));
             saetze.push_back(Zeile(u"G3", {{2, kapitel}, {8, position}, {14, u"00"}, {16, u"01"}, {93, u"Text"}}));
@@ -148,8 +148,8 @@ TEST_F(LaufMitFensterTest, SilentRunShowsNoBoxAndNoWindow) {
 
 // --- Cancel ----------------------------------------------------------------------------------------------------------
 
-constexpr TextSicht kPhasen[] = {u"Liest Austauschdatei ein", u"Testet Dokument", u"Testet VLT-Kapitel: 112",
-                                 u"Schreibt Fehlerprotokoll"};
+constexpr TextSicht Phasen[] = {u"Liest Austauschdatei ein", u"Testet Dokument", u"Testet VLT-Kapitel: 112",
+                                u"Schreibt Fehlerprotokoll"};
 
 bool InPhase(TextSicht phase) {
     const auto* feld = Kind<QLabel>(Haupt(), "lblFortschritt");
@@ -170,7 +170,7 @@ void AbbrechenIn(TextSicht phase, TextSicht antwort, bool& gefragt) {
 }
 
 TEST_F(LaufMitFensterTest, YesInAnyPhaseLeavesNoFile) {
-    for (const TextSicht phase : kPhasen) {
+    for (const TextSicht phase : Phasen) {
         bool gefragt = false;
         AbbrechenIn(phase, u"Ja", gefragt);
         EXPECT_EQ(Laufe(u"de"), 0);
@@ -186,7 +186,7 @@ TEST_F(LaufMitFensterTest, ProtocolIsTheSameSilentWithWindowAndAfterNo) {
     EXPECT_NE(still, "");
     Laufe(u"de");
     EXPECT_EQ(Protokoll(), still);
-    for (const TextSicht phase : kPhasen) {
+    for (const TextSicht phase : Phasen) {
         bool gefragt = false;
         AbbrechenIn(phase, u"Nein", gefragt);
         Laufe(u"de");

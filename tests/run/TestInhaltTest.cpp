@@ -104,6 +104,28 @@ TEST_F(TestInhaltTest, ConditionsAreReadBehindTheItems) {
     EXPECT_EQ(PruefeDokument(Alt, {c0, c1, c5}), (Funde{{5361, 3}}));
 }
 
+// Whatever the interface: chapter, position, variable, assignment, price and quantity stand in the tree.
+TEST_F(TestInhaltTest, EachItemRecordIsStoredInBothInterfaces) {
+    for (const std::int32_t revision : {Alt, Neu}) {
+        PruefeDokument(revision, {Zeile(u"G1", {{2, u"111"}, {6, u"19"}, {93, u"Kapitel"}}),
+                                  Zeile(u"G2", {{2, u"111"}, {8, u"111000"}, {93, u"Position"}}),
+                                  Zeile(u"G3", {{2, u"111"}, {8, u"111000"}, {14, u"00"}, {16, u"01"}, {93, u"Text"}}),
+                                  Zeile(u"G4", {{2, u"111"}, {8, u"111000"}}),
+                                  Zeile(u"G2", {{2, u"111"}, {8, u"111001"}, {93, u"Position"}}),
+                                  Zeile(u"G5", {{2, u"111"}, {8, u"111001"}, {59, u"St"}}),
+                                  Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}, {46, u"000000012000"}})});
+        ASSERT_EQ(sia451Datei.DokumentKapitel.size(), 1U) << revision;
+        const std::vector<PositionEintrag>& positionen = sia451Datei.DokumentKapitel[0].Positionen;
+        ASSERT_EQ(positionen.size(), 2U) << revision;
+        EXPECT_EQ(positionen[0].Variablen.size(), 1U) << revision;
+        EXPECT_EQ(positionen[0].Zuordnungen.size(), 1U) << revision;
+        EXPECT_FALSE(positionen[0].HatG5) << revision;
+        EXPECT_TRUE(positionen[1].HatG5) << revision;
+        EXPECT_EQ(positionen[1].Mengeneinheit, u"St") << revision;
+        EXPECT_EQ(positionen[1].Mengen.size(), 1U) << revision;
+    }
+}
+
 TEST_F(TestInhaltTest, TheUnitsAreThoseOfTheLanguageOfTheFile) {
     testDaten.Sprache = 1;
     const auto mitEinheit = [this](TextSicht sprachcode, TextSicht einheit) {

@@ -1,6 +1,7 @@
 #include "state/SIA451Felder.h"
 
 #include "hilfen/Zeilenbau.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -86,7 +87,7 @@ bool Gilt(Bedingung wann, const Fall& fall) {
 class Layouts : public ::testing::TestWithParam<Fall> {
 protected:
     Layouts() {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Revision = GetParam().Revision;
         testDaten.IstE1S = GetParam().IstE1S;
     }
@@ -171,7 +172,7 @@ INSTANTIATE_TEST_SUITE_P(JedeBedingung, Layouts,
 class LayoutSuche : public ::testing::Test {
 protected:
     LayoutSuche() {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Revision = 21;
         testDaten.IstE1S = true;
     }

@@ -2,6 +2,7 @@
 #include "state/Verweise.h"
 
 #include "items/Positionstest.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "window/Fenster.h"
 #include "window/Formulare.h"
@@ -295,8 +296,7 @@ TEST_F(VerweiseTest, EachPhaseOfLoadingHasItsPlaceOnTheBar) {
         const double erwartet = wert < 0 ? -1 : BalkenBreite(BalkenInnen, static_cast<std::int32_t>(wert), 200);
         EXPECT_EQ(fenster.Balken, erwartet) << phase;
     }
-    testDaten = {};
-    fortschrittStand = {};
+    NeuerLauf();
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 // The texts of the dialog language, row by row, and the lookup's rules.
 #include "window/DialogDeFrIt.h"
+
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
@@ -10,9 +12,8 @@ namespace {
 class DialogDeFrItTest : public testing::Test {
 protected:
     void SetUp() override {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Version = u"4.0";
-        dialogDeFrIt = {};
     }
 };
 
@@ -22,7 +23,7 @@ struct Fall {
     TextSicht Italienisch;
 };
 
-constexpr Fall kTexte[] = {
+constexpr Fall Texte[] = {
     {u"Schreibt Fehlerprotokoll", u"Journal des erreurs - Transcription en cours", u"Scrittura protocollo errori"},
     {u"Liest Austauschdatei ein", u"Fichier de transfert - Lecture en cours", u"Lettura file di scambio"},
     {u"Testet Dokument", u"Document - Test en cours", u"Esecuzione test documento"},
@@ -42,7 +43,7 @@ constexpr Fall kTexte[] = {
 };
 
 TEST_F(DialogDeFrItTest, EachTextInEachLanguage) {
-    for (const Fall& fall : kTexte) {
+    for (const Fall& fall : Texte) {
         SpracheSetzen(1);
         EXPECT_EQ(fall.Deutsch, Uebersetze(fall.Deutsch));
         SpracheSetzen(2);

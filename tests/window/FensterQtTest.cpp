@@ -1,12 +1,14 @@
 // The windows on Linux under real clicks and keys, on Qt's display without a screen.
 #include "hilfen/Fensterhilfe.h"
+#include "hilfen/Formularwerte.h"
 #include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "window/DialogDeFrIt.h"
 #include "window/Fenster.h"
 #include "window/Formulare.h"
-#include "window/Formulartexte.h"
 #include "window/Fortschritt.h"
+
+#include <QGroupBox>
 
 #include <gtest/gtest.h>
 
@@ -50,63 +52,68 @@ protected:
 
 // --- The forms -------------------------------------------------------------------------------------------------------
 
-void PruefeForm(QWidget& fenster, const Formular& formular, const Formulartexte& texte) {
-    EXPECT_EQ(fenster.windowTitle(), AusText(formular.Titel));
-    EXPECT_EQ(fenster.width(), formular.Breite / 15);
-    EXPECT_EQ(fenster.height(), formular.Hoehe / 15);
+// What lies in the place of a text fits into it.
+void ErwartePasst(const QLabel& feld) {
+    const int umbruch = feld.wordWrap() ? Qt::TextWordWrap : 0;
+    const QRect text = feld.fontMetrics().boundingRect(QRect(0, 0, feld.width(), 0), umbruch, feld.text());
+    EXPECT_LE(text.width(), feld.width());
+    EXPECT_LE(text.height(), feld.height());
+}
+
+void PruefeText(const QWidget& widget, TextSicht text) {
+    if (const auto* feld = qobject_cast<const QLabel*>(&widget)) {
+        EXPECT_EQ(feld->text(), AusText(text));
+        ErwartePasst(*feld);
+    }
+    if (const auto* knopf = qobject_cast<const QPushButton*>(&widget)) {
+        EXPECT_EQ(knopf->text(), AusText(text));
+        EXPECT_LT(knopf->fontMetrics().horizontalAdvance(knopf->text()), knopf->width() - 8);
+    }
+    if (const auto* rahmen = qobject_cast<const QGroupBox*>(&widget)) {
+        EXPECT_EQ(rahmen->title(), AusText(text));
+    }
+}
+
+// A pixel is 15 twips.
+void PruefeForm(QWidget& fenster, const Formularwerte& werte, std::int32_t sprache) {
+    EXPECT_EQ(fenster.windowTitle(), AusText(werte.Titel));
+    EXPECT_EQ(fenster.width(), werte.Breite / 15);
+    EXPECT_EQ(fenster.height(), werte.Hoehe / 15);
     EXPECT_FALSE(fenster.windowIcon().isNull());
-    for (std::int32_t i = 0; i < formular.Anzahl; ++i) {
-        const Steuerelement& e = formular.Elemente[i];
-        SCOPED_TRACE(e.Name);
-        const auto* widget = Kind<QWidget>(&fenster, e.Name);
+    for (const Formularwert& wert : werte.Elemente) {
+        SCOPED_TRACE(wert.Name);
+        const auto* widget = Kind<QWidget>(&fenster, wert.Name);
         ASSERT_NE(widget, nullptr);
-        if (e.Art == ElementArt::Balken) {
+        if (wert.Art == ElementArt::Balken) {
             continue; // its width is the progress
         }
-        EXPECT_EQ(widget->x(), e.Links / 15);
-        EXPECT_EQ(widget->y(), e.Oben / 15);
-        EXPECT_EQ(widget->width(), e.Breite / 15);
-        EXPECT_EQ(widget->height(), e.Hoehe / 15);
-        if (const auto* feld = qobject_cast<const QLabel*>(widget)) {
-            EXPECT_EQ(feld->text(), AusText(texte.Elemente[static_cast<std::size_t>(i)]));
-            const QRect platz(0, 0, feld->width(), 0);
-            const int umbruch = feld->wordWrap() ? Qt::TextWordWrap : 0;
-            const QRect text = feld->fontMetrics().boundingRect(platz, umbruch, feld->text());
-            EXPECT_LE(text.width(), feld->width());
-            EXPECT_LE(text.height(), feld->height());
-        }
-        if (const auto* knopf = qobject_cast<const QPushButton*>(widget)) {
-            EXPECT_EQ(knopf->text(), AusText(texte.Elemente[static_cast<std::size_t>(i)]));
-            EXPECT_LT(knopf->fontMetrics().horizontalAdvance(knopf->text()), knopf->width() - 8);
+        EXPECT_EQ(widget->geometry(), QRect(wert.Links / 15, wert.Oben / 15, wert.Breite / 15, wert.Hoehe / 15));
+        if (std::string_view(wert.Name) == "lblCopyright") {
+            PruefeText(*widget, InfoText());
+        } else {
+            PruefeText(*widget, wert.Text[sprache - 1]);
         }
     }
 }
 
-TEST_F(FensterQtTest, ProgressWindowStandsAsItsTableSaysInEachLanguage) {
-    constexpr TextSicht kInfo[] = {u"Info", u"Info", u"Info"};
-    constexpr TextSicht kAbbrechen[] = {u"Abbrechen", u"Interrompre", u"Interruzione"};
-    constexpr TextSicht kDatei[] = {u"Austauschdatei", u"Fichier de transfert", u"File di scambio"};
+TEST_F(FensterQtTest, ProgressWindowStandsAsLaidDownInEachLanguage) {
     for (const std::int32_t sprache : {1, 2, 3}) {
         Oeffne(sprache);
         ASSERT_NE(Haupt(), nullptr);
-        PruefeForm(*Haupt(), frmZEPHOLT, TexteZEPHOLT());
-        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdInfo")->text(), AusText(kInfo[sprache - 1]));
-        EXPECT_EQ(Kind<QPushButton>(Haupt(), "cmdAbbrechen")->text(), AusText(kAbbrechen[sprache - 1]));
-        EXPECT_EQ(Kind<QLabel>(Haupt(), "Label1")->text(), AusText(kDatei[sprache - 1]));
+        PruefeForm(*Haupt(), Hauptwerte(), sprache);
         m_fenster.reset();
         EXPECT_EQ(Haupt(), nullptr);
     }
 }
 
-TEST_F(FensterQtTest, InfoWindowStandsAsItsTableSaysInEachLanguage) {
+TEST_F(FensterQtTest, InfoWindowStandsAsLaidDownInEachLanguage) {
     for (const std::int32_t sprache : {1, 2, 3}) {
         Oeffne(sprache);
         bool gesehen = false;
         Sobald([] { return Offen("frmInfo") != nullptr; },
-               [&gesehen] {
+               [&gesehen, sprache] {
                    gesehen = true;
-                   PruefeForm(*Offen("frmInfo"), frmInfo, TexteInfo());
-                   EXPECT_EQ(Kind<QLabel>(Offen("frmInfo"), "lblCopyright")->text(), AusText(InfoText()));
+                   PruefeForm(*Offen("frmInfo"), Infowerte(), sprache);
                    Klicke(Kind<QPushButton>(Offen("frmInfo"), "cmdOK"));
                });
         Klicke(Kind<QPushButton>(Haupt(), "cmdInfo")); // returns when the window is closed
@@ -191,13 +198,13 @@ TEST_F(FensterQtTest, QuestionHasItsTextInEachLanguageAndNoAsTheDefault) {
         TextSicht Ja;
         TextSicht Nein;
     };
-    constexpr Fall kFaelle[] = {
+    constexpr Fall Faelle[] = {
         {u"Soll der Test abgebrochen werden?", u"Ja", u"Nein"},
         {u"Le test doit-il être interrompu?", u"Oui", u"Non"},
         {u"Il test deve venir interrotto?", u"Sì", u"No"},
     };
     for (const std::int32_t sprache : {1, 2, 3}) {
-        const Fall& fall = kFaelle[sprache - 1];
+        const Fall& fall = Faelle[sprache - 1];
         Oeffne(sprache);
         bool gefragt = false;
         Sobald([] { return Box() != nullptr; },

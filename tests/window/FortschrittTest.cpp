@@ -1,5 +1,7 @@
 // The setters: what reaches the window, the width of the bar, and how seldom the window is looked at.
 #include "window/Fortschritt.h"
+
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "window/Fenster.h"
 #include "window/Formulare.h"
@@ -31,16 +33,12 @@ std::int64_t g_jetzt = 0;
 class FortschrittTest : public testing::Test {
 protected:
     void SetUp() override {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Fortschrittsfenster = &m_fenster;
         g_jetzt = 1000000;
-        fortschrittStand = {};
         fortschrittStand.Uhr = [] { return g_jetzt; };
     }
-    void TearDown() override {
-        testDaten = {};
-        fortschrittStand = {};
-    }
+    void TearDown() override { NeuerLauf(); }
 
     Notizfenster m_fenster;
 };
@@ -93,22 +91,20 @@ TEST_F(FortschrittTest, ScaleOfTheTrack) {
 }
 
 TEST_F(FortschrittTest, BarWidth) {
-    constexpr std::int32_t kGross = std::numeric_limits<std::int32_t>::max();
-    constexpr std::int32_t kKlein = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t Gross = std::numeric_limits<std::int32_t>::max();
+    constexpr std::int32_t Klein = std::numeric_limits<std::int32_t>::min();
     struct Fall {
         std::int32_t Wert;
         std::int32_t Maximum;
         double Breite;
     };
-    constexpr Fall kFaelle[] = {
-        {0, 100, 0},           {1, 100, 2},       {50, 100, 100},
-        {100, 100, 200},       {101, 100, 200},   {kGross, 1, 200},
-        {-1, 100, 0},          {kKlein, 1, 0},    {0, 0, 0},
-        {1, 0, 200},           {-1, 0, 0},        {1, -100, 0},
-        {-50, -100, 100},      {kKlein, -1, 200}, {1, kGross, 200.0 / kGross},
-        {kGross, kGross, 200},
+    constexpr Fall Faelle[] = {
+        {0, 100, 0},         {1, 100, 2},  {50, 100, 100},   {100, 100, 200},  {101, 100, 200},
+        {Gross, 1, 200},     {-1, 100, 0}, {Klein, 1, 0},    {0, 0, 0},        {1, 0, 200},
+        {-1, 0, 0},          {1, -100, 0}, {-50, -100, 100}, {Klein, -1, 200}, {1, Gross, 200.0 / Gross},
+        {Gross, Gross, 200},
     };
-    for (const Fall& fall : kFaelle) {
+    for (const Fall& fall : Faelle) {
         EXPECT_DOUBLE_EQ(fall.Breite, BalkenBreite(200, fall.Wert, fall.Maximum)) << fall.Wert << "/" << fall.Maximum;
     }
 }

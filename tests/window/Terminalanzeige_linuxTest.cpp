@@ -36,20 +36,20 @@ TEST(TerminalzeileTest, LongestPhaseFitsEightyColumns) {
 }
 
 TEST(TerminalzeileTest, NarrowTerminalLosesTheBarFirstThenTheEndOfThePhase) {
-    constexpr TextSicht kPhase = u"Testet Dokument";
-    EXPECT_EQ(Terminalzeile(kPhase, BalkenInnen, 47), u"Testet Dokument  [####################]  100 %");
-    EXPECT_EQ(Terminalzeile(kPhase, BalkenInnen, 46), u"Testet Dokument  100 %");
-    EXPECT_EQ(Terminalzeile(kPhase, BalkenInnen, 23), u"Testet Dokument  100 %");
-    EXPECT_EQ(Terminalzeile(kPhase, BalkenInnen, 22), u"Testet Dokumen  100 %");
+    constexpr TextSicht Phase = u"Testet Dokument";
+    EXPECT_EQ(Terminalzeile(Phase, BalkenInnen, 47), u"Testet Dokument  [####################]  100 %");
+    EXPECT_EQ(Terminalzeile(Phase, BalkenInnen, 46), u"Testet Dokument  100 %");
+    EXPECT_EQ(Terminalzeile(Phase, BalkenInnen, 23), u"Testet Dokument  100 %");
+    EXPECT_EQ(Terminalzeile(Phase, BalkenInnen, 22), u"Testet Dokumen  100 %");
     for (std::size_t spalten = 0; spalten < 60; ++spalten) {
-        EXPECT_LE(Terminalzeile(kPhase, BalkenInnen, spalten).size(), spalten == 0 ? 0 : spalten - 1);
+        EXPECT_LE(Terminalzeile(Phase, BalkenInnen, spalten).size(), spalten == 0 ? 0 : spalten - 1);
     }
 }
 
 // --- Ctrl+C ----------------------------------------------------------------------------------------------------------
 
-constexpr int kEndeNachAbbruch = 7; // what the run on the terminal ends with
-constexpr int kEndeOhneAbbruch = 8;
+constexpr int EndeNachAbbruch = 7; // what the run on the terminal ends with
+constexpr int EndeOhneAbbruch = 8;
 
 // A run of a minute on a terminal of its own, as another process, with a person at the other end.
 class Terminallauf {
@@ -116,7 +116,7 @@ private:
             ZeigeFortschritt(i);
             usleep(10000);
         }
-        return testDaten.Abbruch ? kEndeNachAbbruch : kEndeOhneAbbruch;
+        return testDaten.Abbruch ? EndeNachAbbruch : EndeOhneAbbruch;
     }
 
     int m_terminal = -1;
@@ -124,7 +124,7 @@ private:
     std::string m_gelesen;
 };
 
-constexpr std::string_view kStrgC = "\x03";
+constexpr std::string_view StrgC = "\x03";
 
 TEST(TerminalanzeigeTest, ControlCAsksAndYesCancelsInEachLanguage) {
     struct Fall {
@@ -132,20 +132,20 @@ TEST(TerminalanzeigeTest, ControlCAsksAndYesCancelsInEachLanguage) {
         std::string_view Frage;
         std::string_view Antwort;
     };
-    constexpr Fall kFaelle[] = {
+    constexpr Fall Faelle[] = {
         {1, "Soll der Test abgebrochen werden? (j/n) ", "j\n"},
         {2, "Le test doit-il être interrompu? (o/n) ", "O\n"},
         {3, "Il test deve venir interrotto? (s/n) ", "si\n"},
     };
-    for (const Fall& fall : kFaelle) {
+    for (const Fall& fall : Faelle) {
         Terminallauf lauf(fall.Sprache);
         lauf.Erwarte("Phase  [");
-        lauf.Tippe(kStrgC);
+        lauf.Tippe(StrgC);
         lauf.Erwarte(fall.Frage);
         lauf.Tippe(fall.Antwort);
         const int status = lauf.Ende();
         EXPECT_TRUE(WIFEXITED(status));
-        EXPECT_EQ(WEXITSTATUS(status), kEndeNachAbbruch);
+        EXPECT_EQ(WEXITSTATUS(status), EndeNachAbbruch);
     }
 }
 
@@ -153,23 +153,23 @@ TEST(TerminalanzeigeTest, AnythingElseIsNoAndTheRunGoesOnAndAsksAgain) {
     Terminallauf lauf(1);
     lauf.Erwarte("Phase  [");
     for (const std::string_view antwort : {"n\n", "\n", "y\n", " \n", "x j\n"}) {
-        lauf.Tippe(kStrgC);
+        lauf.Tippe(StrgC);
         lauf.Erwarte("(j/n) ");
         lauf.Tippe(antwort);
         lauf.Erwarte("Phase  [");
     }
-    lauf.Tippe(kStrgC);
+    lauf.Tippe(StrgC);
     lauf.Erwarte("(j/n) ");
     lauf.Tippe("j\n");
-    EXPECT_EQ(WEXITSTATUS(lauf.Ende()), kEndeNachAbbruch);
+    EXPECT_EQ(WEXITSTATUS(lauf.Ende()), EndeNachAbbruch);
 }
 
 TEST(TerminalanzeigeTest, SecondControlCEndsAtOnce) {
     Terminallauf lauf(1);
     lauf.Erwarte("Phase  [");
-    lauf.Tippe(kStrgC);
+    lauf.Tippe(StrgC);
     lauf.Erwarte("(j/n) ");
-    lauf.Tippe(kStrgC);
+    lauf.Tippe(StrgC);
     const int status = lauf.Ende();
     EXPECT_TRUE(WIFSIGNALED(status));
     EXPECT_EQ(WTERMSIG(status), SIGINT);

@@ -26,13 +26,13 @@ namespace zepholt {
 
 namespace {
 
-constexpr int kTwipsJePixel = 15;
-constexpr int kSchriftGroesste = 12; // pixels at 100 percent
-constexpr int kSchriftKleinste = 9;
-constexpr int kKnopfRand = 6; // pixels that a button needs on each side of its caption
+constexpr int TwipsJePixel = 15;
+constexpr int SchriftGroesste = 12; // pixels at 100 percent
+constexpr int SchriftKleinste = 9;
+constexpr int KnopfRand = 6; // pixels that a button needs on each side of its caption
 
 int Pixel(double twips) {
-    return static_cast<int>(std::lround(twips / kTwipsJePixel));
+    return static_cast<int>(std::lround(twips / TwipsJePixel));
 }
 
 QRect Platz(const Steuerelement& e) {
@@ -60,7 +60,7 @@ QWidget* Beschriftung(const Steuerelement& e, const QString& text, QWidget* elte
 QWidget* Bahn(QWidget* eltern) {
     auto* bahn = new QFrame(eltern);
     bahn->setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
-    bahn->setLineWidth(Pixel(kBahnRand));
+    bahn->setLineWidth(Pixel(BahnRand));
     return bahn;
 }
 
@@ -91,7 +91,7 @@ QWidget* NeuesWidget(const Steuerelement& e, const QString& text, QWidget* elter
 // The place of a widget counts from its parent's inner area: behind the border of the track.
 QRect PlatzInEltern(const Formular& formular, const Steuerelement& e) {
     const bool inBahn = e.Eltern >= 0 && formular.Elemente[e.Eltern].Art == ElementArt::Bahn;
-    const int rand = inBahn ? Pixel(kBahnRand) : 0;
+    const int rand = inBahn ? Pixel(BahnRand) : 0;
     return Platz(e).translated(rand, rand);
 }
 
@@ -105,7 +105,7 @@ bool Passt(const FormularMitTexten& formular, const QFont& schrift) {
             continue; // Qt gives even no text the height of a line
         }
         const QRect platz = Platz(e);
-        const int breite = platz.width() - (e.Art == ElementArt::Knopf ? 2 * kKnopfRand : 0);
+        const int breite = platz.width() - (e.Art == ElementArt::Knopf ? 2 * KnopfRand : 0);
         const int umbruch = IstAbsatz(e) ? Qt::TextWordWrap : 0;
         const QRect text = mass.boundingRect(QRect(0, 0, breite, 0), umbruch, inhalt);
         if (text.width() > breite || text.height() > platz.height()) {
@@ -118,7 +118,7 @@ bool Passt(const FormularMitTexten& formular, const QFont& schrift) {
 // The places are laid down, the fonts of a desktop are not: the largest size in which nothing is cut off.
 QFont PassendeSchrift(const FormularMitTexten& formular) {
     QFont schrift = QApplication::font();
-    for (int groesse = kSchriftGroesste; groesse >= kSchriftKleinste; --groesse) {
+    for (int groesse = SchriftGroesste; groesse >= SchriftKleinste; --groesse) {
         schrift.setPixelSize(groesse);
         if (Passt(formular, schrift)) {
             break;
@@ -158,19 +158,19 @@ std::vector<QWidget*> Aufbauen(QDialog& dialog, const FormularMitTexten& formula
 void InfoZeigen(QWidget* eltern, const FormularMitTexten& formular) {
     QDialog dialog(eltern);
     const std::vector<QWidget*> widgets = Aufbauen(dialog, formular);
-    auto* ok = static_cast<QPushButton*>(widgets[Info::cmdOK]);
+    auto* ok = static_cast<QPushButton*>(widgets[Infoformular::cmdOK]);
     ok->setDefault(true);
     QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
     dialog.exec();
 }
 
-class FensterZEPHOLT : public QDialog {
+class Hauptfenster : public QDialog {
 public:
-    explicit FensterZEPHOLT(const FensterTexte& texte) : m_texte(texte), m_widgets(Aufbauen(*this, texte.ZEPHOLT)) {
+    explicit Hauptfenster(const FensterTexte& texte) : m_texte(texte), m_widgets(Aufbauen(*this, texte.Haupt)) {
         setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                        Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
-        connect(Knopf(ZEPHOLT::cmdInfo), &QPushButton::clicked, this, [this] { InfoZeigen(this, m_texte.Info); });
-        connect(Knopf(ZEPHOLT::cmdAbbrechen), &QPushButton::clicked, this, [this] { FrageAbbruch(); });
+        connect(Knopf(Hauptformular::cmdInfo), &QPushButton::clicked, this, [this] { InfoZeigen(this, m_texte.Info); });
+        connect(Knopf(Hauptformular::cmdAbbrechen), &QPushButton::clicked, this, [this] { FrageAbbruch(); });
     }
 
     void Beschrifte(std::int32_t element, const QString& text) {
@@ -181,7 +181,7 @@ public:
     }
 
     void SetzeBalken(double breite) {
-        QWidget* balken = Widget(ZEPHOLT::picFSBalken);
+        QWidget* balken = Widget(Hauptformular::picFSBalken);
         balken->resize(std::max(1, Pixel(breite)), balken->height());
         balken->setVisible(breite > 0);
     }
@@ -267,7 +267,7 @@ struct ModulFensterGriff {
     explicit ModulFensterGriff(const FensterTexte& texte) : Fenster(texte) {}
 
     Anwendung App;
-    FensterZEPHOLT Fenster;
+    Hauptfenster Fenster;
 };
 
 namespace {
@@ -329,7 +329,7 @@ bool Bereit() {
     return OhneAusnahme([] { return QCoreApplication::instance() != nullptr || AnzeigeVorhanden(); });
 }
 
-constexpr FensterModul kModul = {Bereit, Oeffnen, Beschriften, BalkenSetzen, Ereignisse, Schliessen, Meldung};
+constexpr FensterModul Modul = {Bereit, Oeffnen, Beschriften, BalkenSetzen, Ereignisse, Schliessen, Meldung};
 
 } // namespace
 
@@ -337,5 +337,5 @@ constexpr FensterModul kModul = {Bereit, Oeffnen, Beschriften, BalkenSetzen, Ere
 
 extern "C" __attribute__((visibility("default"))) const zepholt::FensterModul*
 zepholt_fenster_modul(std::int32_t fassung) {
-    return fassung == zepholt::kFensterModulFassung ? &zepholt::kModul : nullptr;
+    return fassung == zepholt::FensterModulFassung ? &zepholt::Modul : nullptr;
 }
