@@ -53,6 +53,8 @@ fall("only the first fault", BEIDE, [satz("B0", {2: n}) for n in ("003", "001", 
 fall("G behind X: the line at that place of the sorted lines", "E1S", [satz("X4", {2: "191"}), g1("191")], [f(2022, 3, I="")])
 fall("X behind G", "E1S", [g1("191"), satz("X4", {2: "191", 8: "100000", 16: "01", 93: "x"})], [])
 fall("D behind G", BEIDE, [g1("191"), satz("D1", {2: "x"})], [f(2022, 3, I="191.000.000")])
+fall("E in front of D", BEIDE, [satz("E1", {2: "x"}), satz("D1", {2: "x"})], [f(2022, 3)])
+fall("D in front of E", BEIDE, [satz("D1", {2: "x"}), satz("E1", {2: "x"})], [])
 fall("U behind G", BEIDE, [g1("191"), satz("U1", {2: "x"})], [])
 fall("E, D and U in their places, all the same", BEIDE,
      [satz("D1", {2: "x"}), satz("D1", {2: "x"}), satz("E1", {2: "b"}), satz("E1", {2: "a"}), g1("191"),
