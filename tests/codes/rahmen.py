@@ -111,7 +111,7 @@ def datei(art, saetze, kopf=None, schluss=None):
 
 # Runs
 
-def befehl(argumente, ausgabe="p.xml", frist=30):
+def befehl(argumente, ausgabe="p.xml", frist=60):
     """One run; the file it wrote as text, or in words how else it ended. It may leave nothing else behind."""
     ziel = ort() / ausgabe
     ziel.unlink(missing_ok=True)

@@ -5,15 +5,14 @@
 #pragma once
 
 #include "errors/TestFehler.h"
+#include "hilfen/Funde.h"
 #include "hilfen/Zeilenbau.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <deque>
-#include <ostream>
 #include <utility>
 #include <vector>
 
@@ -21,31 +20,6 @@ namespace zepholt::hilfen {
 
 constexpr std::int32_t Alt = 11; // the interface of 01S files
 constexpr std::int32_t Neu = 21; // the interface of E1S files
-
-// A finding: its code, its line from 0 (-1 for none), its column from 1 (0 for none).
-struct Fund {
-    std::int32_t Code;
-    std::int32_t Zeile;
-    std::int32_t Spalte = 0;
-
-    bool operator==(const Fund&) const = default;
-
-    friend std::ostream& operator<<(std::ostream& aus, const Fund& fund) {
-        return aus << fund.Code << "@" << fund.Zeile << ":" << fund.Spalte;
-    }
-};
-
-using Funde = std::vector<Fund>;
-
-// `satz` with fields written over it; it grows where they lie behind its end.
-inline Text Geaendert(Text satz, const std::vector<Feldwert>& felder) {
-    for (const Feldwert& feld : felder) {
-        const auto ab = static_cast<std::size_t>(feld.Spalte - 1);
-        satz.resize(std::max(satz.size(), ab + feld.Wert.size()), u' ');
-        satz.replace(ab, feld.Wert.size(), feld.Wert);
-    }
-    return satz;
-}
 
 // A record of full length with another character, none of them a digit, in each of its columns: what is read from the
 // wrong columns shows. `felder` are written over it.
@@ -85,14 +59,9 @@ protected:
     // Calls a test that has no record of its own.
     template <class Test>
     Funde Rufe(Test test) {
-        const auto bisher = static_cast<std::ptrdiff_t>(fehlerSpeicher.FehlerListe.size());
+        const std::size_t bisher = fehlerSpeicher.FehlerListe.size();
         test();
-        Funde funde;
-        for (auto fehler = fehlerSpeicher.FehlerListe.begin() + bisher; fehler != fehlerSpeicher.FehlerListe.end();
-             ++fehler) {
-            funde.push_back({fehler->Code, fehler->Zeile, fehler->Spalte});
-        }
-        return funde;
+        return FundeAb(bisher);
     }
 
 private:
