@@ -4,8 +4,8 @@
 PAKETE_BAU="g++ cmake ninja-build qt6-base-dev libxcb1-dev xmlstarlet"
 
 # The tests besides.
-PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3"
+PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3 python3-pytest"
 
 # The slower checks besides: clang, the Windows build, Wine and a display without a screen.
-PAKETE_CI="$PAKETE_TEST git clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
+PAKETE_CI="$PAKETE_TEST git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
 xvfb xdotool openbox"

@@ -1,17 +1,7 @@
-"""What the tests of the records G1 to G6 share: builders of records, and fall(), which runs one case.
-
-A case names its findings in the order in which the run comes upon them: first the characters of all lines, then the
-records one by one, then the finished tree, then the catalogue. fall() puts them in the order of the protocol by the
-rule of the protocol itself: a key of line, position and code, sorted by the one fixed quicksort, which does not keep
-the order of equal keys. So two findings of one code on one line stand where that procedure leaves them.
-"""
-import re
-
-from rahmen import elemente, erwarte, fehler, lauf, satz
-from sortierung import sortieren
-from texte_b import TEXTE
-
-BEIDE = ("01S", "E1S")
+"""What the tests of the records G1 to G6 share: builders of records, structures, and fall() with the lines counted from 1
+behind the structures that stand in front."""
+from befunde import fall as fall_der_datei, ohne_zeile
+from rahmen import satz
 
 
 def g1(kapitel="111", felder=None):
@@ -64,67 +54,9 @@ STRUKTUR = KAG + OGL + EKG + EINRICHTUNG + VARIANTEN
 STRUKTUR_E1S = STRUKTUR + NUTZUNG + RAUM
 
 
-def bei(code, zeile, feld=None):
-    """A finding at a line, counted from 1 behind the records of `davor`; `feld` where it was reported with a column."""
-    return code, zeile, None, None, feld
-
-
-def ohne(code, kapitel=0, position=0):
-    """A finding that belongs to no line, but to a position where one is given."""
-    return code, None, kapitel, position, None
-
-
-def zahl_am_anfang(text):
-    ziffern = re.match(r" *(\d*)", text)[1]
-    return int(ziffern) if ziffern else 0
-
-
-def position_der_zeile(record):
-    if not record.startswith("G"):
-        return None
-    nummer = zahl_am_anfang(record[1:4]) * 1000000 + zahl_am_anfang(record[7:13])
-    return punkte(nummer)
-
-
-def punkte(nummer):
-    ziffern = f"{nummer:09}"
-    return f"{ziffern[:3]}.{ziffern[3:6]}.{ziffern[6:]}"
-
-
-def element(meldung, saetze, vorlauf):
-    """Key and Error element of a finding; `vorlauf` is the number of lines before the line counted as 1, less 1."""
-    code, zeile, kapitel, position, feld = meldung
-    schwere, feld_des_codes, text = TEXTE[code]
-    if zeile is None:
-        ort = punkte(kapitel * 1000000 + position) if kapitel else None
-        schluessel = f"99999{kapitel * 1000000 + position if kapitel else 999999999:>9}{code}"
-        return schluessel, fehler(code, schwere, text, I=ort, F=feld_des_codes)
-    ort = position_der_zeile(saetze[vorlauf + zeile - 1])
-    schluessel = f"{vorlauf + zeile:>5}{0 if ort else 999999999:>9}{code}"
-    ort = None if code in (3001, 3002, 3003) else ort
-    return schluessel, fehler(code, schwere, text, L=vorlauf + zeile + 1, I=ort, F=feld or feld_des_codes)
-
-
-def anzahlen(art, meldungen):
-    """What the head of the protocol counts: warnings apart in a 01S file, both in one sum in an E1S file."""
-    warnungen = sum(TEXTE[meldung[0]][0] == "B" for meldung in meldungen)
-    if art == "E1S":
-        return [str(len(meldungen))]
-    return [str(len(meldungen) - warnungen), str(warnungen)]
-
-
-def fall(name, arten, saetze, meldungen, davor=(), kapitel=(111,), kopf=None):
-    """One case, in each of the kinds of file in `arten`, one or a list.
-
-    `meldungen` are bei() and ohne() in the order of their adding. `kapitel` are the chapters that the run stores and
-    that are no reserve chapters: the catalogue is empty, so each ends in a 6101, and these come last of all.
+def fall(name, arten, saetze, soll, davor=(), kapitel=(111,), kopf=None):
+    """One case. The lines of `soll` count from 1 behind the records of `davor`; `kapitel` are the chapters that the run
+    stores and that are no reserve chapters: the catalogue is empty, so each ends in a 6101, and these come last of all.
     """
-    for art in [arten] if isinstance(arten, str) else arten:
-        alle = [*davor, *saetze]
-        soll = [*meldungen, *(ohne(6101, nummer) for nummer in kapitel)]
-        paare = [element(meldung, alle, len(davor)) for meldung in soll]
-        schluessel, ergebnis = [paar[0] for paar in paare], [paar[1] for paar in paare]
-        sortieren(schluessel, ergebnis)
-        protokoll = lauf(art, alle, kopf=kopf)
-        gezaehlt = re.findall(r"<(?:Errors|Warnings)>(\d+)</", protokoll)
-        erwarte(f"{name} ({art})", elemente(protokoll) + gezaehlt, ergebnis + anzahlen(art, soll))
+    versetzt = [b if b.L is None else b._replace(L=len(davor) + b.L + 1) for b in soll]
+    fall_der_datei(name, arten, [*davor, *saetze], [*versetzt, *(ohne_zeile(6101, nummer) for nummer in kapitel)], kopf=kopf)

@@ -1,18 +1,14 @@
 """Builders for the tests of the catalogue: chapter files, collected files, and documents of G records.
 
 A chapter is written from its parts: kapitel(H(111, U(1, V(0)))) is its XML text, eintrag(...) the bytes of its file with
-the head and the abbreviation table. ordner() and sammeldatei() lay the files down as a catalogue of either kind, and
-beide() runs one document against both and compares the Error elements. This writer shares nothing with the program.
+the head and the abbreviation table. ordner() and sammeldatei() are catalogues of either kind, laid down when the run
+comes, and beide() runs one document against both. This writer shares nothing with the program.
 """
-import re
 import shutil
-import subprocess
+from functools import partial
 
-import rahmen
-from rahmen import datei, elemente, erwarte, fehler, satz
-from texte_c import TEXTE
-
-ABBRUCH = "status 1, one line on standard error, no protocol"
+from befunde import pruefe
+from rahmen import anmelden, ohne_uhr, ort, satz
 
 
 # Chapter text
@@ -64,19 +60,29 @@ def dateiname(jahr=2013, sprache=1, nummer=241):
     return f"N{jahr % 100:02}{sprache}{nummer}.qvm"
 
 
-def ordner(dateien, name="k"):
-    """Lays down a folder of chapter files, from names to bytes; gives the path as the program takes it."""
-    pfad = rahmen.pathlib.Path(rahmen.ort.name) / name
+def _lege_ordner(dateien, unterordner):
+    pfad = ort() / "k"
     shutil.rmtree(pfad, ignore_errors=True)
     pfad.mkdir()
-    for datei_, inhalt in dateien.items():
-        (pfad / datei_).write_bytes(inhalt)
-    return name
+    for name, inhalt in dateien.items():
+        (pfad / name).write_bytes(inhalt)
+    for name in unterordner:
+        (pfad / name).mkdir()
+    return "k"
 
 
-def sammeldatei(eintraege, name="k.vlt"):
-    (rahmen.pathlib.Path(rahmen.ort.name) / name).write_bytes(b"".join(eintraege))
-    return name
+def _lege_sammeldatei(inhalt):
+    (ort() / "k.vlt").write_bytes(inhalt)
+    return "k.vlt"
+
+
+def ordner(dateien, unterordner=()):
+    """A folder of chapter files, from names to bytes."""
+    return partial(_lege_ordner, dateien, unterordner)
+
+
+def sammeldatei(eintraege):
+    return partial(_lege_sammeldatei, b"".join(eintraege))
 
 
 # Documents
@@ -126,60 +132,19 @@ def mit_text(n, *positionen):
 
 # Runs
 
-def starte(art, saetze, katalog, sprache="de", mehr=(), kopf_=None):
-    """One run; the protocol as text, or ABBRUCH, or what is wrong with the end of the run."""
-    pfad = rahmen.pathlib.Path(rahmen.ort.name)
-    (pfad / f"e.{art}").write_bytes(datei(art, saetze, kopf_))
-    return befehl([f"file=e.{art}", f"dialog={sprache}-", "errorfile=p.xml", f"catalog={katalog}", *mehr])
-
-
-def befehl(argumente, ausgabe="p.xml", frist=30):
-    pfad = rahmen.pathlib.Path(rahmen.ort.name)
-    (pfad / ausgabe).unlink(missing_ok=True)
-    vorher = {*pfad.iterdir()}
-    try:
-        ende = subprocess.run([*rahmen.PROGRAMM, *argumente], cwd=pfad, capture_output=True, timeout=frist)
-    except subprocess.TimeoutExpired:
-        return "hang"
-    da = (pfad / ausgabe).exists()
-    if {*pfad.iterdir()} - vorher - {pfad / ausgabe}:
-        return f"left behind: {[*pfad.iterdir()]}"
-    if ende.returncode == 1 and not da and not ende.stdout and ende.stderr.count(b"\n") == 1 and ende.stderr[-1:] == b"\n":
-        return ABBRUCH
-    if ende.returncode != 0 or ende.stdout or ende.stderr:
-        return f"status {ende.returncode}: {ende.stderr!r}{ende.stdout!r}"
-    return (pfad / ausgabe).read_bytes().decode("latin-1") if da else "no file"
-
-
-def gemeldet(protokoll):
-    """The Error elements, or the end of a run that wrote none."""
-    return elemente(protokoll) if protokoll.startswith("<?xml") else protokoll
-
-
-def E(code, I=None, L=None, text=None):
-    """An Error element with severity, field reference and German text out of the table."""
-    schwere, feld, deutsch = TEXTE[code]
-    return fehler(code, schwere, text or deutsch, L=L, I=I, F=feld or None)
-
-
-def soll_elemente(soll):
-    return soll if soll == ABBRUCH else [E(*e) if isinstance(e, tuple) else e for e in soll]
-
-
-def ohne_uhr(protokoll):
-    return re.sub(r"<Date>[^<]*</Date><Time>[^<]*</Time>", "", protokoll)
-
-
-def beide(name, arten, saetze, eintraege, soll, kopf_=None, mehr=()):
+def beide(name, arten, saetze, eintraege, soll, kopf_=None):
     """One document against a catalogue as folder and as collected file: `soll` both times, and the same protocol.
 
-    `arten` is "01S", "E1S" or "both"; `eintraege` a list of chapter files, or one, or none (each with year, language
-    and number in its head); `soll` a list of (code, position) or ABBRUCH.
+    `eintraege` are the chapter files, one or several (each with year, language and number in its head); `soll` are findings
+    or ABBRUCH.
     """
     eintraege = [eintraege] if isinstance(eintraege, bytes) else eintraege
     namen = {f"N{b[6:8].decode('latin-1')}{b[8:9].decode('latin-1')}{b[9:12].decode('latin-1')}.qvm": b for b in eintraege}
-    for art in ("01S", "E1S") if arten == "both" else (arten,):
-        aus_ordner = starte(art, geordnet(saetze), ordner(namen), kopf_=kopf_, mehr=mehr)
-        erwarte(f"{name} ({art}, folder)", gemeldet(aus_ordner), soll_elemente(soll))
-        aus_datei = starte(art, geordnet(saetze), sammeldatei(eintraege), kopf_=kopf_, mehr=mehr)
-        erwarte(f"{name} ({art}, collected file)", ohne_uhr(aus_datei), ohne_uhr(aus_ordner))
+    for art in [arten] if isinstance(arten, str) else arten:
+        anmelden(f"{name} [{art}]", partial(_pruefe_beide, art, geordnet(saetze), soll, kopf_, ordner(namen),
+                                            sammeldatei(eintraege)))
+
+
+def _pruefe_beide(art, saetze, soll, kopf_, *kataloge):
+    aus_ordner, aus_datei = (pruefe(art, saetze, soll, kopf=kopf_, katalog=katalog) for katalog in kataloge)
+    assert ohne_uhr(aus_datei) == ohne_uhr(aus_ordner)

@@ -1,7 +1,6 @@
-#!/usr/bin/env python3
 """Condition records C0, C1 and C5: codes 5101 to 5382."""
-from befund import f, fall, geordnet
-from rahmen import abschluss, satz
+from befunde import f, fall
+from rahmen import BEIDE, faelle, satz
 
 C0 = satz("C0", {2: "000"})
 
@@ -30,82 +29,91 @@ def c5(nummer="001", **mehr):
 
 # --- C0 ---------------------------------------------------------------------------------------------------------------
 BETRAG = "0000000001500"
-fall("C0", "beide", [C0], [])
-fall("C0 with another number", "beide", [c0(nummer="001")], [f(5101, 2)])
-fall("C0 with another number counts", "beide", [c0(nummer="001"), c1("002")], [f(5101, 2)])
-fall("C0 without number", "beide", [c0(nummer="   ")], [f(3002, 2, "C0:2a")])  # it reads 0, which is right
-fall("C0 with a bad number", "beide", [c0(nummer="00x")], [f(3001, 2, "C0:2a")])  # reads 0 as well
-fall("C0 twice", "beide", [C0, c0(nummer="000", betrag="").ljust(81) + "x"], [f(2032, 3, "82")])
+fall("C0", BEIDE, [C0], [])
+fall("C0 with another number", BEIDE, [c0(nummer="001")], [f(5101, 2)])
+fall("C0 with another number counts", BEIDE, [c0(nummer="001"), c1("002")], [f(5101, 2)])
+fall("C0 without number", BEIDE, [c0(nummer="   ")], [f(3002, 2, "C0:2a")])  # it reads 0, which is right
+fall("C0 with a bad number", BEIDE, [c0(nummer="00x")], [f(3001, 2, "C0:2a")])  # reads 0 as well
+fall("C0 twice", BEIDE, [C0, c0(nummer="000", betrag="").ljust(81) + "x"], [f(2032, 3, "82")])
 for zeichen in "+-":
-    fall(f"C0 {zeichen} and amount", "beide", [c0(vorzeichen=zeichen, betrag=BETRAG)], [])
-    fall(f"C0 {zeichen} without amount", "beide", [c0(vorzeichen=zeichen)], [f(5103, 2)])
+    fall(f"C0 {zeichen} and amount", BEIDE, [c0(vorzeichen=zeichen, betrag=BETRAG)], [])
+    fall(f"C0 {zeichen} without amount", BEIDE, [c0(vorzeichen=zeichen)], [f(5103, 2)])
 for zeichen in "x*0":
-    fall(f"C0 {zeichen} and amount", "beide", [c0(vorzeichen=zeichen, betrag=BETRAG)], [f(5102, 2)])
-    fall(f"C0 {zeichen} without amount", "beide", [c0(vorzeichen=zeichen)], [f(5102, 2), f(5103, 2)])
-fall("C0 amount without sign", "beide", [c0(betrag=BETRAG)], [f(5104, 2)])
-fall("C0 amount of zeros is an amount", "beide", [c0(betrag="0" * 13)], [f(5104, 2)])
-fall("C0 bad amount", "beide", [c0(vorzeichen="+", betrag="1500")], [f(3001, 2, "C0:15-16")])
-fall("C0 bad amount without sign", "beide", [c0(betrag="x")], [f(3001, 2, "C0:15-16"), f(5104, 2)])
-fall("C0 amount reads 13 columns of 15", "beide", [c0(vorzeichen="+", betrag=BETRAG + "xy")], [])
-fall("C0 amount in the last two only", "beide", [c0(vorzeichen="+", betrag=" " * 13 + "12")], [f(5103, 2)])
-fall("C0 everything wrong", "beide", [c0(nummer="002", vorzeichen="x", betrag="y")],
+    fall(f"C0 {zeichen} and amount", BEIDE, [c0(vorzeichen=zeichen, betrag=BETRAG)], [f(5102, 2)])
+    fall(f"C0 {zeichen} without amount", BEIDE, [c0(vorzeichen=zeichen)], [f(5102, 2), f(5103, 2)])
+fall("C0 amount without sign", BEIDE, [c0(betrag=BETRAG)], [f(5104, 2)])
+fall("C0 amount of zeros is an amount", BEIDE, [c0(betrag="0" * 13)], [f(5104, 2)])
+fall("C0 bad amount", BEIDE, [c0(vorzeichen="+", betrag="1500")], [f(3001, 2, "C0:15-16")])
+fall("C0 bad amount without sign", BEIDE, [c0(betrag="x")], [f(3001, 2, "C0:15-16"), f(5104, 2)])
+fall("C0 amount reads 13 columns of 15", BEIDE, [c0(vorzeichen="+", betrag=BETRAG + "xy")], [])
+fall("C0 amount in the last two only", BEIDE, [c0(vorzeichen="+", betrag=" " * 13 + "12")], [f(5103, 2)])
+fall("C0 everything wrong", BEIDE, [c0(nummer="002", vorzeichen="x", betrag="y")],
      [f(3001, 2, "C0:15-16"), f(5101, 2), f(5102, 2)])
 
+test_c0_number_and_gross_amount = faelle()
+
+
 # --- C1: gross amount, number, level ----------------------------------------------------------------------------------
-fall("C1", "beide", [C0, c1()], [])
-fall("C1 without C0", "beide", [c1()], [f(5201, 2)])
-fall("each C1 without C0", "beide", [c1(), c1("002", "02")], [f(5201, 2), f(5201, 3)])
-fall("C1 before C0", "beide", [c1(), c0(nummer="002"), c1("003", "03")], [f(5201, 2), f(5101, 3)])
-fall("C1 without C0 is kept", "beide", [c1(), c5()], [f(5201, 2)])
-fall("C1 number 999", "beide", [C0, c1("999")], [])
-fall("C1 number 000", "beide", [C0, c1("000")], [f(5202, 3)])
-fall("C1 without number", "beide", [c1("   "), C0], [f(3002, 2, "C1:2a"), f(5201, 2), f(5202, 2)])
-fall("C1 with a bad number", "beide", [C0, c1("00x")], [f(3001, 3, "C1:2a"), f(5202, 3)])
-fall("C1 number 000 is kept", "beide", [C0, c1("000"), c5("000")], [f(5202, 3)])
-fall("C1 number twice", "beide", [C0, c1(), c1(stufe="02", bezug="01")], [f(5203, 4)])
-fall("C1 two numbers", "beide", [C0, c1(), c1("002", "02", "01")], [])
-fall("C1 number three times: once a record", "beide",
+fall("C1", BEIDE, [C0, c1()], [])
+fall("C1 without C0", BEIDE, [c1()], [f(5201, 2)])
+fall("each C1 without C0", BEIDE, [c1(), c1("002", "02")], [f(5201, 2), f(5201, 3)])
+fall("C1 before C0", BEIDE, [c1(), c0(nummer="002"), c1("003", "03")], [f(5201, 2), f(5101, 3)])
+fall("C1 without C0 is kept", BEIDE, [c1(), c5()], [f(5201, 2)])
+fall("C1 number 999", BEIDE, [C0, c1("999")], [])
+fall("C1 number 000", BEIDE, [C0, c1("000")], [f(5202, 3)])
+fall("C1 without number", BEIDE, [c1("   "), C0], [f(3002, 2, "C1:2a"), f(5201, 2), f(5202, 2)])
+fall("C1 with a bad number", BEIDE, [C0, c1("00x")], [f(3001, 3, "C1:2a"), f(5202, 3)])
+fall("C1 number 000 is kept", BEIDE, [C0, c1("000"), c5("000")], [f(5202, 3)])
+fall("C1 number twice", BEIDE, [C0, c1(), c1(stufe="02", bezug="01")], [f(5203, 4)])
+fall("C1 two numbers", BEIDE, [C0, c1(), c1("002", "02", "01")], [])
+fall("C1 number three times: once a record", BEIDE,
      [C0, c1(), c1(stufe="02", bezug="01"), c1(stufe="03", bezug="02")], [f(5203, 4), f(5203, 5)])
-fall("C1 of a number twice is kept: its level", "beide",
+fall("C1 of a number twice is kept: its level", BEIDE,
      [C0, c1(), c1(stufe="02", bezug="01"), c1("002", "02", "01")], [f(5203, 4), f(5212, 5)])
-fall("two bad numbers are one number", "beide", [C0, c1("00x", "01"), c1("00y", "02")],
+fall("two bad numbers are one number", BEIDE, [C0, c1("00x", "01"), c1("00y", "02")],
      [f(3001, 3, "C1:2a"), f(5202, 3), f(3001, 4, "C1:2a"), f(5202, 4), f(5203, 4)])
-fall("C1 level 99", "beide", [C0, c1(stufe="99", bezug="98")], [])
-fall("C1 level 00", "beide", [C0, c1(stufe="00")], [f(5211, 3), f(5213, 3)])
-fall("C1 without level", "beide", [C0, c1(stufe="  ")], [f(3002, 3, "C1:2c"), f(5211, 3), f(5213, 3)])
-fall("C1 with a bad level", "beide", [C0, c1(stufe="1 ")], [f(3001, 3, "C1:2c"), f(5211, 3), f(5213, 3)])
-fall("C1 level twice", "beide", [C0, c1(), c1("002", "01")], [f(5212, 4)])
-fall("C1 two levels", "beide", [C0, c1(), c1("002", "02")], [])
-fall("C1 level three times: once a record", "beide", [C0, c1(), c1("002"), c1("003")], [f(5212, 4), f(5212, 5)])
-fall("C1 number and level twice", "beide", [C0, c1(), c1(bezug="00")], [f(5203, 4), f(5212, 4)])
-fall("C1 base level below", "beide", [C0, c1(stufe="10", bezug="09")], [])
-fall("C1 base level the same", "beide", [C0, c1(stufe="10", bezug="10")], [f(5213, 3)])
-fall("C1 base level above", "beide", [C0, c1(stufe="10", bezug="11")], [f(5213, 3)])
-fall("C1 base level need not exist", "beide", [C0, c1(stufe="10", bezug="05")], [])
-fall("C1 bad base level", "beide", [C0, c1(stufe="10", bezug="x9")], [f(3001, 3, "C1:5")])
+fall("C1 level 99", BEIDE, [C0, c1(stufe="99", bezug="98")], [])
+fall("C1 level 00", BEIDE, [C0, c1(stufe="00")], [f(5211, 3), f(5213, 3)])
+fall("C1 without level", BEIDE, [C0, c1(stufe="  ")], [f(3002, 3, "C1:2c"), f(5211, 3), f(5213, 3)])
+fall("C1 with a bad level", BEIDE, [C0, c1(stufe="1 ")], [f(3001, 3, "C1:2c"), f(5211, 3), f(5213, 3)])
+fall("C1 level twice", BEIDE, [C0, c1(), c1("002", "01")], [f(5212, 4)])
+fall("C1 two levels", BEIDE, [C0, c1(), c1("002", "02")], [])
+fall("C1 level three times: once a record", BEIDE, [C0, c1(), c1("002"), c1("003")], [f(5212, 4), f(5212, 5)])
+fall("C1 number and level twice", BEIDE, [C0, c1(), c1(bezug="00")], [f(5203, 4), f(5212, 4)])
+fall("C1 base level below", BEIDE, [C0, c1(stufe="10", bezug="09")], [])
+fall("C1 base level the same", BEIDE, [C0, c1(stufe="10", bezug="10")], [f(5213, 3)])
+fall("C1 base level above", BEIDE, [C0, c1(stufe="10", bezug="11")], [f(5213, 3)])
+fall("C1 base level need not exist", BEIDE, [C0, c1(stufe="10", bezug="05")], [])
+fall("C1 bad base level", BEIDE, [C0, c1(stufe="10", bezug="x9")], [f(3001, 3, "C1:5")])
+
+test_c1_needs_c0_number_and_level = faelle()
+
 
 # --- C1: kinds --------------------------------------------------------------------------------------------------------
 for art in "145":
-    fall(f"C1 kind {art}", "beide", [C0, c1(art=art)], [])
-fall("C1 kind 3", "beide", [C0, c1(art="3", frist="000030")], [])
+    fall(f"C1 kind {art}", BEIDE, [C0, c1(art=art)], [])
+fall("C1 kind 3", BEIDE, [C0, c1(art="3", frist="000030")], [])
 for art in "06789":
-    fall(f"C1 kind {art}", "beide", [C0, c1(art=art)], [f(5221, 3)])
-fall("C1 without kind", "beide", [C0, c1(art="")], [f(3002, 3, "C1:2b"), f(5221, 3)])
-fall("C1 bad kind", "beide", [C0, c1(art="x")], [f(3001, 3, "C1:2b"), f(5221, 3)])
+    fall(f"C1 kind {art}", BEIDE, [C0, c1(art=art)], [f(5221, 3)])
+fall("C1 without kind", BEIDE, [C0, c1(art="")], [f(3002, 3, "C1:2b"), f(5221, 3)])
+fall("C1 bad kind", BEIDE, [C0, c1(art="x")], [f(3001, 3, "C1:2b"), f(5221, 3)])
 for berechnung in "%xB1*":
-    fall(f"C1 calculation {berechnung}", "beide", [C0, c1(berechnung=berechnung)], [])
-fall("C1 without calculation", "beide", [C0, c1(berechnung=" ")], [f(3002, 3, "C1:13"), f(5222, 3)])
+    fall(f"C1 calculation {berechnung}", BEIDE, [C0, c1(berechnung=berechnung)], [])
+fall("C1 without calculation", BEIDE, [C0, c1(berechnung=" ")], [f(3002, 3, "C1:13"), f(5222, 3)])
 for zaehlt in "+- ":
-    fall(f"C1 counts {zaehlt!r}", "beide", [C0, c1(zaehlt=zaehlt)], [])
+    fall(f"C1 counts {zaehlt!r}", BEIDE, [C0, c1(zaehlt=zaehlt)], [])
 for zaehlt in "x0*":
-    fall(f"C1 counts {zaehlt!r}", "beide", [C0, c1(zaehlt=zaehlt)], [f(5223, 3)])
-fall("C1 discount without term", "beide", [C0, c1(art="3")], [f(5224, 3)])
-fall("C1 discount with a bad term", "beide", [C0, c1(art="3", frist="30")], [f(3001, 3, "C1:10")])
+    fall(f"C1 counts {zaehlt!r}", BEIDE, [C0, c1(zaehlt=zaehlt)], [f(5223, 3)])
+fall("C1 discount without term", BEIDE, [C0, c1(art="3")], [f(5224, 3)])
+fall("C1 discount with a bad term", BEIDE, [C0, c1(art="3", frist="30")], [f(3001, 3, "C1:10")])
 for art in "145":
-    fall(f"C1 kind {art} with a term", "beide", [C0, c1(art=art, frist="000030")], [f(5225, 3)])
-    fall(f"C1 kind {art} with a term of zeros", "beide", [C0, c1(art=art, frist="000000")], [f(5225, 3)])
-    fall(f"C1 kind {art} with a bad term", "beide", [C0, c1(art=art, frist="x")], [f(3001, 3, "C1:10"), f(5225, 3)])
-fall("C1 of no kind with a term", "beide", [C0, c1(art="9", frist="000030")], [f(5221, 3), f(5225, 3)])
+    fall(f"C1 kind {art} with a term", BEIDE, [C0, c1(art=art, frist="000030")], [f(5225, 3)])
+    fall(f"C1 kind {art} with a term of zeros", BEIDE, [C0, c1(art=art, frist="000000")], [f(5225, 3)])
+    fall(f"C1 kind {art} with a bad term", BEIDE, [C0, c1(art=art, frist="x")], [f(3001, 3, "C1:10"), f(5225, 3)])
+fall("C1 of no kind with a term", BEIDE, [C0, c1(art="9", frist="000030")], [f(5221, 3), f(5225, 3)])
+
+test_c1_kind_calculation_and_term = faelle()
+
 
 # --- C1: three amounts and their signs --------------------------------------------------------------------------------
 for vorzeichen, betrag, breite, feld, codes in (
@@ -115,30 +123,33 @@ for vorzeichen, betrag, breite, feld, codes in (
     falsch, kein_betrag, kein_vorzeichen = codes
     zahl = "0" * (breite - 2) + "77"
     for zeichen in "+-":
-        fall(f"{feld} {zeichen} and amount", "beide", [C0, c1(**{vorzeichen: zeichen, betrag: zahl})], [])
-        fall(f"{feld} {zeichen} without amount", "beide", [C0, c1(**{vorzeichen: zeichen})], [f(kein_betrag, 3)])
+        fall(f"{feld} {zeichen} and amount", BEIDE, [C0, c1(**{vorzeichen: zeichen, betrag: zahl})], [])
+        fall(f"{feld} {zeichen} without amount", BEIDE, [C0, c1(**{vorzeichen: zeichen})], [f(kein_betrag, 3)])
     for zeichen in "x0*":
-        fall(f"{feld} {zeichen} and amount", "beide", [C0, c1(**{vorzeichen: zeichen, betrag: zahl})], [f(falsch, 3)])
-        fall(f"{feld} {zeichen} without amount", "beide", [C0, c1(**{vorzeichen: zeichen})],
+        fall(f"{feld} {zeichen} and amount", BEIDE, [C0, c1(**{vorzeichen: zeichen, betrag: zahl})], [f(falsch, 3)])
+        fall(f"{feld} {zeichen} without amount", BEIDE, [C0, c1(**{vorzeichen: zeichen})],
              [f(falsch, 3), f(kein_betrag, 3)])
-    fall(f"{feld} without sign", "beide", [C0, c1(**{betrag: zahl})], [f(kein_vorzeichen, 3)])
-    fall(f"{feld} zeros without sign", "beide", [C0, c1(**{betrag: "0" * breite})], [f(kein_vorzeichen, 3)])
-    fall(f"{feld} zeros with sign", "beide", [C0, c1(**{vorzeichen: "+", betrag: "0" * breite})], [])
+    fall(f"{feld} without sign", BEIDE, [C0, c1(**{betrag: zahl})], [f(kein_vorzeichen, 3)])
+    fall(f"{feld} zeros without sign", BEIDE, [C0, c1(**{betrag: "0" * breite})], [f(kein_vorzeichen, 3)])
+    fall(f"{feld} zeros with sign", BEIDE, [C0, c1(**{vorzeichen: "+", betrag: "0" * breite})], [])
     for schlecht in ("77".ljust(breite), "77".rjust(breite), "1.50".rjust(breite, "0"), zahl[:-1] + "x", zahl[:-1]):
-        fall(f"{feld} bad amount {schlecht!r}", "beide", [C0, c1(**{vorzeichen: "-", betrag: schlecht.ljust(breite)})],
+        fall(f"{feld} bad amount {schlecht!r}", BEIDE, [C0, c1(**{vorzeichen: "-", betrag: schlecht.ljust(breite)})],
              [f(3001, 3, feld)])
-        fall(f"{feld} bad amount {schlecht!r} without sign", "beide", [C0, c1(**{betrag: schlecht.ljust(breite)})],
+        fall(f"{feld} bad amount {schlecht!r} without sign", BEIDE, [C0, c1(**{betrag: schlecht.ljust(breite)})],
              [f(3001, 3, feld), f(kein_vorzeichen, 3)])
-fall("C1 everything blank", "beide", [satz("C1"), C0],
-     [*geordnet([f(3002, 2, x) for x in ("C1:2a", "C1:2c", "C1:2b", "C1:13")]),
+fall("C1 everything blank", BEIDE, [satz("C1"), C0],
+     [*[f(3002, 2, x) for x in ("C1:2a", "C1:2c", "C1:2b", "C1:13")],
       f(5201, 2), f(5202, 2), f(5211, 2), f(5213, 2), f(5221, 2), f(5222, 2)])
-fall("C1 all signs bad and all amounts missing", "beide", [C0, c1(v_bezug="x", v_prozent="x", v_betrag="x")],
+fall("C1 all signs bad and all amounts missing", BEIDE, [C0, c1(v_bezug="x", v_prozent="x", v_betrag="x")],
      [f(c, 3) for c in (5231, 5232, 5241, 5242, 5251, 5252)])
-fall("C1 all numbers bad", "beide",
+fall("C1 all numbers bad", BEIDE,
      [C0, satz("C1", {s: "x" for s in (2, 5, 6, 16, 36, 44, 46, 63, 76)})],
-     [*geordnet([f(3001, 3, x) for x in
-                 ("C1:2a", "C1:2c", "C1:5", "C1:2b", "C1:10", "C1:15-16", "C1:20b", "C1:19")]),
+     [*[f(3001, 3, x) for x in
+                 ("C1:2a", "C1:2c", "C1:5", "C1:2b", "C1:10", "C1:15-16", "C1:20b", "C1:19")],
       *(f(c, 3) for c in (5202, 5211, 5213, 5221, 5225, 5233, 5243, 5253))])
+
+test_c1_amounts_and_their_signs_go_together = faelle()
+
 
 # --- C1: value added tax, E1S only ------------------------------------------------------------------------------------
 def mwst(nummer, stufe, bezug, **mehr):
@@ -199,21 +210,24 @@ neu("a faulty tax is kept",
 neu("without C0, all of them", [c1("001", "10"), mwst("002", "20", "", berechnung="B", zaehlt="x")],
     [f(5201, 2), f(5201, 3), f(5223, 3), f(5261, 3), f(5262, 3), f(5263, 3)])
 
+test_c1_value_added_tax_in_an_e1s_file = faelle()
+
+
 # --- C5 ---------------------------------------------------------------------------------------------------------------
 EINSTUFIG = [C0, c1()]
-fall("C5 of its condition", "beide", [*EINSTUFIG, c5()], [])
-fall("C5 of no condition", "beide", [*EINSTUFIG, c5("002")], [f(5301, 4)])
-fall("C5 before its condition", "beide", [C0, c5("001"), c1("002")], [f(5301, 3)])
-fall("C5 without number", "beide", [satz("C5"), C0], [f(3002, 2, "C5:2a"), f(5301, 2)])
-fall("C5 with a bad number", "beide", [*EINSTUFIG, c5("00x")], [f(3001, 4, "C5:2a"), f(5301, 4)])
-fall("C5 with a bad number finds the condition 0", "beide", [C0, c1("000"), c5("00x")],
+fall("C5 of its condition", BEIDE, [*EINSTUFIG, c5()], [])
+fall("C5 of no condition", BEIDE, [*EINSTUFIG, c5("002")], [f(5301, 4)])
+fall("C5 before its condition", BEIDE, [C0, c5("001"), c1("002")], [f(5301, 3)])
+fall("C5 without number", BEIDE, [satz("C5"), C0], [f(3002, 2, "C5:2a"), f(5301, 2)])
+fall("C5 with a bad number", BEIDE, [*EINSTUFIG, c5("00x")], [f(3001, 4, "C5:2a"), f(5301, 4)])
+fall("C5 with a bad number finds the condition 0", BEIDE, [C0, c1("000"), c5("00x")],
      [f(5202, 3), f(3001, 4, "C5:2a")])
-fall("C5 of no condition ends there", "beide",
+fall("C5 of no condition ends there", BEIDE,
      [C0, c5("001", ogl="A", psl="p", kag="K", element="E", gruppe="G", variante="V", typ="T", kapitel="999")],
      [f(5301, 3)])
 fall("C5 of no condition: form and order field come first", "E1S", [C0, c5("001", ogl="A*B", folge="01")],
      [f(3001, 3, "C5:6"), f(3208, 3), f(5301, 3)])
-fall("C5 goes to the first of two", "beide", [C0, c1(), c1(stufe="02", bezug="01"), c5()], [f(5203, 4)])
+fall("C5 goes to the first of two", BEIDE, [C0, c1(), c1(stufe="02", bezug="01"), c5()], [f(5203, 4)])
 
 STRUKTUR = [
     satz("B0", {2: "001"}), satz("B1", {2: "001", 82: "123", 93: "x"}), satz("B1", {2: "001", 82: "2", 93: "x"}),
@@ -234,8 +248,7 @@ def einschraenkung(name, felder, codes, nur_neu=(), kapitel=False):
     """A C5 with `felder`: `codes` in both kinds of file (a pair is a code and its field), `nur_neu` in an E1S file."""
     ende = KAPITEL if kapitel else []
     for art, weitere in (("01S", ()), ("E1S", nur_neu)):
-        fall(f"C5 {name}", art, [*VOR, c5(**felder), *ende], geordnet(
-            [f(c[0], L5, c[1]) if isinstance(c, tuple) else f(c, L5) for c in (*codes, *weitere)]))
+        fall(f"C5 {name}", art, [*VOR, c5(**felder), *ende], [f(c[0], L5, c[1]) if isinstance(c, tuple) else f(c, L5) for c in (*codes, *weitere)])
 
 
 ALT = (5381,)  # what the new interface has no place for
@@ -326,6 +339,9 @@ for feld, code, nummer in (("ogl", 5311, "002"), ("kag", 5321, "001"), ("element
     fall(f"{feld}: lone joker, nothing there", "01S", [satz("B0", {2: nummer}), *EINSTUFIG, c5(**{feld: "*"})], [])
     fall(f"{feld}: lone joker, nothing there", "E1S", [satz("B0", {2: nummer}), *EINSTUFIG, c5(**{feld: "*"})], danach)
 
+test_c5_restrictions_are_looked_up = faelle()
+
+
 # --- C5: order --------------------------------------------------------------------------------------------------------
 fall("C5 one order twice", "01S", [*VOR, c5(ogl="A1", folge="01"), c5(ogl="B1", folge="01")], [f(5371, L5 + 1)])
 fall("C5 one order twice", "E1S", [*VOR, c5(ogl="A1", folge="01"), c5(ogl="B1", folge="01")],
@@ -348,12 +364,15 @@ fall("C5 bad order", "E1S", [*EINSTUFIG, c5(folge="1")], [f(3001, 4, "C5:24d"), 
 fall("C5 bad orders read 0", "01S", [*VOR, c5(ogl="A1", folge="x"), c5(ogl="B1", folge="x")],
      [f(3001, L5, "C5:24d"), f(3001, L5 + 1, "C5:24d")])
 
+test_c5_order_is_unique = faelle()
+
+
 # --- the block as a whole ---------------------------------------------------------------------------------------------
 for ziffer in "23467 ":
-    fall(f"C with digit {ziffer!r}", "beide", [satz("C", {2: "xxx", 42: ziffer, 45: "?"})], [f(2041)])
+    fall(f"C with digit {ziffer!r}", BEIDE, [satz("C", {2: "xxx", 42: ziffer, 45: "?"})], [f(2041)])
 # The pass over the finished items leaves its last position behind; a line that is no item shows none.
-fall("a finding in C has no position", "beide",
+fall("a finding in C has no position", BEIDE,
      [satz("C0", {2: "001"}), satz("G1", {2: "191", 6: "20", 93: "Reserve"}), satz("G2", {2: "191", 8: "100000"})],
      [f(5101, 2), f(4721, I="191.100.000")])
 
-abschluss()
+test_the_block_of_conditions_as_a_whole = faelle()

@@ -1,7 +1,7 @@
 """Codes 4601 to 4683: quantities (G6), and 2032 for the fields that only a detail line may fill."""
-from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1,
-                    g2, g5, g6, ohne)
-from rahmen import abschluss, satz
+from befunde import f
+from gblock import EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, fall, g1, g2, g5, g6
+from rahmen import BEIDE, faelle, satz
 
 VIEL = "0000000001000"  # one unit, three decimals
 NULL = "0000000000000"
@@ -10,7 +10,7 @@ VORNE = [g1(), g2(), g5()]
 
 
 def codes_bei(codes, zeile):
-    return [bei(code[0], zeile, code[1]) if isinstance(code, tuple) else bei(code, zeile) for code in codes]
+    return [f(code[0], zeile, code[1]) if isinstance(code, tuple) else f(code, zeile) for code in codes]
 
 
 def menge(name, arten, felder, codes, davor=(), preis=None, undefiniert=False):
@@ -19,28 +19,31 @@ def menge(name, arten, felder, codes, davor=(), preis=None, undefiniert=False):
     """
     meldungen = codes_bei(codes, 4)
     if undefiniert:
-        meldungen.insert(1, ohne(2041))
+        meldungen.insert(1, f(2041))
     fall(name, arten, [g1(), g2(), g5(felder=preis), g6(felder)], meldungen, davor=davor)
 
 
 # Chapter, position, G5.
 SCHLECHT = {18: "XX", 24: "XX", 30: "XX", 33: "XX", 44: "x", 45: "x", 62: "x", 75: "1", 82: "XX", 87: "XX", 129: "XX"}
 for felder in ({}, SCHLECHT):
-    fall("4601", BEIDE, [*VORNE, g6(felder, kapitel="112")], [bei(4601, 4)])
-    fall("4602 no position", BEIDE, [*VORNE, g6(felder, "111002")], [bei(4602, 4)])
-    fall("4602 no G5", BEIDE, [g1(), g2(), g6(felder)], [bei(4602, 3)])
+    fall("4601", BEIDE, [*VORNE, g6(felder, kapitel="112")], [f(4601, 4)])
+    fall("4602 no position", BEIDE, [*VORNE, g6(felder, "111002")], [f(4602, 4)])
+    fall("4602 no G5", BEIDE, [g1(), g2(), g6(felder)], [f(4602, 3)])
     fall("4602 G5 refused", BEIDE, [g1(), g2("111000"), g5("111000"), g6(felder, "111000")],
-         [bei(4503, 3), bei(4602, 4)])
-    fall("4602 G5 of another position", BEIDE, [*VORNE, g2("111002"), g6(felder, "111002")], [bei(4602, 5)])
+         [f(4503, 3), f(4602, 4)])
+    fall("4602 G5 of another position", BEIDE, [*VORNE, g2("111002"), g6(felder, "111002")], [f(4602, 5)])
 fall("no 4601, no 4602", BEIDE, [*VORNE, g6()], [])
 fall("4602 stores nothing", BEIDE, [g1(), g2(), g6({75: "1234565"}), g2("111002"), g5("111002"),
-                                    g6({75: "1234565"}, "111002")], [bei(4602, 3)])
+                                    g6({75: "1234565"}, "111002")], [f(4602, 3)])
 fall("4601 form errors come first", BEIDE, [*VORNE, g6({45: "x", 46: "x", 44: None}, kapitel="112")],
-     [bei(3002, 4, "G6:13"), bei(3001, 4, "G6:15"), bei(4601, 4)])
-fall("the outdated order is told first", "E1S", [g1(), g6({136: "05"})], [bei(3208, 2), bei(4602, 2)])
-fall("no outdated order", "01S", [g1(), g6({136: "05"})], [bei(4602, 2)])
+     [f(3002, 4, "G6:13"), f(3001, 4, "G6:15"), f(4601, 4)])
+fall("the outdated order is told first", "E1S", [g1(), g6({136: "05"})], [f(3208, 2), f(4602, 2)])
+fall("no outdated order", "01S", [g1(), g6({136: "05"})], [f(4602, 2)])
 # A partial quantity without a reference: 4603 is never reported.
 fall("no 4603", BEIDE, [*VORNE, g6(), g6({123: "000000"})], [])
+
+test_a_quantity_needs_chapter_position_and_unit = faelle()
+
 
 # Kinds, each on a position of its own.
 ZEICHEN = "ABCDEFGHIJKLMNOPQRSTUVWXYZabjqw019*+"
@@ -50,9 +53,9 @@ for art, erlaubt, veraltet in (("01S", "ABCJKLQRSW", ""), ("E1S", "ABCDJKLMQRSUW
     for nummer, zeichen in zip(NUMMERN, ZEICHEN, strict=False):
         saetze += [g2(nummer), g5(nummer), g6({44: zeichen}, nummer)]
         if zeichen not in erlaubt:
-            meldungen.append(bei(4611, len(saetze)))
+            meldungen.append(f(4611, len(saetze)))
         if zeichen in veraltet:
-            meldungen.append(bei(4617, len(saetze)))
+            meldungen.append(f(4617, len(saetze)))
     fall("4611 and 4617, all kinds", art, saetze, meldungen)
 menge("4611 D", "01S", {44: "D"}, [4611])
 menge("no 4611 D", "E1S", {44: "D"}, [])
@@ -83,6 +86,9 @@ for zeichen in "ABW":
 menge("no 4612 of an unknown kind", BEIDE, {44: "x", 30: "G1", 33: "V2"}, [4611], VARIANTEN)
 menge("4612 compares letters exactly", BEIDE, {44: "J", 30: "g1", 33: "V1"}, [4612, 4661, 4663], VARIANTEN)
 
+test_kind_of_a_quantity = faelle()
+
+
 # Sign and quantity.
 for zeichen in ("x", "0", "*"):
     menge(f"4613 {zeichen}", BEIDE, {45: zeichen, 46: VIEL}, [4613])
@@ -105,6 +111,9 @@ menge("no 4616 without a quantity", BEIDE, {44: "W"}, [])
 menge("4616 without a sign", BEIDE, {44: "W", 46: VIEL}, [4615, 4616])
 menge("4616 with a wrong sign", BEIDE, {44: "W", 45: "x", 46: VIEL}, [4613, 4616])
 menge("no 4616 of a quantity that is no number", BEIDE, {44: "W", 45: "+", 46: "x"}, [(3001, "G6:15")])
+
+test_sign_and_quantity_go_together = faelle()
+
 
 # Price of the quantity, none at the position.
 for zeichen in ("x", "0"):
@@ -132,9 +141,12 @@ for name, an_position in (("kind", {61: "A"}), ("sign", {62: "+"}), ("price", {6
         menge(f"no 4621 {name}, kind alone {zeichen}", "01S", {61: zeichen}, [], preis=an_position)
         menge(f"4624 {name}, kind alone {zeichen}", "E1S", {61: zeichen}, [4624], preis=an_position)
 fall("no 4621, no 4624 below a price without a sign", BEIDE,
-     [g1(), g2(), g5(felder={63: PREIS}), g6({61: "A", 62: "-", 63: PREIS})], [bei(4507, 3)])
+     [g1(), g2(), g5(felder={63: PREIS}), g6({61: "A", 62: "-", 63: PREIS})], [f(4507, 3)])
 fall("4622 below a price without a sign", BEIDE, [g1(), g2(), g5(felder={63: PREIS}), g6({62: "x", 63: PREIS})],
-     [bei(4507, 3), bei(4622, 4)])
+     [f(4507, 3), f(4622, 4)])
+
+test_price_of_a_quantity = faelle()
+
 
 # Each reference. A joker is a form error; the look-up follows it all the same.
 for spalte, feld, code, gut, falsch, struktur in (
@@ -185,6 +197,9 @@ for oben, unten, leer, nicht_da, oberer, gut, anderer, ofeld, ufeld, struktur in
     menge(f"joker {ufeld} alone", BEIDE, {oben: gut[0], unten: "*"}, [(3001, ufeld)], struktur)
     menge(f"joker {ufeld} without the upper", BEIDE, {unten: "*"}, [(3001, ufeld), leer], struktur)
 
+test_references_of_a_quantity_are_looked_up = faelle()
+
+
 # Check digit of the running number, weights 3 and 1 from the right.
 for text, gueltig in (("1234565", True), ("1234560", False), ("1234564", False), ("0012348", True), ("12348", True),
                       ("1236", True), ("123456x", False), ("12345x5", False), ("5", False), ("12345*5", False),
@@ -209,7 +224,7 @@ EIN = [g6({75: "1234565"})]
 def nochmals(name, arten, erste, zweite, codes, felder=None):
     """Two quantities on lines 4 and 5 with running numbers; `codes` are (code, line)."""
     fall(name, arten, [*VORNE, g6({75: erste}), g6({75: zweite, 82: "12", **(felder or {})})],
-         [bei(code, zeile) for code, zeile in codes], davor=KAG)
+         [f(code, zeile) for code, zeile in codes], davor=KAG)
 
 
 nochmals("4682", BEIDE, "1234565", "1234565", [(4682, 5)])
@@ -230,32 +245,38 @@ nochmals("one that is whole", "E1S", "  17.00", "17", [(4681, 4), (4682, 5)])
 fall("4682 on another position and in another chapter", BEIDE,
      [*VORNE, *EIN, g2("111002"), g5("111002"), g6({75: "1234565"}, "111002"), g1("112"), g2(kapitel="112"),
       g5(kapitel="112"), g6({75: "1234565"}, kapitel="112")],
-     [bei(4682, 7), bei(4682, 11)], kapitel=(111, 112))
+     [f(4682, 7), f(4682, 11)], kapitel=(111, 112))
 fall("4682 once, though two stand before", BEIDE,
-     [*VORNE, *EIN, g6({75: "1234565", 82: "12"}), g6({75: "1234565", 82: "123"})], [bei(4682, 5), bei(4682, 6)],
+     [*VORNE, *EIN, g6({75: "1234565", 82: "12"}), g6({75: "1234565", 82: "123"})], [f(4682, 5), f(4682, 6)],
      davor=KAG)
 fall("one number after the other", BEIDE,
      [*VORNE, g6({75: "1234565"}), g6({75: "1234572", 82: "12"}), g6({75: "1234565", 82: "123"}),
-      g6({75: "1234572", 18: "H1"}), g6({75: "1234589", 18: "H2"})], [bei(4682, 6), bei(4682, 7)], davor=KAG + OGL)
+      g6({75: "1234572", 18: "H1"}), g6({75: "1234589", 18: "H2"})], [f(4682, 6), f(4682, 7)], davor=KAG + OGL)
+
+test_running_number_its_check_digit_and_uniqueness = faelle()
+
 
 # Order.
 REIHE = [g6({136: "05"}), g6({82: "12", 136: "05"})]
-fall("4683", "01S", [*VORNE, *REIHE], [bei(4683, 5)], davor=KAG)
-fall("no 4683, the order is outdated", "E1S", [*VORNE, *REIHE], [bei(3208, 4), bei(3208, 5)], davor=KAG)
+fall("4683", "01S", [*VORNE, *REIHE], [f(4683, 5)], davor=KAG)
+fall("no 4683, the order is outdated", "E1S", [*VORNE, *REIHE], [f(3208, 4), f(3208, 5)], davor=KAG)
 fall("no 4683", "01S", [*VORNE, REIHE[0], g6({82: "12", 136: "06"})], [], davor=KAG)
 fall("no 4683 of zeros", "01S", [*VORNE, g6({136: "00"}), g6({82: "12", 136: "00"})], [], davor=KAG)
-fall("3208 of zeros", "E1S", [*VORNE, g6({136: "00"})], [bei(3208, 4)])
+fall("3208 of zeros", "E1S", [*VORNE, g6({136: "00"})], [f(3208, 4)])
 fall("no 4683 on another position", "01S",
      [*VORNE, REIHE[0], g2("111002"), g5("111002"), g6({136: "05"}, "111002")], [])
 fall("4683 once a record, which is stored all the same", "01S",
      [*VORNE, *REIHE, g6({82: "123", 136: "05"}), g6({82: "12", 18: "H1", 136: "06"}), g6({18: "H2", 136: "06"})],
-     [bei(4683, 5), bei(4683, 6), bei(4683, 8)], davor=KAG + OGL)
+     [f(4683, 5), f(4683, 6), f(4683, 8)], davor=KAG + OGL)
 menge("order no number", "01S", {136: "x"}, [(3001, "G6:24d")])
 menge("order no number", "E1S", {136: "x"}, [(3001, "G6:24d"), 3208])
 
 # A cost account record is an undefined line, so that no quantity is held against it: 4691 is never reported.
-fall("no 4691", BEIDE, [*VORNE, g6({82: "12"})], [ohne(2041)],
+fall("no 4691", BEIDE, [*VORNE, g6({82: "12"})], [f(2041)],
      davor=[satz("B9", {18: "X", 45: "+", 46: VIEL, 82: "99"}), *KAG])
+
+test_order_of_quantities_is_unique = faelle()
+
 
 # Fields of a detail line in a plain quantity.
 for spalte, feld in ((93, "G6:23"), (138, "G6:24e"), (208, "G6:24h")):
@@ -274,6 +295,9 @@ for spalte in (5, 43, 59, 135):
 menge("the additional field is free", BEIDE, {36: "x*1 23"}, [])
 menge("remark no number", BEIDE, {123: "11110"}, [(3001, "G6:24a")])
 
+test_fields_of_a_detail_line_stay_blank = faelle()
+
+
 # All of a line, and that it is stored: its detail line finds it.
 ALLES = {18: " *", 24: " *", 30: " *", 33: " *", 44: "x", 45: "x", 46: "x", 61: "Q", 62: "x", 63: "x", 75: "1",
          82: " *", 87: " *", 93: "x", 123: "x", 129: " *", 136: "x", 138: "x", 168: " *x", 188: " *x", 208: "x"}
@@ -287,7 +311,7 @@ menge("all of a line", "01S", ALLES,
       [(2032, "93"), (2032, "138"), *((3001, feld) for feld in [*FORM, "168", "168", "188", "188", "G6:24d"]), 4611,
        4613, 4622, *VERWEISE, (2032, "93"), (2032, "138"), (2032, "208")])
 fall("form errors of the number fields", BEIDE, [satz("G6")],
-     [bei(3002, 1, "G6:2a"), bei(3002, 1, "G6:3"), bei(3002, 1, "G6:13"), bei(4601, 1)], kapitel=())
+     [f(3002, 1, "G6:2a"), f(3002, 1, "G6:3"), f(3002, 1, "G6:13"), f(4601, 1)], kapitel=())
 GUT = {18: "H1", 24: "P1", 30: "G1", 33: "V1", 36: "Zusatz", 44: "J", 45: "+", 46: VIEL, 61: "A", 62: "-", 63: PREIS,
        75: "1234565", 82: "12", 87: "E1", 123: "111001", 129: "T1"}
 menge("nothing wrong", "E1S", {**GUT, 168: "N1", 188: "R1", 123: "000000"}, [], STRUKTUR_E1S)
@@ -301,13 +325,13 @@ for anzahl in (7, 40):
             saetze += [g2(nummer), g5(nummer), g6(ALLES, nummer)]
             n = len(saetze)
             if art == "E1S":
-                meldungen += codes_bei([*((3001, f) for f in [*FORM, "G6:24f", "G6:24f", "G6:24g", "G6:24g", "G6:24d"]),
+                meldungen += codes_bei([*((3001, feld) for feld in [*FORM, "G6:24f", "G6:24f", "G6:24g", "G6:24g", "G6:24d"]),
                                         3208, 4611, 4613, 4622, 4521, *VERWEISE, (2032, "G6:23"), (2032, "G6:24e"),
                                         (2032, "G6:24h")], n)
             else:
                 zeichen += codes_bei([(2032, "93"), (2032, "138")], n)
-                meldungen += codes_bei([*((3001, f) for f in [*FORM, "168", "168", "188", "188", "G6:24d"]), 4611, 4613,
+                meldungen += codes_bei([*((3001, feld) for feld in [*FORM, "168", "168", "188", "188", "G6:24d"]), 4611, 4613,
                                         4622, *VERWEISE, (2032, "93"), (2032, "138"), (2032, "208")], n)
         fall(f"order of the protocol, {anzahl} lines", art, saetze, zeichen + meldungen)
 
-abschluss()
+test_all_findings_of_a_quantity_in_their_order = faelle()

@@ -1,26 +1,91 @@
-"""Frame of the tests by code: each case is a whole run of the real program on a smallest file, with the exact Error
-elements that the rules ask for, as worked out by hand.
+"""Frame of the tests by code: each case is a whole run of the real program on a smallest file, with the exact findings
+that the rules ask for, as worked out by hand.
 
 A file is a list of records between A and Z; a record is built by satz("G2", {2: "111", 8: "111001"}): the letter, the
-digit for column 42, and fields at columns. lauf() runs the program and returns the Error elements of its protocol;
-erwarte() compares them. A test script ends with abschluss(), which prints the count and sets the exit status.
+digit for column 42, and fields at columns. A module says its cases one after the other, most by fall() of befunde.py or
+by erwarte(); nothing runs then. `test_name = faelle()` takes all that were said since the last one as the cases of one
+test, each by its own name. lauf() runs the program on a file, befehl() with any arguments.
 """
+import os
 import pathlib
 import re
 import subprocess
-import sys
 import tempfile
+from functools import partial
 
-PROGRAMM = sys.argv[1:]  # the program, with an emulator in front of it where there is one
-UNTER_EMULATOR = len(PROGRAMM) > 1
+import pytest
+
+BEIDE = ("01S", "E1S")  # the kinds of exchange file
 KOPF = {2: "211126", 30: "Bauherr", 42: "1", 44: "A", 45: "A", 63: "000000000001", 82: "P-1", 93: "Schulhaus",
         123: "D-1", 138: "Baumeister", 168: "Muster AG", 188: "Bern", 208: "Ausmass"}
 KENNUNG = {"01S": {8: "451-92", 14: "11"}, "E1S": {8: "QVMX17", 14: "21"}}
 SCHLUSS = {2: "211126", 18: "Ersteller", 62: "-", 63: "000000000001", 138: "Baumeister", 168: "Muster AG", 188: "Bern"}
 
-zaehler = {"gut": 0, "schlecht": 0}
-ort = tempfile.TemporaryDirectory(prefix="zepholt-codes-")
+# Ends of a run that are no protocol
+ABBRUCH = "status 1, one line on standard error, no protocol"
+NICHTS = "status 0, nothing shown, nothing written"
+HAENGT = "no end"
 
+programm = []  # with an emulator in front of it where there is one
+_ordner = None
+_offen = []
+
+
+# Cases
+
+def beginne(befehl):
+    global _ordner
+    programm[:] = befehl
+    _ordner = tempfile.TemporaryDirectory(prefix="zepholt-codes-")
+    (ort() / "leer").mkdir()
+
+
+def beende():
+    if _ordner:
+        _ordner.cleanup()
+
+
+def ort():
+    """The folder in which the program runs."""
+    return pathlib.Path(_ordner.name)
+
+
+def unter_emulator():
+    return len(programm) > 1
+
+
+def anmelden(name, pruefung):
+    _offen.append(pytest.param(pruefung, id=name))
+
+
+def faelle():
+    """The test whose cases are those said since the last call."""
+    gesagt = _offen[:]
+    _offen.clear()
+    assert gesagt, "a test without cases"
+
+    @pytest.mark.parametrize("pruefung", gesagt)
+    def test(pruefung):
+        pruefung()
+
+    return test
+
+
+def nichts_offen():
+    assert not _offen, f"cases that belong to no test: {[fall.id for fall in _offen[:3]]}"
+
+
+def _vergleiche(ist, soll):
+    ist, soll = (wert() if callable(wert) else wert for wert in (ist, soll))
+    assert ist == soll
+
+
+def erwarte(name, ist, soll):
+    """A case of two values; one that needs a run is given as a function, partial(lauf, ...)."""
+    anmelden(name, partial(_vergleiche, ist, soll))
+
+
+# Files
 
 def satz(art, felder=None):
     """A record as text: the second character of `art` goes to column 42; it ends behind its last field."""
@@ -33,49 +98,64 @@ def satz(art, felder=None):
     return "".join(zeichen.get(i, " ") for i in range(max(zeichen) + 1))
 
 
-def datei(art, saetze, kopf=None, schluss=None):
-    """The bytes of a file of kind "01S" or "E1S"; `kopf` and `schluss` overwrite fields of records A and Z."""
+def zeilen_der_datei(art, saetze, kopf=None, schluss=None):
+    """All records of a file of kind "01S" or "E1S"; `kopf` and `schluss` overwrite fields of records A and Z."""
     zeilen = [satz("A", {**KOPF, **KENNUNG[art], **(kopf or {})}), *saetze]
-    zeilen.append(satz("Z", {**SCHLUSS, 46: f"{len(zeilen) + 1:013}", **(schluss or {})}))
+    return [*zeilen, satz("Z", {**SCHLUSS, 46: f"{len(zeilen) + 1:013}", **(schluss or {})})]
+
+
+def datei(art, saetze, kopf=None, schluss=None):
+    zeilen = zeilen_der_datei(art, saetze, kopf, schluss)
     return "".join(zeile + "\r\n" for zeile in zeilen).encode("cp850" if art == "01S" else "utf-8")
 
 
-def lauf(art, saetze, kopf=None, schluss=None, katalog=None, sprache="de", mehr=()):
-    """Runs the program on that file and returns the whole protocol. Without `katalog` the catalogue is an empty folder."""
-    pfad = pathlib.Path(ort.name)
-    (pfad / "leer").mkdir(exist_ok=True)
-    (pfad / f"e.{art}").write_bytes(datei(art, saetze, kopf, schluss))
-    (pfad / "p.xml").unlink(missing_ok=True)
-    befehl = [*PROGRAMM, f"file=e.{art}", f"dialog={sprache}-", "errorfile=p.xml", f"catalog={katalog or 'leer'}", *mehr]
-    ende = subprocess.run(befehl, cwd=pfad, capture_output=True, timeout=60)
-    if ende.returncode != 0 or ende.stdout:
+# Runs
+
+def befehl(argumente, ausgabe="p.xml", frist=60):
+    """One run; the file it wrote as text, or in words how else it ended. It may leave nothing else behind."""
+    ziel = ort() / ausgabe
+    ziel.unlink(missing_ok=True)
+    vorher = {*os.listdir(ort())}
+    try:
+        ende = subprocess.run([*programm, *argumente], cwd=ort(), capture_output=True, stdin=subprocess.DEVNULL,
+                              timeout=frist)
+    except subprocess.TimeoutExpired:
+        return HAENGT
+    nachher = {*os.listdir(ort())}
+    da = ausgabe in nachher
+    if nachher - vorher - {ausgabe}:
+        return f"left behind: {sorted(nachher)}"
+    if ende.returncode == 1 and not da and not ende.stdout and re.fullmatch(rb"[^\n]+\n", ende.stderr):
+        return ABBRUCH
+    if ende.returncode != 0 or ende.stdout or ende.stderr:
         return f"status {ende.returncode}: {ende.stderr!r}{ende.stdout!r}"
-    return (pfad / "p.xml").read_bytes().decode("latin-1")
+    return ziel.read_bytes().decode("latin-1") if da else NICHTS
+
+
+def parameter(datei_, sprache="de-", ausgabe="p.xml", katalog="leer", mehr=()):
+    """The arguments of a run. `katalog` is a path, or a function that lays the catalogue down and gives its path."""
+    return [f"file={datei_}", f"dialog={sprache}", f"errorfile={ausgabe}",
+            f"catalog={katalog() if callable(katalog) else katalog}", *mehr]
+
+
+def lauf(art, saetze, kopf=None, schluss=None, katalog="leer", sprache="de", mehr=()):
+    """Runs the program on that file, without a window, and gives the protocol. The catalogue is an empty folder."""
+    (ort() / f"e.{art}").write_bytes(datei(art, saetze, kopf, schluss))
+    return befehl(parameter(f"e.{art}", f"{sprache}-", katalog=katalog, mehr=mehr))
 
 
 def elemente(protokoll):
-    return re.findall(r"<Error [^>]*/>", protokoll)
+    """The Error elements; the end of a run that wrote no protocol stays what it is."""
+    return re.findall(r"<Error [^>]*/>", protokoll) if protokoll.startswith("<?xml") else protokoll
 
 
-def fehler(code, schwere, text, L=None, I=None, F=None):
-    """An Error element as it must stand in the protocol. `text` as it is read by a person; it is escaped here."""
-    for zeichen, ersatz in (("&", "&amp;"), ("<", "&lt;"), (">", "&gt;"), ("\u2018", "'"), ("\u2019", "'"),
+def ohne_uhr(protokoll):
+    return re.sub(r"<Date>\d{4}-\d\d-\d\d</Date><Time>\d\d:\d\d</Time>", "<Date>-</Date><Time>-</Time>", protokoll)
+
+
+def maskiert(text):
+    """A text as a protocol or a list holds it: typographic apostrophes become plain ones, then the five escapes."""
+    for zeichen, ersatz in (("\u2018", "'"), ("\u2019", "'"), ("&", "&amp;"), ("<", "&lt;"), (">", "&gt;"),
                             ("'", "&apos;"), ('"', "&quot;")):
         text = text.replace(zeichen, ersatz)
-    attribute = [("L", L), ("I", I), ("N", code), ("E", schwere), ("F", F), ("T", text)]
-    return "<Error " + " ".join(f'{n}="{w}"' for n, w in attribute if w is not None) + "/>"
-
-
-def erwarte(name, ist, soll):
-    """One case: `ist` and `soll` are lists of Error elements (or any two values)."""
-    if ist == soll:
-        zaehler["gut"] += 1
-        return
-    zaehler["schlecht"] += 1
-    print(f"FAILED {name}\n  expected {soll}\n  found    {ist}")
-
-
-def abschluss():
-    print(f"{zaehler['gut']} passed, {zaehler['schlecht']} failed")
-    ort.cleanup()
-    sys.exit(1 if zaehler["schlecht"] or not zaehler["gut"] else 0)
+    return text

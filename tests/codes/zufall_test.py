@@ -1,14 +1,13 @@
-#!/usr/bin/env python3
 """Random documents of structure, condition and attachment records, against the rules written down once more.
 
 Fields come from few values, so that codes repeat, levels collide and jokers meet; numbers are now and then no numbers.
 The seed is fixed. Modell is the plain form of the rules: lists, scans from the first entry, findings in the order of
-their report; the order of the protocol is made by geordnet().
+their report.
 """
 import random
 
-from befund import f, fall, geordnet
-from rahmen import abschluss, satz
+from befunde import f, fall
+from rahmen import BEIDE, faelle, satz
 
 DOKUMENTE = 150  # of each kind of file
 FELDNAME = {}  # (record, column) -> field reference
@@ -306,7 +305,7 @@ class Modell:
                     tests[self.satz[0] + self.satz[41]]()
             if buchstabe == "B":
                 self.b_ende()
-        return geordnet(self.befunde)
+        return self.befunde
 
 
 # --- random documents -------------------------------------------------------------------------------------------------
@@ -416,8 +415,8 @@ def dokument(neu):
 
 
 for i in range(DOKUMENTE):
-    for art in ("01S", "E1S"):
+    for art in BEIDE:
         zeilen = dokument(art == "E1S")
         fall(f"document {i}", art, zeilen, Modell(art == "E1S").pruefe(zeilen))
 
-abschluss()
+test_random_documents_against_the_rules_written_once_more = faelle()

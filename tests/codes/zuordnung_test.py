@@ -1,35 +1,38 @@
 """Codes 4401 to 4496: assignments of preliminary remarks (G4)."""
-from gblock import (BEIDE, EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, bei, fall, g1,
-                    g2, g4, g5, ohne)
-from rahmen import abschluss, satz
+from befunde import f, ohne_zeile
+from gblock import EINRICHTUNG, EKG, KAG, NUTZUNG, OGL, RAUM, STRUKTUR, STRUKTUR_E1S, VARIANTEN, fall, g1, g2, g4, g5
+from rahmen import BEIDE, faelle, satz
 
 
 def zuordnung(name, arten, felder, codes, davor=STRUKTUR, vorher=()):
     """One G4 on position 111100, line 3; `codes` are its codes, or a code with its field."""
-    meldungen = [bei(*(code[:1] + (3,) + code[1:] if isinstance(code, tuple) else (code, 3))) for code in codes]
+    meldungen = [f(*(code[:1] + (3,) + code[1:] if isinstance(code, tuple) else (code, 3))) for code in codes]
     fall(name, arten, [g1(), g2("111100"), g4(felder=felder)], [*vorher, *meldungen], davor=davor)
 
 
 # A 01S file with uses or rooms has lines of an undefined type: one finding without a place, for the whole file.
-UNDEFINIERT = [ohne(2041)]
+UNDEFINIERT = [f(2041)]
 
 # Chapter, position, level.
-fall("4401", BEIDE, [g1(), g2("111100"), g4(kapitel="112")], [bei(4401, 3)])
+fall("4401", BEIDE, [g1(), g2("111100"), g4(kapitel="112")], [f(4401, 3)])
 fall("no 4401, and no reference is needed", BEIDE, [g1(), g2("111100"), g4()], [])
-fall("4402", BEIDE, [g1(), g2("111100"), g4("111200")], [bei(4402, 3)])
-fall("4403", BEIDE, [g1(), g2("111001"), g4("111001")], [bei(4403, 3)])
+fall("4402", BEIDE, [g1(), g2("111100"), g4("111200")], [f(4402, 3)])
+fall("4403", BEIDE, [g1(), g2("111001"), g4("111001")], [f(4403, 3)])
 for position in ("111000", "110000", "100000", "111010", "111100"):
     fall(f"no 4403 {position}", BEIDE, [g1(), g2(position), g4(position)], [])
 SCHLECHT = {18: "X", 24: "Y", 30: "Z", 33: "Z", 82: "X", 87: "X", 129: "X", 135: "x", 168: "X", 188: "X"}
 for position, code in (("111200", 4402), ("111001", 4403)):
-    fall(f"{code} ends the record", BEIDE, [g1(), g2("111001"), g4(position, SCHLECHT)], [bei(code, 3)])
-fall("4401 ends the record", BEIDE, [g1(), g2("111100"), g4(kapitel="112", felder=SCHLECHT)], [bei(4401, 3)])
+    fall(f"{code} ends the record", BEIDE, [g1(), g2("111001"), g4(position, SCHLECHT)], [f(code, 3)])
+fall("4401 ends the record", BEIDE, [g1(), g2("111100"), g4(kapitel="112", felder=SCHLECHT)], [f(4401, 3)])
 fall("4403 stores nothing", "01S", [g1(), g2(), g4("111001", {136: "05"}), g4("111001", {82: "12", 136: "05"})],
-     [bei(4403, 3), bei(4403, 4)], davor=KAG)
+     [f(4403, 3), f(4403, 4)], davor=KAG)
 fall("the outdated order is told before the record ends", "E1S", [g1(), g2(), g4("111001", {136: "05"})],
-     [bei(3208, 3), bei(4403, 3)])
+     [f(3208, 3), f(4403, 3)])
 fall("the outdated order is told before the chapter is looked for", "E1S", [g4(felder={136: "05"})],
-     [bei(3208, 1), bei(4401, 1)], kapitel=())
+     [f(3208, 1), f(4401, 1)], kapitel=())
+
+test_an_assignment_needs_chapter_and_title_position = faelle()
+
 
 # The furnishing detail. The fittings are allowed in each chapter: 4412, 4422, 4432, 4442, 4452, 4492, 4496 are never reported.
 for zeichen in ("x", "+", "1"):
@@ -48,6 +51,9 @@ for stern in ("*", " "):
     for spalte in (168, 188):
         zuordnung(f"{spalte} alone, detail {stern}", "E1S", {spalte: ALLE[spalte], 135: stern}, [], STRUKTUR_E1S)
 zuordnung("the detail is told beside a wrong fitting", BEIDE, {129: "X", 135: "x"}, [4461, 4451])
+
+test_furnishing_detail = faelle()
+
 
 # Each reference: its code is not there, its structure is not there, and what a joker does.
 for spalte, feld, code, gut, falsch, struktur in (
@@ -119,27 +125,33 @@ for eintrag, gefunden in (("12", True), ("123", True), ("1", False)):
 zuordnung("joker * below an object without locations", "01S", {18: "H3", 24: "*"}, [],
           [*OGL[:1], satz("B2", {2: "002", 18: "H3", 93: "Haus 3"})])
 
+test_references_of_an_assignment_are_looked_up = faelle()
+
+
 # Order.
 REIHE = [g4(felder={82: code, 136: "05"}) for code in ("12", "123")]
-fall("4471", "01S", [g1(), g2("111100"), *REIHE], [bei(4471, 4)], davor=KAG)
-fall("no 4471, the order is outdated", "E1S", [g1(), g2("111100"), *REIHE], [bei(3208, 3), bei(3208, 4)], davor=KAG)
+fall("4471", "01S", [g1(), g2("111100"), *REIHE], [f(4471, 4)], davor=KAG)
+fall("no 4471, the order is outdated", "E1S", [g1(), g2("111100"), *REIHE], [f(3208, 3), f(3208, 4)], davor=KAG)
 fall("no 4471", "01S", [g1(), g2("111100"), REIHE[0], g4(felder={82: "123", 136: "06"})], [], davor=KAG)
 fall("no 4471 of zeros", "01S", [g1(), g2("111100"), *(g4(felder={82: c, 136: "00"}) for c in ("12", "123"))], [],
      davor=KAG)
 fall("3208 of zeros", "E1S", [g1(), g2("111100"), *(g4(felder={82: c, 136: "00"}) for c in ("12", "123"))],
-     [bei(3208, 3), bei(3208, 4)], davor=KAG)
+     [f(3208, 3), f(3208, 4)], davor=KAG)
 fall("no 4471 on another position", "01S",
      [g1(), g2("111100"), g4(felder={136: "05"}), g2("111200"), g4("111200", {136: "05"})], [])
 fall("4471 once a record, which is stored all the same", "01S",
      [g1(), g2("111100"), g4(felder={136: "05"}), *REIHE, g4(felder={18: "H1", 136: "05"})],
-     [bei(4471, 4), bei(4471, 5), bei(4471, 6)], davor=KAG + OGL)
+     [f(4471, 4), f(4471, 5), f(4471, 6)], davor=KAG + OGL)
 fall("an assignment with a wrong reference is stored", "01S",
-     [g1(), g2("111100"), g4(felder={82: "X", 136: "05"}), g4(felder={136: "05"})], [bei(4421, 3), bei(4471, 4)])
+     [g1(), g2("111100"), g4(felder={82: "X", 136: "05"}), g4(felder={136: "05"})], [f(4421, 3), f(4471, 4)])
 zuordnung("order no number", "01S", {136: "5 "}, [(3001, "G4:24d")])
 zuordnung("order no number", "E1S", {136: "5 "}, [(3001, "G4:24d"), 3208])
 fall("order no number counts as none", "01S",
      [g1(), g2("111100"), *(g4(felder={82: c, 136: "5 "}) for c in ("12", "123"))],
-     [bei(3001, 3, "G4:24d"), bei(3001, 4, "G4:24d")], davor=KAG)
+     [f(3001, 3, "G4:24d"), f(3001, 4, "G4:24d")], davor=KAG)
+
+test_order_of_assignments_is_unique = faelle()
+
 
 # The joker is gone from the new interface: once for the record.
 zuordnung("4481 once", "E1S", {18: "H*", 82: "*"}, [4481])
@@ -160,12 +172,15 @@ for art in BEIDE:
               [(3001, feld) for feld, _ in FELDER for _ in (1, 2)]
               + [4411, 4414, 4421, 4431, 4441, 4444, 4451, 4491, 4495] + ([4481] if art == "E1S" else []))
 fall("form errors of the number fields", BEIDE, [satz("G4")],
-     [bei(3002, 1, "G4:2a"), bei(3002, 1, "G4:3"), bei(4401, 1)], kapitel=())
+     [f(3002, 1, "G4:2a"), f(3002, 1, "G4:3"), f(4401, 1)], kapitel=())
+
+test_a_joker_is_told_once_in_an_e1s_file = faelle()
+
 
 # Stored or not shows at a title position: an assignment belongs in an end node.
 fall("stored", BEIDE, [g1(), g2("111000"), g4("111000", {18: "X"}), g2("111001"), g5()],
-     [bei(4411, 3), ohne(4711, 111, 111000), ohne(4731, 111, 111000)])
+     [f(4411, 3), ohne_zeile(4711, 111, 111000), ohne_zeile(4731, 111, 111000)])
 fall("not stored", BEIDE, [g1(), g2("111000"), g4("111200", {18: "X"}), g2("111300")],
-     [bei(4402, 3), ohne(4711, 111, 111000)])
+     [f(4402, 3), ohne_zeile(4711, 111, 111000)])
 
-abschluss()
+test_what_an_assignment_leaves_for_the_tree = faelle()

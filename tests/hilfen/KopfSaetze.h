@@ -3,10 +3,12 @@
 
 #include "hilfen/Zeilenbau.h"
 
+#include <string>
+
 namespace zepholt::hilfen {
 
 // Record A of the old (11) or the new (21) interface; `aenderungen` overwrite its fields.
-inline Text SatzA(std::int32_t revision, std::initializer_list<Feldwert> aenderungen = {}) {
+inline Text SatzA(std::int32_t revision, const std::vector<Feldwert>& aenderungen = {}) {
     Text satz = Zeile(u"A", {{2, u"211126"},
                              {8, revision >= 12 ? u"QVMX17" : u"451-92"},
                              {14, revision >= 12 ? u"21" : u"11"},
@@ -23,19 +25,13 @@ inline Text SatzA(std::int32_t revision, std::initializer_list<Feldwert> aenderu
                              {188, u"Bern"},
                              {208, u"Ausmass"}});
     satz.resize(256, u' ');
-    for (const Feldwert& feld : aenderungen) {
-        satz.replace(static_cast<std::size_t>(feld.Spalte - 1), feld.Wert.size(), feld.Wert);
-    }
-    return satz;
+    return Geaendert(satz, aenderungen);
 }
 
 // Record Z of a file of `anzahl` lines, A and Z included.
-inline Text SatzZ(std::int32_t anzahl, std::initializer_list<Feldwert> aenderungen = {}) {
-    Text zahl;
-    for (std::int32_t rest = anzahl; rest > 0; rest /= 10) {
-        zahl.insert(0, 1, static_cast<char16_t>(u'0' + rest % 10));
-    }
-    zahl.insert(0, 13 - zahl.size(), u'0');
+inline Text SatzZ(std::size_t anzahl, const std::vector<Feldwert>& aenderungen = {}) {
+    const std::string ziffern = std::to_string(anzahl);
+    const Text zahl = Text(13 - ziffern.size(), u'0') + Text(ziffern.begin(), ziffern.end());
     Text satz = Zeile(u"Z", {{2, u"211126"},
                              {18, u"Ersteller"},
                              {46, zahl},
@@ -45,10 +41,7 @@ inline Text SatzZ(std::int32_t anzahl, std::initializer_list<Feldwert> aenderung
                              {168, u"Muster AG"},
                              {188, u"Bern"}});
     satz.resize(256, u' ');
-    for (const Feldwert& feld : aenderungen) {
-        satz.replace(static_cast<std::size_t>(feld.Spalte - 1), feld.Wert.size(), feld.Wert);
-    }
-    return satz;
+    return Geaendert(satz, aenderungen);
 }
 
 } // namespace zepholt::hilfen

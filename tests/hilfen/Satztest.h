@@ -5,6 +5,7 @@
 #pragma once
 
 #include "errors/TestFehler.h"
+#include "hilfen/Funde.h"
 #include "hilfen/Zeilenbau.h"
 #include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
@@ -12,9 +13,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <deque>
-#include <ostream>
 #include <utility>
 #include <vector>
 
@@ -22,31 +21,6 @@ namespace zepholt::hilfen {
 
 constexpr std::int32_t Alt = 11; // the interface of 01S files
 constexpr std::int32_t Neu = 21; // the interface of E1S files
-
-// A finding: its code, its line from 0 (-1 for none), its column from 1 (0 for none).
-struct Fund {
-    std::int32_t Code;
-    std::int32_t Zeile;
-    std::int32_t Spalte = 0;
-
-    bool operator==(const Fund&) const = default;
-
-    friend std::ostream& operator<<(std::ostream& aus, const Fund& fund) {
-        return aus << fund.Code << "@" << fund.Zeile << ":" << fund.Spalte;
-    }
-};
-
-using Funde = std::vector<Fund>;
-
-// `satz` with fields written over it; it grows where they lie behind its end.
-inline Text Geaendert(Text satz, const std::vector<Feldwert>& felder) {
-    for (const Feldwert& feld : felder) {
-        const auto ab = static_cast<std::size_t>(feld.Spalte - 1);
-        satz.resize(std::max(satz.size(), ab + feld.Wert.size()), u' ');
-        satz.replace(ab, feld.Wert.size(), feld.Wert);
-    }
-    return satz;
-}
 
 // A record of full length with another character, none of them a digit, in each of its columns: what is read from the
 // wrong columns shows. `felder` are written over it.
@@ -86,12 +60,7 @@ protected:
     Funde Rufe(Test test) {
         const std::size_t bisher = fehlerSpeicher.FehlerListe.size();
         test();
-        Funde funde;
-        for (std::size_t i = bisher; i < fehlerSpeicher.FehlerListe.size(); ++i) {
-            const FehlerEintrag fehler = fehlerSpeicher.FehlerListe[i];
-            funde.push_back({fehler.Code, fehler.Zeile, fehler.Spalte});
-        }
-        return funde;
+        return FundeAb(bisher);
     }
 
 private:

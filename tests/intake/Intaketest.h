@@ -1,7 +1,8 @@
 // An exchange file for a test: its records become a real file, which the intake reads.
 #pragma once
 
-#include "errors/TestFehler.h"
+#include "hilfen/Funde.h"
+#include "hilfen/KopfSaetze.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
 #include "intake/TestTechnisch.h"
@@ -11,32 +12,9 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
 #include <vector>
 
 namespace zepholt::hilfen {
-
-struct Befund {
-    std::int32_t Code;
-    std::int32_t Zeile;
-    std::int32_t Spalte = 0;
-
-    bool operator==(const Befund&) const = default;
-
-    friend std::ostream& operator<<(std::ostream& aus, const Befund& befund) {
-        return aus << befund.Code << "@" << befund.Zeile << ":" << befund.Spalte;
-    }
-};
-
-using Befunde = std::vector<Befund>;
-
-inline Befunde AlleBefunde() {
-    Befunde befunde;
-    for (const FehlerEintrag& fehler : fehlerSpeicher.FehlerListe) {
-        befunde.push_back({fehler.Code, fehler.Zeile, fehler.Spalte});
-    }
-    return befunde;
-}
 
 inline void Beginne() {
     NeuerLauf();
@@ -70,25 +48,6 @@ inline std::string AlsUtf8(TextSicht text) {
     return bytes;
 }
 
-inline Text KopfA(bool e1s, std::initializer_list<Feldwert> aenderungen = {}) {
-    Text kopf =
-        Zeile(u"A", {{8, e1s ? u"QVMX17" : u"451-92"}, {14, e1s ? u"21" : u"11"}, {42, u"1"}, {63, u"1"}, {256, u" "}});
-    for (const Feldwert& feld : aenderungen) {
-        kopf.replace(static_cast<std::size_t>(feld.Spalte - 1), feld.Wert.size(), feld.Wert);
-    }
-    return kopf;
-}
-
-inline Text Dezimal(std::size_t zahl) {
-    const std::string ziffern = std::to_string(zahl);
-    return {ziffern.begin(), ziffern.end()};
-}
-
-// Record Z of a file of `anzahl` lines, A and Z included.
-inline Text SchlussZ(std::size_t anzahl) {
-    return Zeile(u"Z", {{46, Dezimal(anzahl)}, {62, u"-"}, {63, u"1"}});
-}
-
 class Intaketest : public ::testing::Test {
 protected:
     Intaketest() { Beginne(); }
@@ -118,23 +77,23 @@ protected:
     }
 
     // Runs all file-level tests on a good frame with these lines between A and Z; the findings are those of the run.
-    Befunde Teste(bool e1s, std::vector<Text> mitte) {
+    Funde Teste(bool e1s, std::vector<Text> mitte) {
         Beginne();
-        mitte.insert(mitte.begin(), KopfA(e1s));
-        mitte.push_back(SchlussZ(mitte.size() + 1));
+        mitte.insert(mitte.begin(), SatzA(e1s ? 21 : 11));
+        mitte.push_back(SatzZ(mitte.size() + 1));
         e1s ? GibE1S(DateiE1S(mitte)) : Gib01S(Datei01S(mitte));
         m_ergebnis = DateiTesten();
-        return AlleBefunde();
+        return FundeAb(0);
     }
-    Befunde Teste01S(std::vector<Text> mitte) { return Teste(false, std::move(mitte)); }
-    Befunde TesteE1S(std::vector<Text> mitte) { return Teste(true, std::move(mitte)); }
+    Funde Teste01S(std::vector<Text> mitte) { return Teste(false, std::move(mitte)); }
+    Funde TesteE1S(std::vector<Text> mitte) { return Teste(true, std::move(mitte)); }
 
     // The same on a whole file of a 451-92 file's lines.
-    Befunde TesteGanze(const std::vector<Text>& zeilen) {
+    Funde TesteGanze(const std::vector<Text>& zeilen) {
         Beginne();
         Gib01S(Datei01S(zeilen));
         m_ergebnis = DateiTesten();
-        return AlleBefunde();
+        return FundeAb(0);
     }
 
     Testordner m_ordner;

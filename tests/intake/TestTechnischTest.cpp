@@ -15,7 +15,7 @@ namespace {
 using namespace hilfen;
 using namespace std::string_view_literals;
 
-const Befunde Keine;
+const Funde Keine;
 
 // --- Loading ---------------------------------------------------------------------------------------------------------
 
@@ -32,7 +32,7 @@ protected:
         const bool ergebnis = DateiEinlesen();
         EXPECT_EQ(FehlerAnzahl(), ergebnis ? 0 : 1);
         EXPECT_EQ(testDaten.Zeilen.empty(), !ergebnis);
-        return ergebnis ? 0 : AlleBefunde().at(0).Code;
+        return ergebnis ? 0 : FundeAb(0).at(0).Code;
     }
 
     std::int32_t LiesBytes(std::string_view bytes, std::string_view name) {
@@ -43,7 +43,7 @@ protected:
 };
 
 TEST_F(Einlesen, GuteDateiBeiderArten) {
-    EXPECT_EQ(Lies(false, KopfA(false)), 0);
+    EXPECT_EQ(Lies(false, SatzA(11)), 0);
     EXPECT_EQ(testDaten.Dateiformat, u"01S");
     EXPECT_FALSE(testDaten.IstE1S);
     EXPECT_FALSE(testDaten.Utf8Modus);
@@ -52,7 +52,7 @@ TEST_F(Einlesen, GuteDateiBeiderArten) {
     EXPECT_EQ(testDaten.ZeilenAnzahl, 2);
     EXPECT_EQ(testDaten.Zeilen[1], u"Z");
 
-    EXPECT_EQ(Lies(true, KopfA(true)), 0);
+    EXPECT_EQ(Lies(true, SatzA(21)), 0);
     EXPECT_EQ(testDaten.Dateiformat, u"E1S");
     EXPECT_TRUE(testDaten.IstE1S);
     EXPECT_TRUE(testDaten.Utf8Modus);
@@ -61,8 +61,8 @@ TEST_F(Einlesen, GuteDateiBeiderArten) {
 }
 
 TEST_F(Einlesen, DerNameAlleinEntscheidet) {
-    const std::string alt = Datei01S({KopfA(false)});
-    const std::string neu = DateiE1S({KopfA(true)});
+    const std::string alt = Datei01S({SatzA(11)});
+    const std::string neu = DateiE1S({SatzA(21)});
     for (const std::string_view name : {"a.E1S", "a.e1s", "a.e1S", "x.01S.E1s", ".e1s"}) {
         EXPECT_EQ(LiesBytes(neu, name), 0) << name;
         EXPECT_EQ(LiesBytes(alt, name), 2004) << name;
@@ -85,7 +85,7 @@ TEST_F(Einlesen, NameKuerzerAlsDieEndung) {
 TEST_F(Einlesen, UnbrauchbareDatei) {
     EXPECT_EQ(LiesBytes("", "a.01S"), 2001);
     EXPECT_EQ(LiesBytes("", "a.E1S"), 2001);
-    const std::string gut = Datei01S({KopfA(false), u"Z"});
+    const std::string gut = Datei01S({SatzA(11), u"Z"});
     EXPECT_EQ(LiesBytes(gut, "a.01S"), 0);
     EXPECT_EQ(LiesBytes(gut.substr(0, gut.size() - 1), "a.01S"), 2001);
     EXPECT_EQ(LiesBytes(gut.substr(0, gut.size() - 2), "a.01S"), 2001);
@@ -107,12 +107,12 @@ TEST_F(Einlesen, KeineGewoehnlicheDatei) {
 }
 
 TEST_F(Einlesen, Kennung) {
-    EXPECT_EQ(Lies(false, KopfA(false, {{8, u"451-93"}})), 2002);
-    EXPECT_EQ(Lies(false, KopfA(false, {{8, u"451 92"}})), 2002);
+    EXPECT_EQ(Lies(false, SatzA(11, {{8, u"451-93"}})), 2002);
+    EXPECT_EQ(Lies(false, SatzA(11, {{8, u"451 92"}})), 2002);
     EXPECT_EQ(Lies(false, u"A"), 2002);
     EXPECT_EQ(Lies(false, u""), 2002);
-    EXPECT_EQ(Lies(true, KopfA(true, {{8, u"QVMX18"}})), 2004);
-    EXPECT_EQ(Lies(true, KopfA(true, {{8, u"qvmx17"}})), 2004);
+    EXPECT_EQ(Lies(true, SatzA(21, {{8, u"QVMX18"}})), 2004);
+    EXPECT_EQ(Lies(true, SatzA(21, {{8, u"qvmx17"}})), 2004);
     EXPECT_EQ(Lies(true, u""), 2004);
     EXPECT_EQ(testDaten.SchnittstellenId, u"");
     EXPECT_EQ(testDaten.Revision, 0);
@@ -134,7 +134,8 @@ TEST_F(Einlesen, Revision) {
         {true, u"10", 2006, 0},  {true, u"  ", 2006, 0},   {true, u" 1", 2006, 0},
     };
     for (const RevisionFall& fall : faelle) {
-        EXPECT_EQ(Lies(fall.IstE1S, KopfA(fall.IstE1S, {{14, fall.Spalten}})), fall.Code) << AlsUtf8(fall.Spalten);
+        EXPECT_EQ(Lies(fall.IstE1S, SatzA(fall.IstE1S ? 21 : 11, {{14, fall.Spalten}})), fall.Code)
+            << AlsUtf8(fall.Spalten);
         EXPECT_EQ(testDaten.Revision, fall.Revision) << AlsUtf8(fall.Spalten);
     }
 }
@@ -142,26 +143,26 @@ TEST_F(Einlesen, Revision) {
 TEST_F(Einlesen, Sprache) {
     for (const bool istE1S : {false, true}) {
         for (const TextSicht gut : {u"1", u"2", u"3"}) {
-            EXPECT_EQ(Lies(istE1S, KopfA(istE1S, {{42, gut}})), 0);
+            EXPECT_EQ(Lies(istE1S, SatzA(istE1S ? 21 : 11, {{42, gut}})), 0);
         }
         for (const TextSicht schlecht : {u"0", u"4", u" ", u"x"}) {
-            EXPECT_EQ(Lies(istE1S, KopfA(istE1S, {{42, schlecht}})), 2003);
+            EXPECT_EQ(Lies(istE1S, SatzA(istE1S ? 21 : 11, {{42, schlecht}})), 2003);
         }
-        EXPECT_EQ(Lies(istE1S, KopfA(istE1S).substr(0, 41)), 2003);
+        EXPECT_EQ(Lies(istE1S, SatzA(istE1S ? 21 : 11).substr(0, 41)), 2003);
     }
 }
 
 TEST_F(Einlesen, ReihenfolgeDerTestsImKopf) {
-    EXPECT_EQ(Lies(false, KopfA(false, {{8, u"x"}, {14, u"  "}, {42, u" "}})), 2002);
-    EXPECT_EQ(Lies(false, KopfA(false, {{14, u"  "}, {42, u" "}})), 2006);
-    EXPECT_EQ(Lies(true, KopfA(true, {{14, u"11"}, {42, u" "}})), 2005);
+    EXPECT_EQ(Lies(false, SatzA(11, {{8, u"x"}, {14, u"  "}, {42, u" "}})), 2002);
+    EXPECT_EQ(Lies(false, SatzA(11, {{14, u"  "}, {42, u" "}})), 2006);
+    EXPECT_EQ(Lies(true, SatzA(21, {{14, u"11"}, {42, u" "}})), 2005);
 }
 
 const std::initializer_list<Feldwert> Projekt = {{82, u" P-1"},        {93, u"Schulhaus"},  {123, u"D-1"},
                                                  {138, u"Baumeister"}, {168, u"Muster AG"}, {208, u"Ausmass"}};
 
 TEST_F(Einlesen, KopfAuchBeiFalscherSprache) {
-    Text kopf = KopfA(false, Projekt);
+    Text kopf = SatzA(11, Projekt);
     kopf[41] = u'0';
     EXPECT_EQ(Lies(false, kopf), 2003);
     EXPECT_EQ(sia451Datei.ProjektNummer, u" P-1       ");
@@ -173,7 +174,7 @@ TEST_F(Einlesen, KopfAuchBeiFalscherSprache) {
 }
 
 TEST_F(Einlesen, KeinKopfNachFalscherRevision) {
-    Text kopf = KopfA(true, Projekt);
+    Text kopf = SatzA(21, Projekt);
     kopf.replace(13, 2, u"11");
     EXPECT_EQ(Lies(true, kopf), 2005);
     EXPECT_EQ(sia451Datei.ProjektName, u"");
@@ -189,36 +190,36 @@ TEST_F(Einlesen, KopfEinerKurzenZeile) {
 
 TEST_F(Einlesen, BytesVorDemKopf) {
     // A 451-92 file with umlauts under the name of an E1S file.
-    EXPECT_EQ(LiesBytes(Datei01S({KopfA(false, {{93, u"\x84"}})}), "a.E1S"), 2007);
-    EXPECT_EQ(LiesBytes(Datei01S({KopfA(false, {{93, u"\x84"}})}), "a.01S"), 0);
+    EXPECT_EQ(LiesBytes(Datei01S({SatzA(11, {{93, u"\x84"}})}), "a.E1S"), 2007);
+    EXPECT_EQ(LiesBytes(Datei01S({SatzA(11, {{93, u"\x84"}})}), "a.01S"), 0);
     // Line ends come before the encoding.
     EXPECT_EQ(LiesBytes("\x84\n", "a.E1S"), 2001);
     EXPECT_EQ(LiesBytes("\x84\r\n", "a.E1S"), 2007);
 }
 
 TEST_F(Einlesen, JenseitsDerErstenEbene) {
-    const std::string kopf = DateiE1S({KopfA(true)});
+    const std::string kopf = DateiE1S({SatzA(21)});
     EXPECT_EQ(LiesBytes(kopf + "G\xF0\x9F\x98\x80\r\nZ\r\n", "a.E1S"), 2008);
-    EXPECT_EQ(AlleBefunde(), (Befunde{{2008, 1}}));
+    EXPECT_EQ(FundeAb(0), (Funde{{2008, 1}}));
     EXPECT_EQ(LiesBytes(kopf + "G\xEF\xBF\xBD\r\nZ\r\n", "a.E1S"), 0);
 }
 
 TEST_F(Einlesen, Marke) {
     const std::string marke = "\xEF\xBB\xBF";
-    const std::string neu = DateiE1S({KopfA(true), u"G\u00E4"});
+    const std::string neu = DateiE1S({SatzA(21), u"G\u00E4"});
     EXPECT_EQ(LiesBytes(marke + neu, "a.E1S"), 0);
-    EXPECT_EQ(testDaten.Zeilen[0], KopfA(true));
+    EXPECT_EQ(testDaten.Zeilen[0], SatzA(21));
     EXPECT_EQ(testDaten.Zeilen[1], u"G\u00E4");
     EXPECT_EQ(LiesBytes(marke + marke + neu, "a.E1S"), 2004);
 
-    const std::string alt = AlsUtf8(KopfA(false)) + "\r\nG\xC3\xA4\r\n";
+    const std::string alt = AlsUtf8(SatzA(11)) + "\r\nG\xC3\xA4\r\n";
     EXPECT_EQ(LiesBytes(marke + alt, "a.01S"), 2002);
     EXPECT_EQ(LiesBytes(alt, "a.01S"), 0);
     EXPECT_EQ(testDaten.Zeilen[1], u"G\u251C\u00F1");
 }
 
 TEST_F(Einlesen, MarkeInDenJahrenDesUebergangs) {
-    const std::string alt = AlsUtf8(KopfA(false)) + "\r\nG\xC3\xA4\xFF\r\n";
+    const std::string alt = AlsUtf8(SatzA(11)) + "\r\nG\xC3\xA4\xFF\r\n";
     const auto lies = [&](std::string_view marke, Zeitpunkt (*uhr)()) {
         Beginne();
         testDaten.Uhr = uhr;
@@ -237,11 +238,11 @@ TEST_F(Einlesen, MarkeInDenJahrenDesUebergangs) {
 }
 
 TEST_F(Einlesen, ZeilenWieInDerDatei) {
-    const std::string kopf = Datei01S({KopfA(false)});
+    const std::string kopf = Datei01S({SatzA(11)});
     EXPECT_EQ(LiesBytes(kopf + "eins\r\n\r\n  drei  \r\n" + std::string(300, 'x') + "\r\n", "a.01S"), 0);
     EXPECT_EQ(testDaten.Zeilen,
               (std::vector<TextSicht>{testDaten.Zeilen[0], u"eins", u"", u"  drei  ", testDaten.Zeilen[4]}));
-    EXPECT_EQ(testDaten.Zeilen[0], KopfA(false));
+    EXPECT_EQ(testDaten.Zeilen[0], SatzA(11));
     EXPECT_EQ(testDaten.Zeilen[4], Text(300, u'x'));
     EXPECT_EQ(testDaten.ZeilenAnzahl, 5);
     EXPECT_TRUE(testDaten.ZeilenNummern.empty());
@@ -249,15 +250,15 @@ TEST_F(Einlesen, ZeilenWieInDerDatei) {
 
 TEST_F(Einlesen, NullbyteSchneidetNurImOemText) {
     const std::string null(1, '\0');
-    EXPECT_EQ(LiesBytes(Datei01S({KopfA(false)}) + "ab" + null + "cd\r\nef\r\n", "a.01S"), 0);
+    EXPECT_EQ(LiesBytes(Datei01S({SatzA(11)}) + "ab" + null + "cd\r\nef\r\n", "a.01S"), 0);
     EXPECT_EQ(testDaten.Zeilen[1], u"ab");
     EXPECT_EQ(testDaten.Zeilen[2], u"ef");
-    EXPECT_EQ(LiesBytes(DateiE1S({KopfA(true)}) + "ab" + null + "cd\r\n", "a.E1S"), 0);
+    EXPECT_EQ(LiesBytes(DateiE1S({SatzA(21)}) + "ab" + null + "cd\r\n", "a.E1S"), 0);
     EXPECT_EQ(testDaten.Zeilen[1], u"ab\0cd"sv);
 }
 
 TEST_F(Einlesen, NullbyteImKopf) {
-    std::string bytes = Datei01S({KopfA(false)});
+    std::string bytes = Datei01S({SatzA(11)});
     bytes[20] = '\0';
     EXPECT_EQ(LiesBytes(bytes, "a.01S"), 2003); // column 42 is cut off
     bytes[20] = ' ';
@@ -267,15 +268,15 @@ TEST_F(Einlesen, NullbyteImKopf) {
 }
 
 TEST_F(Einlesen, GrosseDateiUeberVieleBloecke) {
-    std::string bytes = Datei01S({KopfA(false)});
+    std::string bytes = Datei01S({SatzA(11)});
     std::size_t anzahl = 1;
     for (; bytes.size() < 3'000'000; ++anzahl) {
-        bytes += AlsBytes(Dezimal(anzahl)) + std::string(anzahl % 256, '\x84') + "\r\n";
+        bytes += AlsBytes(ZahlText(static_cast<std::int64_t>(anzahl))) + std::string(anzahl % 256, '\x84') + "\r\n";
     }
     EXPECT_EQ(LiesBytes(bytes, "a.01S"), 0);
     ASSERT_EQ(testDaten.Zeilen.size(), anzahl);
     for (std::size_t k = 1; k < anzahl; ++k) {
-        ASSERT_EQ(testDaten.Zeilen[k], Dezimal(k) + Text(k % 256, u'\u00E4'));
+        ASSERT_EQ(testDaten.Zeilen[k], ZahlText(static_cast<std::int64_t>(k)) + Text(k % 256, u'\u00E4'));
     }
 }
 
@@ -308,7 +309,7 @@ protected:
 };
 
 TEST_F(Fortschritt, HoechstensFuenfzigSchritteUndVoll) {
-    std::vector<Text> zeilen = {KopfA(false)};
+    std::vector<Text> zeilen = {SatzA(11)};
     zeilen.resize(3000, Text(98, u'x')); // 100 bytes a line, the first 258
     EXPECT_EQ(LiesMitFenster(Datei01S(zeilen), "a.01S"), 0);
     EXPECT_EQ(m_fenster.Schritte, std::vector<Text>{u"Liest Austauschdatei ein"});
@@ -323,7 +324,7 @@ TEST_F(Fortschritt, HoechstensFuenfzigSchritteUndVoll) {
 
 TEST_F(Fortschritt, ErsteZeilenUnter50BytesBewegenJedesmal) {
     // 44 bytes and 3: a fiftieth is 0.
-    EXPECT_EQ(LiesMitFenster(Datei01S({KopfA(false).substr(0, 42), u"Z"}), "a.01S"), 0);
+    EXPECT_EQ(LiesMitFenster(Datei01S({SatzA(11).substr(0, 42), u"Z"}), "a.01S"), 0);
     ASSERT_EQ(m_fenster.Anteile.size(), 3U);
     EXPECT_NEAR(m_fenster.Anteile[1], 44.0 / 47.0, 1e-9);
 }
@@ -350,51 +351,50 @@ TEST_F(Fortschritt, InDerDialogsprache) {
 class Rahmen : public Intaketest {};
 
 TEST_F(Rahmen, GuteDatei) {
-    EXPECT_EQ(TesteGanze({KopfA(false), SchlussZ(2)}), Keine);
+    EXPECT_EQ(TesteGanze({SatzA(11), SatzZ(2)}), Keine);
     EXPECT_TRUE(m_ergebnis);
 }
 
 TEST_F(Rahmen, EinlesenGehtVor) {
-    EXPECT_EQ(TesteGanze({u"B"}), (Befunde{{2002, 0}}));
+    EXPECT_EQ(TesteGanze({u"B"}), (Funde{{2002, 0}}));
     EXPECT_FALSE(m_ergebnis);
 }
 
 TEST_F(Rahmen, ErsteZeileIstA) {
-    EXPECT_EQ(TesteGanze({KopfA(false, {{1, u"B"}}), SchlussZ(2)}), (Befunde{{2011, 0}}));
-    EXPECT_EQ(TesteGanze({KopfA(false, {{1, u"a"}}), SchlussZ(2)}), (Befunde{{2011, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11, {{1, u"B"}}), SatzZ(2)}), (Funde{{2011, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11, {{1, u"a"}}), SatzZ(2)}), (Funde{{2011, 0}}));
     EXPECT_FALSE(m_ergebnis);
 }
 
 TEST_F(Rahmen, LetzteZeileIstZ) {
-    EXPECT_EQ(TesteGanze({KopfA(false), SchlussZ(2), u"E"}), (Befunde{{2012, 0}}));
-    EXPECT_EQ(TesteGanze({KopfA(false), SchlussZ(2), u""}), (Befunde{{2012, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11), SatzZ(2), u"E"}), (Funde{{2012, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11), SatzZ(2), u""}), (Funde{{2012, 0}}));
 }
 
 TEST_F(Rahmen, NurRecordA) {
-    EXPECT_EQ(TesteGanze({KopfA(false)}), (Befunde{{2012, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11)}), (Funde{{2012, 0}}));
 }
 
 TEST_F(Rahmen, KeineWeitereTeildatei) {
-    EXPECT_EQ(TesteGanze({KopfA(false), Zeile(u"Z", {{46, u"2"}, {62, u"+"}, {63, u"1"}})}), (Befunde{{2013, 0}}));
-    EXPECT_EQ(TesteGanze({KopfA(false), Zeile(u"Z", {{46, u"2"}, {63, u"1"}})}), (Befunde{{2013, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11), Zeile(u"Z", {{46, u"2"}, {62, u"+"}, {63, u"1"}})}), (Funde{{2013, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11), Zeile(u"Z", {{46, u"2"}, {63, u"1"}})}), (Funde{{2013, 0}}));
 }
 
 TEST_F(Rahmen, NummerDesDatentraegers) {
     const auto z = [](TextSicht nummer) { return Zeile(u"Z", {{46, u"2"}, {62, u"-"}, {63, nummer}}); };
     for (const TextSicht gut : {u"1", u"           1", u"000000000001", u"    1x", u"1.0", u"+1"}) {
-        EXPECT_EQ(TesteGanze({KopfA(false, {{63, gut}}), SchlussZ(2)}), Keine) << AlsBytes(gut);
-        EXPECT_EQ(TesteGanze({KopfA(false), z(gut)}), Keine) << AlsBytes(gut);
+        EXPECT_EQ(TesteGanze({SatzA(11, {{63, gut}}), SatzZ(2)}), Keine) << AlsBytes(gut);
+        EXPECT_EQ(TesteGanze({SatzA(11), z(gut)}), Keine) << AlsBytes(gut);
     }
     for (const TextSicht schlecht : {u"2", u"           ", u"0", u"11", u"-1", u"x1", u"1.5"}) {
-        EXPECT_EQ(TesteGanze({KopfA(false, {{63, schlecht}}), SchlussZ(2)}), (Befunde{{2014, 0}}))
-            << AlsBytes(schlecht);
-        EXPECT_EQ(TesteGanze({KopfA(false), z(schlecht)}), (Befunde{{2014, 0}})) << AlsBytes(schlecht);
+        EXPECT_EQ(TesteGanze({SatzA(11, {{63, schlecht}}), SatzZ(2)}), (Funde{{2014, 0}})) << AlsBytes(schlecht);
+        EXPECT_EQ(TesteGanze({SatzA(11), z(schlecht)}), (Funde{{2014, 0}})) << AlsBytes(schlecht);
     }
 }
 
 TEST_F(Rahmen, AnzahlDerZeilen) {
     std::vector<Text> zeilen(12, u"E");
-    zeilen.front() = KopfA(false);
+    zeilen.front() = SatzA(11);
     const auto mit = [&](TextSicht anzahl) {
         zeilen.back() = Zeile(u"Z", {{46, anzahl}, {62, u"-"}, {63, u"1"}});
         return TesteGanze(zeilen);
@@ -402,16 +402,16 @@ TEST_F(Rahmen, AnzahlDerZeilen) {
     EXPECT_EQ(mit(u"12"), Keine);
     EXPECT_EQ(mit(u"0000000000012"), Keine);
     EXPECT_EQ(mit(u"           12"), Keine);
-    EXPECT_EQ(mit(u"11"), (Befunde{{2015, 0}}));
-    EXPECT_EQ(mit(u"13"), (Befunde{{2015, 0}}));
-    EXPECT_EQ(mit(u"10"), (Befunde{{2015, 0}}));
-    EXPECT_EQ(mit(u"             "), (Befunde{{2015, 0}}));
-    EXPECT_EQ(mit(u"9999999999999"), (Befunde{{2015, 0}}));
+    EXPECT_EQ(mit(u"11"), (Funde{{2015, 0}}));
+    EXPECT_EQ(mit(u"13"), (Funde{{2015, 0}}));
+    EXPECT_EQ(mit(u"10"), (Funde{{2015, 0}}));
+    EXPECT_EQ(mit(u"             "), (Funde{{2015, 0}}));
+    EXPECT_EQ(mit(u"9999999999999"), (Funde{{2015, 0}}));
 }
 
 TEST_F(Rahmen, NurDerErsteFehler) {
-    EXPECT_EQ(TesteGanze({KopfA(false, {{63, u"2"}}), Zeile(u"Z", {{46, u"9"}})}), (Befunde{{2013, 0}}));
-    EXPECT_EQ(TesteGanze({KopfA(false, {{63, u"2"}}), Zeile(u"Z", {{46, u"9"}, {62, u"-"}})}), (Befunde{{2014, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11, {{63, u"2"}}), Zeile(u"Z", {{46, u"9"}})}), (Funde{{2013, 0}}));
+    EXPECT_EQ(TesteGanze({SatzA(11, {{63, u"2"}}), Zeile(u"Z", {{46, u"9"}, {62, u"-"}})}), (Funde{{2014, 0}}));
 }
 
 // --- Keys and order --------------------------------------------------------------------------------------------------
@@ -426,14 +426,14 @@ protected:
 };
 
 TEST_F(Schluesseltest, DoppelteAuchBeiAndererSchreibung) {
-    EXPECT_EQ(Teste01S({Menge({{87, u"abc"}}), Menge({{87, u"ABC"}})}), (Befunde{{2021, 2}}));
+    EXPECT_EQ(Teste01S({Menge({{87, u"abc"}}), Menge({{87, u"ABC"}})}), (Funde{{2021, 2}}));
     EXPECT_FALSE(m_ergebnis);
     EXPECT_EQ(Teste01S({Menge({{87, u"abc"}}), Menge({{87, u"ABD"}})}), Keine);
     EXPECT_TRUE(m_ergebnis);
 }
 
 TEST_F(Schluesseltest, TextfelderZaehlenNicht) {
-    EXPECT_EQ(Teste01S({Zeile(u"G2", {{93, u"eins"}}), Zeile(u"G2", {{93, u"zwei"}})}), (Befunde{{2021, 2}}));
+    EXPECT_EQ(Teste01S({Zeile(u"G2", {{93, u"eins"}}), Zeile(u"G2", {{93, u"zwei"}})}), (Funde{{2021, 2}}));
     EXPECT_EQ(Teste01S({Zeile(u"G2", {{8, u"1"}, {93, u"eins"}}), Zeile(u"G2", {{8, u"2"}, {93, u"eins"}})}), Keine);
 }
 
@@ -443,7 +443,7 @@ TEST_F(Schluesseltest, ZeilenEDUKollidierenNie) {
 }
 
 TEST_F(Schluesseltest, ZeilenEDUInDerReihenfolge) {
-    EXPECT_EQ(Teste01S({Zeile(u"G1", {}), u"D"}), (Befunde{{2022, 2}}));
+    EXPECT_EQ(Teste01S({Zeile(u"G1", {}), u"D"}), (Funde{{2022, 2}}));
     EXPECT_EQ(Teste01S({u"D", Zeile(u"G1", {})}), Keine);
     EXPECT_EQ(Teste01S({Zeile(u"G1", {}), u"U"}), Keine);
     EXPECT_EQ(Teste01S({u"E", u"D"}), (Befunde{{2022, 2}})); // D stands before E
@@ -480,40 +480,40 @@ TEST_F(Schluesseltest, WelcheSpaltenDieOrdnungEntscheiden) {
                                               {123, false}}) {
         const Text hoch = Zeile(u"C1", {{42, u"1"}, {spalte, u"1"}});
         const Text tief = Zeile(u"C1", {{42, u"1"}, {spalte, u"0"}});
-        const Befunde befunde = Teste01S({hoch, tief});
-        const bool gemeldet = !befunde.empty() && befunde[0] == Befund{2022, 2};
+        const Funde befunde = Teste01S({hoch, tief});
+        const bool gemeldet = !befunde.empty() && befunde[0] == Fund{2022, 2};
         EXPECT_EQ(gemeldet, entscheidet) << spalte;
     }
 }
 
 TEST_F(Schluesseltest, GHinterX) {
-    EXPECT_EQ(TesteE1S({Zeile(u"X4", {}), Zeile(u"G1", {})}), (Befunde{{2022, 2}}));
+    EXPECT_EQ(TesteE1S({Zeile(u"X4", {}), Zeile(u"G1", {})}), (Funde{{2022, 2}}));
     EXPECT_EQ(TesteE1S({Zeile(u"G1", {}), Zeile(u"X4", {})}), Keine);
 }
 
 TEST_F(Schluesseltest, KleinerBuchstabeStehtHinterZ) {
-    EXPECT_EQ(Teste01S({Zeile(u"g1", {})}), (Befunde{{2022, 2}}));
-    EXPECT_EQ(Teste01S({Zeile(u"B1", {}), Zeile(u"g1", {}), Zeile(u"G1", {})}), (Befunde{{2022, 3}}));
+    EXPECT_EQ(Teste01S({Zeile(u"g1", {})}), (Funde{{2022, 2}}));
+    EXPECT_EQ(Teste01S({Zeile(u"B1", {}), Zeile(u"g1", {}), Zeile(u"G1", {})}), (Funde{{2022, 3}}));
 }
 
 TEST_F(Schluesseltest, Spalten168NurInDerNeuen) {
     const std::vector<Text> zeilen = {Menge({{168, u"A"}}), Menge({{168, u"B"}})};
-    EXPECT_EQ(Teste01S(zeilen), (Befunde{{2021, 2}}));
+    EXPECT_EQ(Teste01S(zeilen), (Funde{{2021, 2}}));
     EXPECT_EQ(TesteE1S(zeilen), Keine);
 }
 
 TEST_F(Schluesseltest, DoppelteGehenVorReihenfolge) {
-    EXPECT_EQ(Teste01S({Zeile(u"G2", {}), Zeile(u"G1", {}), Zeile(u"G2", {})}), (Befunde{{2021, 3}}));
+    EXPECT_EQ(Teste01S({Zeile(u"G2", {}), Zeile(u"G1", {}), Zeile(u"G2", {})}), (Funde{{2021, 3}}));
 }
 
 TEST_F(Schluesseltest, NachEinemFehlerStehtDieSortierteListe) {
-    EXPECT_EQ(Teste01S({Zeile(u"G2", {}), Zeile(u"G1", {}), u"D"}), (Befunde{{2022, 2}}));
+    EXPECT_EQ(Teste01S({Zeile(u"G2", {}), Zeile(u"G1", {}), u"D"}), (Funde{{2022, 2}}));
     EXPECT_EQ(testDaten.Zeilen[1], u"D");
     EXPECT_EQ(testDaten.Zeilen[2], Zeile(u"G1", {}));
     EXPECT_EQ(testDaten.Zeilen[3], Zeile(u"G2", {}));
     EXPECT_EQ(testDaten.ZeilenNummern, (std::vector<std::int32_t>{0, 1, 2, 3, 4}));
 
-    EXPECT_EQ(Teste01S({Zeile(u"G2", {{93, u"x"}}), Zeile(u"G1", {}), Zeile(u"G2", {})}), (Befunde{{2021, 3}}));
+    EXPECT_EQ(Teste01S({Zeile(u"G2", {{93, u"x"}}), Zeile(u"G1", {}), Zeile(u"G2", {})}), (Funde{{2021, 3}}));
     EXPECT_EQ(testDaten.Zeilen[1], Zeile(u"G1", {}));
     EXPECT_EQ(testDaten.Zeilen[2], Zeile(u"G2", {{93, u"x"}}));
     EXPECT_EQ(testDaten.Zeilen[3], Zeile(u"G2", {}));
@@ -524,18 +524,18 @@ TEST_F(Schluesseltest, EineMillionUndEineZeile) {
     // From line 1,000,000 on the number outgrows its six columns: that line sorts behind line 100,000, though no test
     // finds fault with it, and the run goes on so.
     std::vector<Text> zeilen(1'000'002, u"E");
-    zeilen.front() = KopfA(true);
+    zeilen.front() = SatzA(21);
     zeilen[1'000'000] = u"Ex";
-    zeilen.back() = SchlussZ(zeilen.size());
+    zeilen.back() = SatzZ(zeilen.size());
     GibE1S(DateiE1S(zeilen));
     EXPECT_TRUE(DateiTesten());
-    EXPECT_EQ(AlleBefunde(), Keine);
+    EXPECT_EQ(FundeAb(0), Keine);
     EXPECT_EQ(testDaten.Zeilen[100'001], u"Ex");
     EXPECT_EQ(testDaten.ZeilenNummern[100'001], 100'001);
     EXPECT_EQ(testDaten.Zeilen[1'000'000], u"E");
 
     Beginne();
-    zeilen.front() = KopfA(false);
+    zeilen.front() = SatzA(11);
     Gib01S(Datei01S(zeilen));
     EXPECT_TRUE(DateiTesten());
     EXPECT_EQ(testDaten.Zeilen[1'000'000], u"Ex");
@@ -545,26 +545,26 @@ TEST_F(Schluesseltest, EineMillionUndEineZeile) {
 
 class Zeichen : public Intaketest {};
 
-TEST_F(Zeichen, BefundeMitZeileUndSpalteHaltenNichtsAuf) {
+TEST_F(Zeichen, FundeMitZeileUndSpalteHaltenNichtsAuf) {
     EXPECT_EQ(Teste01S({Zeile(u"B1", {{2, u"001"}, {93, u"\t"}}), Zeile(u"B1", {{2, u"002"}, {5, u"x"}})}),
-              (Befunde{{2031, 1, 93}, {2032, 2, 5}}));
+              (Funde{{2031, 1, 93}, {2032, 2, 5}}));
     EXPECT_TRUE(m_ergebnis);
 }
 
 TEST_F(Zeichen, UndefinierterTypEinmalOhneZeile) {
     testDaten.FehlerKapitel = 1;
-    EXPECT_EQ(Teste01S({Zeile(u"B9", {}), Zeile(u"Q1", {}), Zeile(u"Q2", {})}), (Befunde{{2041, -1}}));
+    EXPECT_EQ(Teste01S({Zeile(u"B9", {}), Zeile(u"Q1", {}), Zeile(u"Q2", {})}), (Funde{{2041, -1}}));
     EXPECT_TRUE(m_ergebnis);
     EXPECT_EQ(testDaten.ZeilenNr, -1);
-    EXPECT_EQ(testDaten.Record, SchlussZ(5));
-    EXPECT_EQ(Teste01S({Zeile(u"B8", {})}), (Befunde{{2041, -1}}));
+    EXPECT_EQ(testDaten.Record, SatzZ(5));
+    EXPECT_EQ(Teste01S({Zeile(u"B8", {})}), (Funde{{2041, -1}}));
     EXPECT_EQ(TesteE1S({Zeile(u"B8", {})}), Keine);
     EXPECT_EQ(testDaten.ZeilenNr, 2);
 }
 
 TEST_F(Zeichen, NachDemLaufStehtDieLetzteZeile) {
     EXPECT_EQ(Teste01S({Zeile(u"B1", {})}), Keine);
-    EXPECT_EQ(testDaten.Record, SchlussZ(3));
+    EXPECT_EQ(testDaten.Record, SatzZ(3));
     EXPECT_EQ(testDaten.ZeilenNr, 2);
     EXPECT_EQ(testDaten.ZeilenNummern, (std::vector<std::int32_t>{0, 1, 2}));
     EXPECT_EQ(testDaten.NaechsteSpalte, 257);
@@ -579,7 +579,7 @@ TEST_F(Zeichen, UmlauteInBeidenArten) {
 }
 
 TEST_F(Zeichen, NullBestehtDenDekoderNichtDenZeichentest) {
-    EXPECT_EQ(TesteE1S({Zeile(u"B1", {{93, u"a\0b"sv}})}), (Befunde{{2031, 1, 94}}));
+    EXPECT_EQ(TesteE1S({Zeile(u"B1", {{93, u"a\0b"sv}})}), (Funde{{2031, 1, 94}}));
 }
 
 } // namespace

@@ -23,23 +23,23 @@ struct Zeichentest : ::testing::Test {
     }
 
     // The findings of one record: the units are characters as decoded.
-    Befunde Pruefe(Text record) {
+    Funde Pruefe(Text record) {
         FehlerLoeschen();
         testDaten.UndefinierterRecordTyp = false;
         m_record = std::move(record);
         testDaten.Record = m_record;
         RecordZeichenTest();
-        return AlleBefunde();
+        return FundeAb(0);
     }
 
     // The code in the field B1:23, column 93.
-    Befunde PruefeZeichen(char16_t zeichen) { return Pruefe(Zeile(u"B1", {{93, Text(1, zeichen)}})); }
+    Funde PruefeZeichen(char16_t zeichen) { return Pruefe(Zeile(u"B1", {{93, Text(1, zeichen)}})); }
 
     Text m_record;
 };
 
-const Befunde Keine;
-const Befunde Spalte93 = {{2031, 7, 93}};
+const Funde Keine;
+const Funde Spalte93 = {{2031, 7, 93}};
 
 Text AusOem(int byte) {
     const unsigned char bytes[] = {static_cast<unsigned char>(byte)};
@@ -79,27 +79,27 @@ TEST_F(Zeichentest, ZeileVon257Zeichen) {
     Text record = Zeile(u"B1", {{93, u"\t"}, {256, u" "}});
     EXPECT_EQ(Pruefe(record), Spalte93);
     record += u' ';
-    EXPECT_EQ(Pruefe(record), (Befunde{{2032, 7, 257}, {2031, 7, 93}}));
+    EXPECT_EQ(Pruefe(record), (Funde{{2032, 7, 257}, {2031, 7, 93}}));
     record += u"xyz";
-    EXPECT_EQ(Pruefe(record), (Befunde{{2032, 7, 257}, {2031, 7, 93}}));
+    EXPECT_EQ(Pruefe(record), (Funde{{2032, 7, 257}, {2031, 7, 93}}));
 }
 
 TEST_F(Zeichentest, ZeichenInEinerLueckeNur2032) {
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{5, u"\t"}})), (Befunde{{2032, 7, 5}}));
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{4, u"\t"}})), (Befunde{{2031, 7, 4}}));
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{41, u"x"}})), (Befunde{{2032, 7, 41}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{5, u"\t"}})), (Funde{{2032, 7, 5}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{4, u"\t"}})), (Funde{{2031, 7, 4}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{41, u"x"}})), (Funde{{2032, 7, 41}}));
 }
 
 TEST_F(Zeichentest, EineLueckeGibtEinenBefund) {
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{10, u"x y z"}, {43, u"a"}})), (Befunde{{2032, 7, 10}, {2032, 7, 43}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{10, u"x y z"}, {43, u"a"}})), (Funde{{2032, 7, 10}, {2032, 7, 43}}));
     EXPECT_EQ(Pruefe(Zeile(u"B1", {{43, u" "}, {87, u" "}})), Keine);
 }
 
 TEST_F(Zeichentest, HinterDemLetztenFeld) {
     EXPECT_EQ(Pruefe(Zeile(u"B1", {{256, u" "}})), Keine);
     EXPECT_EQ(Pruefe(Zeile(u"B1", {{223, u"x"}})), Keine);
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{224, u"x"}})), (Befunde{{2032, 7, 224}}));
-    EXPECT_EQ(Pruefe(Zeile(u"B1", {{256, u"x"}})), (Befunde{{2032, 7, 256}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{224, u"x"}})), (Funde{{2032, 7, 224}}));
+    EXPECT_EQ(Pruefe(Zeile(u"B1", {{256, u"x"}})), (Funde{{2032, 7, 256}}));
 }
 
 TEST_F(Zeichentest, KurzeZeileHatKeineFelderDahinter) {
@@ -110,7 +110,7 @@ TEST_F(Zeichentest, KurzeZeileHatKeineFelderDahinter) {
 
 TEST_F(Zeichentest, JedesZeichenEinesFeldesFuerSich) {
     EXPECT_EQ(Pruefe(Zeile(u"B1", {{93, u"\ta\t"}, {138, u"\t"}})),
-              (Befunde{{2031, 7, 93}, {2031, 7, 95}, {2031, 7, 138}}));
+              (Funde{{2031, 7, 93}, {2031, 7, 95}, {2031, 7, 138}}));
 }
 
 TEST_F(Zeichentest, UndefinierterTyp) {
@@ -123,7 +123,7 @@ TEST_F(Zeichentest, UndefinierterTyp) {
 }
 
 TEST_F(Zeichentest, UndefinierterTypZuLang) {
-    EXPECT_EQ(Pruefe(Text(257, u'q')), (Befunde{{2032, 7, 257}}));
+    EXPECT_EQ(Pruefe(Text(257, u'q')), (Funde{{2032, 7, 257}}));
     EXPECT_EQ(Pruefe(Text(256, u'q')), Keine);
 }
 
@@ -131,8 +131,8 @@ TEST_F(Zeichentest, FreieZeilenNachZeichencode) {
     for (const TextSicht art : {u"E", u"D", u"U"}) {
         EXPECT_EQ(Pruefe(Text(art) + u" a~\u007F\u0080\u00FF"), Keine);
         EXPECT_EQ(Pruefe(Text(art) + u"a\t\u001F\u0100\u20AC"),
-                  (Befunde{{2031, 7, 3}, {2031, 7, 4}, {2031, 7, 5}, {2031, 7, 6}}));
-        EXPECT_EQ(Pruefe(Text(art) + Text(255, u'x') + u"\t"), (Befunde{{2032, 7, 257}, {2031, 7, 257}}));
+                  (Funde{{2031, 7, 3}, {2031, 7, 4}, {2031, 7, 5}, {2031, 7, 6}}));
+        EXPECT_EQ(Pruefe(Text(art) + Text(255, u'x') + u"\t"), (Funde{{2032, 7, 257}, {2031, 7, 257}}));
         EXPECT_FALSE(testDaten.UndefinierterRecordTyp);
     }
     EXPECT_EQ(Pruefe(u"E"), Keine);
@@ -144,7 +144,7 @@ TEST_F(Zeichentest, FreieZeilenInUtf8Ungeprueft) {
     Setze(11, false);
     testDaten.Utf8Modus = true;
     EXPECT_EQ(Pruefe(u"E\t\u0100"), Keine);
-    EXPECT_EQ(Pruefe(u"E" + Text(256, u'x')), (Befunde{{2032, 7, 257}}));
+    EXPECT_EQ(Pruefe(u"E" + Text(256, u'x')), (Funde{{2032, 7, 257}}));
 }
 
 TEST_F(Zeichentest, UmlautInBeidenArten) {
@@ -185,7 +185,7 @@ TEST_F(Zeichentest, Utf8In451DateiNurCodeseite1252) {
 
 TEST_F(Zeichentest, LangeFormVonG6NurInDerNeuen) {
     const Text record = Zeile(u"G6", {{14, u"01"}, {93, u"x"}, {138, u"x"}});
-    EXPECT_EQ(Pruefe(record), (Befunde{{2032, 7, 14}, {2032, 7, 93}, {2032, 7, 138}}));
+    EXPECT_EQ(Pruefe(record), (Funde{{2032, 7, 14}, {2032, 7, 93}, {2032, 7, 138}}));
     Setze(21, true);
     EXPECT_EQ(Pruefe(record), Keine);
 }
@@ -197,11 +197,11 @@ TEST_F(Zeichentest, FeldFuerFeld) {
     EXPECT_EQ(testDaten.NaechsteSpalte, 2);
     FeldZeichenTest(3, 2);
     EXPECT_EQ(testDaten.NaechsteSpalte, 5);
-    EXPECT_EQ(AlleBefunde(), (Befunde{{2032, 7, 2}, {2031, 7, 3}}));
+    EXPECT_EQ(FundeAb(0), (Funde{{2032, 7, 2}, {2031, 7, 3}}));
     FeldZeichenTest(5, 10);
     FeldZeichenTest(257, 0);
     EXPECT_EQ(testDaten.NaechsteSpalte, 257);
-    EXPECT_EQ(AlleBefunde().size(), 2U);
+    EXPECT_EQ(FundeAb(0).size(), 2U);
     FeldZeichenTest(1, 2);
     EXPECT_EQ(testDaten.NaechsteSpalte, 3);
 }

@@ -35,7 +35,7 @@ std::string Dokument(std::int32_t kapitelAnzahl) {
         }
     }
     saetze.insert(saetze.begin(), SatzA(11));
-    saetze.push_back(SatzZ(AnzahlElemente(saetze) + 1));
+    saetze.push_back(SatzZ(saetze.size() + 1));
     std::string bytes;
     for (const Text& satz : saetze) {
         bytes.append(satz.begin(), satz.end()).append("\r\n");

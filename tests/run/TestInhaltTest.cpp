@@ -16,7 +16,7 @@ protected:
         Beginne(revision);
         m_zeilen = std::move(mitte);
         m_zeilen.insert(m_zeilen.begin(), SatzA(revision, inA));
-        m_zeilen.push_back(SatzZ(static_cast<std::int32_t>(m_zeilen.size()) + 1));
+        m_zeilen.push_back(SatzZ(m_zeilen.size() + 1));
         for (const Text& zeile : m_zeilen) {
             testDaten.ZeilenNummern.push_back(testDaten.ZeilenAnzahl++);
             testDaten.Zeilen.push_back(zeile);

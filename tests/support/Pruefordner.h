@@ -1,16 +1,13 @@
-// A folder of its own for each test with real files, gone with its content when the test ends.
+// A test with a folder of its own, whose name holds an umlaut and a blank: no path of these tests is a tame one.
 #pragma once
 
-#include "support/HilfsFunktionen.h"
-#include "support/OS_API.h"
+#include "hilfen/Testordner.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -18,44 +15,24 @@ namespace zepholt {
 
 class Pruefordner : public testing::Test {
 protected:
-    Pruefordner() {
-        std::random_device zufall;
-        // The name holds an umlaut and a blank: no path of these tests is a tame one.
-        m_ordner = std::filesystem::temp_directory_path() /
-                   (u"zepholt pr\u00FCfung " + ZahlText(zufall()) + u"-" + ZahlText(zufall()));
-        std::filesystem::create_directories(m_ordner);
-    }
-    ~Pruefordner() override {
-        std::error_code fehler;
-        std::filesystem::remove_all(System(u""), fehler);
-    }
-    Pruefordner(const Pruefordner&) = delete;
-    Pruefordner& operator=(const Pruefordner&) = delete;
-
     // The path of `name` in the folder as the program gets it; '/' in it stands for the platform's separator.
     Text Pfad(const Text& name) const {
-        Text pfad = m_ordner.u16string() + u'/' + name;
+        Text pfad = m_ordner.Pfad().u16string() + u'/' + name;
         for (char16_t& zeichen : pfad) {
             zeichen = zeichen == u'/' ? PfadTrenner() : zeichen;
         }
         return pfad;
     }
 
-    // The same for the standard library, which needs a prefix for long paths where a backslash parts them.
-    std::filesystem::path System(const Text& name) const {
-        return PfadTrenner() == u'\\' ? std::filesystem::path(u"\\\\?\\" + Pfad(name))
-                                      : std::filesystem::path(Pfad(name));
-    }
+    // The same for the standard library.
+    std::filesystem::path System(const Text& name) const { return hilfen::Testordner::System(Pfad(name)); }
 
     void Datei(const Text& name, const std::string& inhalt = "x") const {
-        std::ofstream(System(name), std::ios::binary) << inhalt;
+        hilfen::Testordner::SchreibeDatei(System(name), inhalt);
     }
     void Ordner(const Text& name) const { std::filesystem::create_directories(System(name)); }
 
-    std::string Inhalt(const Text& name) const {
-        std::ifstream datei(System(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(datei), {}};
-    }
+    std::string Inhalt(const Text& name) const { return hilfen::Testordner::LiesDatei(System(name)); }
 
     // How many entries the folder holds, hidden ones too.
     std::ptrdiff_t Anzahl() const {
@@ -72,7 +49,7 @@ protected:
     }
 
 private:
-    std::filesystem::path m_ordner;
+    hilfen::Testordner m_ordner{u"zepholt pr\u00FCfung "};
 };
 
 inline std::string AlsText(const Bytes& bytes) {

@@ -335,6 +335,9 @@ constexpr FensterModul Modul = {Bereit, Oeffnen, Beschriften, BalkenSetzen, Erei
 
 } // namespace zepholt
 
+// The module's one door, which the program looks up by name.
+extern "C" const zepholt::FensterModul* zepholt_fenster_modul(std::int32_t fassung);
+
 extern "C" __attribute__((visibility("default"))) const zepholt::FensterModul*
 zepholt_fenster_modul(std::int32_t fassung) {
     return fassung == zepholt::FensterModulFassung ? &zepholt::Modul : nullptr;
