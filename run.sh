@@ -23,8 +23,9 @@ fi
 # One line per finding: place (line, position, field), code, severity, text.
 liste() {
     xmlstarlet sel -T -t -m '/SIA451/Errors/Error' \
-        -v 'concat(substring(concat("Zeile ", @L, "          "), 1, 11), substring(concat(@I, "            "), 1, 12),
-                   substring(concat(@F, "           "), 1, 11), @N, " ", @E, "  ", @T)' -n "$1"
+        -i '@L' -v 'substring(concat("Zeile ", @L, "          "), 1, 11)' --else -o 'ohne Zeile ' -b \
+        -v 'concat(substring(concat(@I, "            "), 1, 12), substring(concat(@F, "           "), 1, 11),
+                   @N, " ", @E, "  ", @T)' -n "$1"
 }
 
 mkdir -p "$quelle/lauf"

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Writes large exchange files of known shapes, to measure how a run grows with its file.
 
-    bench/erzeugen.py SHAPE FILE N [--falsch]
+    bench/erzeugen.py FORM DATEI N [--falsch]
 
-FILE ends in .01S or .E1S, which decides the interface. N is the size in the unit of the shape:
+DATEI ends in .01S or .E1S, which decides the interface. N is the size in the unit of FORM, one of
 
     dokument          a clean document of all record types, N megabytes
     zeichen           N lines full of characters that are not permitted
@@ -15,7 +15,7 @@ FILE ends in .01S or .E1S, which decides the interface. N is the size in the uni
     laufnummern       N running numbers (at most 999999)
     gliederung        N structure codes, each referred to once
     einschraenkungen  one condition with N restrictions
-    katalog           N chapters with a few positions each; FILE.katalog becomes a folder with their chapter files of
+    katalog           N chapters with a few positions each; DATEI.katalog becomes a folder with their chapter files of
                       about a megabyte
 
 With --falsch every record of the shape is wrong in some way that its test reports.
@@ -273,10 +273,10 @@ def main():
     formen = {f.__name__: f for f in (dokument, zeichen, undefiniert, leer, kapitel, positionen, mengen, laufnummern,
                                       gliederung, einschraenkungen, katalog)}
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    eingabe.add_argument("form", choices=formen)
-    eingabe.add_argument("datei")
-    eingabe.add_argument("n", type=int)
-    eingabe.add_argument("--falsch", action="store_true")
+    eingabe.add_argument("form", metavar="FORM", choices=formen)
+    eingabe.add_argument("datei", metavar="DATEI")
+    eingabe.add_argument("n", metavar="N", type=int)
+    eingabe.add_argument("--falsch", action="store_true", help="every record wrong")
     wahl = eingabe.parse_args()
     d = Datei(wahl.datei, wahl.falsch)
     formen[wahl.form](d, wahl.n)

@@ -1,10 +1,36 @@
 #!/usr/bin/env bash
 # How a run grows with its file: for each shape of bench/erzeugen.py, clean and wrong, the processor time of n and of 4n.
-#
-#     bench/wachstum.sh [PROGRAM]
 set -euo pipefail
+
+hilfe() {
+    cat <<'TXT'
+bench/wachstum.sh [PROGRAMM]
+
+Measures how a run of PROGRAMM (build/release/zepholt unless given) grows with its file: for each shape of
+bench/erzeugen.py, as a 01S and as an E1S file, clean (sauber) and with every record wrong (falsch), the processor time
+of a file of size n and of one four times that size, the least of five runs each. A factor near 4 means that time grows
+in step with the file. Takes some minutes and about 500 MB in the folder for temporary files; needs /usr/bin/time.
+
+Columns: shape, interface, records, seconds for n, seconds for 4n, their ratio, peak memory for 4n in MB.
+TXT
+}
+
+case ${1:-} in
+--help)
+    hilfe
+    exit 0
+    ;;
+-*)
+    echo "bench/wachstum.sh: unknown option '$1'; --help tells more" >&2
+    exit 1
+    ;;
+esac
+programm=$(realpath "${1:-$(dirname "$0")/../build/release/zepholt}")
+if [ ! -f "$programm" ] || [ ! -x "$programm" ]; then
+    echo "bench/wachstum.sh: $programm is no program; --help tells more" >&2
+    exit 1
+fi
 cd "$(dirname "$0")/.."
-programm=$(realpath "${1:-build/release/zepholt}")
 ordner=$(mktemp -d)
 trap 'rm -rf "$ordner"' EXIT
 mkdir "$ordner/leer"
@@ -22,17 +48,17 @@ miss() {
                 END { printf "%.3f %.0f", b, m / 1024 }'
 }
 
-printf '%-18s %-4s %-7s %9s %9s %7s %9s\n' shape kind records 'n s' '4n s' factor '4n MB'
+printf '%-18s %-4s %-7s %9s %9s %7s %9s\n' Form Art Saetze 'n s' '4n s' Faktor '4n MB'
 while read -r form n; do
     for art in 01S E1S; do
-        for falsch in "" --falsch; do
-            # shellcheck disable=SC2086
-            bench/erzeugen.py "$form" "$ordner/n.$art" "$n" $falsch
-            # shellcheck disable=SC2086
-            bench/erzeugen.py "$form" "$ordner/4n.$art" $((4 * n)) $falsch
+        for saetze in sauber falsch; do
+            wahl=()
+            [ $saetze = sauber ] || wahl=(--falsch)
+            bench/erzeugen.py "$form" "$ordner/n.$art" "$n" "${wahl[@]}"
+            bench/erzeugen.py "$form" "$ordner/4n.$art" $((4 * n)) "${wahl[@]}"
             read -r klein _ < <(miss "$ordner/n.$art"; echo)
             read -r gross mb < <(miss "$ordner/4n.$art"; echo)
-            printf '%-18s %-4s %-7s %9s %9s %7s %9s\n' "$form" "$art" "${falsch:-clean}" "$klein" "$gross" \
+            printf '%-18s %-4s %-7s %9s %9s %7s %9s\n' "$form" "$art" "$saetze" "$klein" "$gross" \
                 "$(awk "BEGIN { printf \"%.1f\", $klein ? $gross / $klein : 0 }")" "$mb"
         done
     done

@@ -5,7 +5,9 @@
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 namespace zepholt::werkzeug {
 
@@ -93,6 +95,26 @@ private:
     Text m_wort;
 };
 
+// Why a file can't be written, in words for the person who named it: what its place tells, and where that is in order,
+// the system's last failure (`ursache`, an errno; 0 when it told none).
+std::string Schreibhindernis(const std::string& pfad, int ursache) {
+    const DateiArt art = ArtVon(AusUtf8(pfad));
+    if (pfad.empty() || IstPfadTrenner(AusUtf8(pfad).back())) {
+        return "it names no file";
+    }
+    if (art == DateiArt::Ordner) {
+        return "it is a folder";
+    }
+    if (art == DateiArt::Anderes) {
+        return "it is no ordinary file";
+    }
+    const std::string ordner = pfad.substr(0, pfad.size() - DateiNameOhnePfad(AusUtf8(pfad)).size());
+    if (!ordner.empty() && ArtVon(AusUtf8(ordner)) != DateiArt::Ordner) {
+        return "there is no folder " + ordner;
+    }
+    return ursache != 0 ? std::generic_category().message(ursache) : "the system refuses it";
+}
+
 } // namespace
 
 std::optional<unsigned char> AlsRoheByte(char16_t zeichen) {
@@ -113,10 +135,11 @@ std::string DateiLesen(const std::string& pfad) {
 }
 
 void DateiSchreiben(const std::string& pfad, const std::string& bytes) {
+    errno = 0;
     AusgabeDatei datei(AusUtf8(pfad));
     datei.Schreiben(bytes);
     if (!datei.Abschliessen()) {
-        throw EingabeFehler(pfad + ": cannot be written");
+        throw EingabeFehler(pfad + ": cannot be written: " + Schreibhindernis(pfad, errno));
     }
 }
 

@@ -36,7 +36,7 @@ std::vector<Beschreibungszeile> BeschreibungLesen(const std::string& pfad);
 
 std::string DateiLesen(const std::string& pfad);
 
-// Complete or absent; a failure is an EingabeFehler.
+// Complete or absent; a failure is an EingabeFehler that tells why, as far as the place or the system does.
 void DateiSchreiben(const std::string& pfad, const std::string& bytes);
 
 // A whole number between two bounds; anything else is an EingabeFehler that names `was`.

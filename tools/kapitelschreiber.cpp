@@ -11,10 +11,10 @@ namespace zepholt::werkzeug {
 
 namespace {
 
-constexpr const char* Hilfe = R"(kapitelschreiber kapitel DESCRIPTION FOLDER
-kapitelschreiber sammeln OUTPUT CHAPTERFILE...
+constexpr const char* Hilfe = R"(kapitelschreiber kapitel BESCHREIBUNG ORDNER
+kapitelschreiber sammeln AUSGABE KAPITELDATEI...
 
-kapitel  makes a chapter file in FOLDER for each chapter of DESCRIPTION (UTF-8), named by the rule N, last two digits
+kapitel  makes a chapter file in ORDNER for each chapter of BESCHREIBUNG (UTF-8), named by the rule N, last two digits
          of the year, digit of the language, chapter number, ".qvm".
 sammeln  joins chapter files, one behind the other, into one collected file.
 
@@ -415,7 +415,7 @@ int Programm(const std::vector<std::string>& argumente) {
     if (argumente.size() >= 3 && argumente[0] == "sammeln") {
         return Sammeln(argumente[1], {argumente.begin() + 2, argumente.end()});
     }
-    throw EingabeFehler("'kapitel DESCRIPTION FOLDER' or 'sammeln OUTPUT CHAPTERFILE...'; --help tells more");
+    throw EingabeFehler("'kapitel BESCHREIBUNG ORDNER' or 'sammeln AUSGABE KAPITELDATEI...'; --help tells more");
 }
 
 } // namespace

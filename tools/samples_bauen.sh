@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the files of samples/ from their descriptions in samples/quellen/: samples_bauen.sh BUILDFOLDER [OUTPUT]
-# BUILDFOLDER holds satzschreiber and kapitelschreiber; OUTPUT is samples/ unless given.
+# Makes the files of samples/ from their descriptions in samples/quellen/: samples_bauen.sh BAUORDNER [AUSGABE]
+# BAUORDNER holds satzschreiber and kapitelschreiber; AUSGABE is samples/ unless given.
 set -euo pipefail
 programme=$(cd "$1" && pwd)
 samples=$(cd "$(dirname "$0")/../samples" && pwd)

@@ -14,16 +14,16 @@ namespace zepholt::werkzeug {
 
 namespace {
 
-constexpr const char* Hilfe = R"(satzschreiber DESCRIPTION OUTPUT
+constexpr const char* Hilfe = R"(satzschreiber BESCHREIBUNG AUSGABE
 
-Makes an exchange file from a description in UTF-8. The kind of file follows from the name of OUTPUT: .E1S gives
+Makes an exchange file from a description in UTF-8. The kind of file follows from the name of AUSGABE: .E1S gives
 UTF-8 and the record layouts of revision 21, anything else code page 850 and those of revision 11. Lines end in CRLF.
 
 A line of the description is one record:
   G2 2a=111 3=111001 23="Excavation by hand"
 The first word is the record letter and the digit of column 42 (A and Z have none). Each word behind it is a field:
-  FIELD=VALUE     a field reference of the record type, without the type; the value must fit
-  COLUMN:VALUE    a column from 1; the value may have any length and overwrites what stands there
+  FELD=WERT       a field reference of the record type, without the type; the value must fit
+  SPALTE:WERT     a column from 1; the value may have any length and overwrites what stands there
 Values:
   "two words"     quotation marks keep blanks; inside, \" \\ and \xHH (one raw byte)
   #125            digits, filled with zeros on the left to the length of the field
@@ -110,7 +110,7 @@ Text Feldwert(TextSicht wert, std::int32_t laenge, std::size_t anzahl) {
 void FeldSetzen(Text& satz, TextSicht wort, std::size_t anzahl) {
     const std::size_t trenner = wort.find_first_of(u"=:");
     if (trenner == TextSicht::npos) {
-        throw EingabeFehler("'" + AlsUtf8(wort) + "' is neither FIELD=VALUE nor COLUMN:VALUE");
+        throw EingabeFehler("'" + AlsUtf8(wort) + "' is neither FELD=WERT nor SPALTE:WERT");
     }
     const TextSicht name = wort.substr(0, trenner);
     const TextSicht wert = wort.substr(trenner + 1);
@@ -151,7 +151,7 @@ int Programm(const std::vector<std::string>& argumente) {
         return 0;
     }
     if (argumente.size() != 2) {
-        throw EingabeFehler("two arguments are needed, DESCRIPTION and OUTPUT; --help tells more");
+        throw EingabeFehler("two arguments are needed, BESCHREIBUNG and AUSGABE; --help tells more");
     }
     testDaten.IstE1S = EndetMit(argumente[1], u".e1s");
     testDaten.Revision = testDaten.IstE1S ? 21 : 11;

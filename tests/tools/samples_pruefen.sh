@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The samples are what their descriptions make, and the program finds in them what the descriptions say:
-# samples_pruefen.sh BUILDFOLDER. The faulty descriptions name each code that they bring in a comment, as "4221:".
+# samples_pruefen.sh BAUORDNER. The faulty descriptions name each code that they bring in a comment, as "4221:".
 set -uo pipefail
 programme=$(cd "$1" && pwd)
 quelle=$(cd "$(dirname "$0")/../.." && pwd)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The writers of exchange files and of chapter files: what they write, and that they refuse the rest with a message,
-# status 1 and no file. werkzeuge_pruefen.sh BUILDFOLDER
+# status 1 and no file. werkzeuge_pruefen.sh BAUORDNER
 set -uo pipefail
 programme=$(cd "$1" && pwd)
 ort=$(mktemp -d)
@@ -66,15 +66,21 @@ weigert "a value too long" 'field 2a has 3 columns' satz ziel/a.01S 'G2 2a=1234'
 weigert "a character that code page 850 has not" "code page 850 has no '€'" satz ziel/a.01S 'A 2:€'
 weigert "an open quotation mark" 'beschreibung.txt:1: a quotation mark is not closed' satz ziel/a.01S 'A 2:"x'
 weigert "a bad byte" 'two hexadecimal digits' satz ziel/a.01S 'A 2:"\xg1"'
-weigert "neither field nor column" 'is neither FIELD=VALUE nor COLUMN:VALUE' satz ziel/a.01S 'A xyz'
+weigert "neither field nor column" 'is neither FELD=WERT nor SPALTE:WERT' satz ziel/a.01S 'A xyz'
 weigert "a column 0" 'a column must be a whole number from 1' satz ziel/a.01S 'A 0:x'
 weigert "no record type" 'is no record type' satz ziel/a.01S 'ABC'
 printf 'A 2:\xE4\n' >latin.txt
 weigert "a description in another encoding" 'is not valid UTF-8' "$programme/satzschreiber" latin.txt ziel/a.01S
 weigert "no description" 'cannot be read' "$programme/satzschreiber" fehlt.txt ziel/a.01S
 weigert "no arguments" 'two arguments are needed' "$programme/satzschreiber"
-weigert "a folder that is not there" 'cannot be written' satz ziel/fehlt/a.01S A
-"$programme/satzschreiber" --help | grep -q '^satzschreiber DESCRIPTION OUTPUT' || klage "satzschreiber: no help"
+weigert "a folder that is not there" 'ziel/fehlt/a.01S: cannot be written: there is no folder ziel/fehlt/' \
+    satz ziel/fehlt/a.01S A
+mkdir ordner.01S
+weigert "a folder of that name" 'ordner.01S: cannot be written: it is a folder' satz ordner.01S A
+weigert "a device" '/dev/null: cannot be written: it is no ordinary file' satz /dev/null A
+weigert "a name that ends in a path separator" 'ziel/: cannot be written: it names no file' satz ziel/ A
+weigert "a name that the system refuses" "cannot be written: File name too long" satz "ziel/$(printf '%0300d' 1).01S" A
+"$programme/satzschreiber" --help | grep -q '^satzschreiber BESCHREIBUNG AUSGABE' || klage "satzschreiber: no help"
 
 # --- kapitelschreiber
 mkdir -p ziel
@@ -135,6 +141,10 @@ weigert "a fault behind a good chapter" 'can'\''t stand here' kapitel 'kapitel 2
 printf 'CF11201312410000000310000000001 ' >kurz.qvm
 weigert "a chapter file of another length" 'is no chapter file' "$programme/kapitelschreiber" sammeln ziel/a.vlt kurz.qvm
 weigert "a chapter file that is missing" 'cannot be read' "$programme/kapitelschreiber" sammeln ziel/a.vlt fehlt.qvm
+printf 'kapitel 241 2013 de A\n' >kapitel.txt
+weigert "a folder of chapters that is not there" \
+    'ziel/fehlt/N131241.qvm: cannot be written: there is no folder ziel/fehlt/' \
+    "$programme/kapitelschreiber" kapitel kapitel.txt ziel/fehlt
 weigert "an unknown command" '--help tells more' "$programme/kapitelschreiber" nichts a b
-"$programme/kapitelschreiber" --help | grep -q '^kapitelschreiber sammeln OUTPUT' || klage "kapitelschreiber: no help"
+"$programme/kapitelschreiber" --help | grep -q '^kapitelschreiber sammeln AUSGABE' || klage "kapitelschreiber: no help"
 exit $fehler
