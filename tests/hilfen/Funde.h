@@ -27,7 +27,7 @@ using Funde = std::vector<Fund>;
 inline Funde FundeAb(std::size_t bisher) {
     Funde funde;
     for (std::size_t i = bisher; i < fehlerSpeicher.FehlerListe.size(); ++i) {
-        const FehlerEintrag& fehler = fehlerSpeicher.FehlerListe[i];
+        const FehlerEintrag fehler = fehlerSpeicher.FehlerListe[i];
         funde.push_back({fehler.Code, fehler.Zeile, fehler.Spalte});
     }
     return funde;
