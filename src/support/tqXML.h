@@ -19,6 +19,10 @@ namespace zepholt {
 // What every output file and every expanded chapter text begins with.
 inline constexpr TextSicht XmlDeklaration = u"<?xml version=\"1.0\" encoding=\"iso-8859-1\"?>";
 
+// The bytes of a text in such a file: ISO-8859-1. A character that it does not have becomes a decimal reference, a pair
+// of surrogates one of the character that it stands for.
+std::string XmlBytes(TextSicht text);
+
 class tqXML {
 public:
     // --- Reading
@@ -54,7 +58,8 @@ public:
 
     // The escaped form of a text: without the characters of the ANSI codes 0 to 31, 128 to 144 and 147 to 159, and with
     // the five escapes; the second form appends it to `ausgabe`. The codes are those of code page 1252, and U+0080 to
-    // U+009F, which a byte taken one to one can be, count as the codes 128 to 159 too.
+    // U+009F, which a byte taken one to one can be, count as the codes 128 to 159 too. What XML can't hold goes with
+    // them: a surrogate without its other half, U+FFFE and U+FFFF.
     static Text ConvertStringToXMLString(TextSicht text);
     static void ConvertStringToXMLString(TextSicht text, Text& ausgabe);
 

@@ -446,8 +446,8 @@ TEST_F(Schluesseltest, ZeilenEDUInDerReihenfolge) {
     EXPECT_EQ(Teste01S({Zeile(u"G1", {}), u"D"}), (Funde{{2022, 2}}));
     EXPECT_EQ(Teste01S({u"D", Zeile(u"G1", {})}), Keine);
     EXPECT_EQ(Teste01S({Zeile(u"G1", {}), u"U"}), Keine);
-    EXPECT_EQ(Teste01S({u"E", u"D"}), (Befunde{{2022, 2}})); // D stands before E
-    EXPECT_EQ(TesteE1S({u"E", u"D"}), (Befunde{{2022, 2}}));
+    EXPECT_EQ(Teste01S({u"E", u"D"}), (Funde{{2022, 2}})); // D stands before E
+    EXPECT_EQ(TesteE1S({u"E", u"D"}), (Funde{{2022, 2}}));
     EXPECT_EQ(Teste01S({u"D", u"E"}), Keine);
     // Whatever they hold behind their letter.
     EXPECT_EQ(Teste01S({u"E9", u"E1", u"E5"}), Keine);

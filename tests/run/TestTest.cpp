@@ -1,7 +1,7 @@
 // The driver of a test run: what a watching person is shown, and what a cancel stops.
 #include "run/Test.h"
 
-#include "errors/TestFehler.h"
+#include "hilfen/Funde.h"
 #include "hilfen/KopfSaetze.h"
 #include "hilfen/Testordner.h"
 #include "run/NeuerLauf.h"
@@ -56,7 +56,7 @@ protected:
     // A run on a file of these records between A and Z.
     void Laufe(std::vector<Text> saetze) {
         saetze.insert(saetze.begin(), SatzA(11));
-        saetze.push_back(SatzZ(static_cast<std::int32_t>(saetze.size()) + 1));
+        saetze.push_back(SatzZ(saetze.size() + 1));
         std::string bytes;
         for (const Text& satz : saetze) {
             bytes.append(satz.begin(), satz.end()).append("\r\n");
@@ -66,7 +66,7 @@ protected:
     }
 
     static bool Gemeldet(std::int32_t code) {
-        return std::ranges::any_of(fehlerSpeicher.FehlerListe, [code](const auto& f) { return f.Code == code; });
+        return std::ranges::any_of(FundeAb(0), [code](const Fund& fund) { return fund.Code == code; });
     }
 
     bool HatProtokoll() const { return m_ordner.Hat("p.xml"); }
