@@ -39,6 +39,15 @@ std::string WennGegeben(TextSicht name, TextSicht wert) {
     return XmlBytes(TextSicht(element).substr(0, element.size() - 2));
 }
 
+// Digits, letters, points, colons and hyphens only: nothing to escape. An attribute without a value is left out.
+void AttributSchliessen(std::string& attribut) {
+    if (attribut.back() == '"') {
+        attribut.clear();
+    } else {
+        attribut.push_back('"');
+    }
+}
+
 } // namespace
 
 Text ErrorElement(const FehlerEintrag& eintrag) {
@@ -102,12 +111,18 @@ void Fehlerausgabe::OrtNachfuehren(const FehlerEintrag& eintrag) {
         m_zeile = " L=\"" + std::to_string(std::int64_t{eintrag.Zeile} + 1) + '"';
     }
     if (andereZeile || eintrag.Kapitel != m_letzter.Kapitel || eintrag.Position != m_letzter.Position) {
-        m_position = " I=\"";
+        m_position.assign(" I=\"");
         PositionAnhaengen(m_position, eintrag.Zeile, eintrag.Kapitel, eintrag.Position);
-        m_position.back() == '"' ? m_position.clear() : m_position.push_back('"');
+        AttributSchliessen(m_position);
     }
-    if (andereZeile || eintrag.Spalte != m_letzter.Spalte) {
-        m_feld = eintrag.Spalte > 0 ? WennGegeben(u"F", Feldbezug(eintrag)) : "";
+    if (eintrag.Spalte > 0 && (andereZeile || eintrag.Spalte != m_letzter.Spalte)) {
+        m_feld.assign(" F=\"");
+        if (eintrag.Zeile >= 0) {
+            FeldAnhaengen(m_feld, eintrag.Zeile, eintrag.Spalte);
+        } else {
+            m_feld.append(std::to_string(eintrag.Spalte));
+        }
+        AttributSchliessen(m_feld);
     }
 }
 

@@ -190,7 +190,9 @@ std::vector<std::uint32_t> RaengeVon(const std::vector<Schluessel>& schluessel) 
     const std::vector<std::uint32_t> folge = Aufsteigend(schluessel);
     std::vector<std::uint32_t> raenge(schluessel.size());
     std::uint32_t rang = 0;
+    Takt takt;
     for (std::size_t k = 1; k < folge.size(); ++k) {
+        takt.Schritt();
         rang += schluessel[folge[k - 1]] < schluessel[folge[k]] ? 1U : 0U;
         raenge[folge[k]] = rang;
     }

@@ -62,17 +62,26 @@ Text PositionsText(std::int32_t zeile, std::int32_t kapitel, std::int32_t positi
     return AusAscii(bytes);
 }
 
-Text FeldName(std::int32_t zeile, std::int32_t spalte) {
+void FeldAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t spalte) {
     const std::optional<TextSicht> record = ZeileDerDatei(zeile);
     if (!record) {
-        return {};
+        return;
     }
     for (const RecordLayout& layout : LayoutsVon(*record)) {
         if (spalte >= layout.Spalte && spalte < layout.Spalte + layout.Laenge) {
-            return Text(layout.Feldbezug);
+            for (const char16_t zeichen : layout.Feldbezug) {
+                bytes.push_back(static_cast<char>(zeichen));
+            }
+            return;
         }
     }
-    return ZahlText(spalte);
+    bytes.append(std::to_string(spalte));
+}
+
+Text FeldName(std::int32_t zeile, std::int32_t spalte) {
+    std::string bytes;
+    FeldAnhaengen(bytes, zeile, spalte);
+    return AusAscii(bytes);
 }
 
 } // namespace zepholt

@@ -11,12 +11,13 @@ namespace zepholt {
 bool HatPosition(std::int32_t zeile, std::int32_t kapitel);
 
 // "123.456.789" from a line of the file (from 0; its G record tells chapter and position), or, for line -1, from the
-// stamps; empty when no position can be told. The second form appends the same as bytes.
+// stamps; empty when no position can be told. The second form appends the same as bytes; so that of FeldName.
 Text PositionsText(std::int32_t zeile, std::int32_t kapitel, std::int32_t position);
 void PositionAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t kapitel, std::int32_t position);
 
 // The field reference of a column (from 1) of a line (from 0), such as "G6:24h"; the decimal column where no field
 // lies; empty for an unknown line.
 Text FeldName(std::int32_t zeile, std::int32_t spalte);
+void FeldAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t spalte);
 
 } // namespace zepholt

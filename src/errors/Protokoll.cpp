@@ -54,7 +54,9 @@ struct Zaehler {
 // An unknown code counts as an error.
 Zaehler Auszaehlen() {
     Zaehler zaehler;
+    Takt takt;
     for (const FehlerEintrag& eintrag : fehlerSpeicher.FehlerListe) {
+        takt.Schritt();
         ++(FehlerSchwere(eintrag.Code) == u"B" ? zaehler.Warnungen : zaehler.Fehler);
     }
     return zaehler;
