@@ -1,7 +1,6 @@
 // The entry: the platform's command line goes in, the process's end comes out.
 #include "run/Main_Start.h"
-#include "support/OS_API.h"
 
 int main(int anzahl, char** argumente) {
-    return zepholt::Main(zepholt::Kommandozeile(anzahl, argumente));
+    return zepholt::Programm(anzahl, argumente);
 }
