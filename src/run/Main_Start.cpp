@@ -103,6 +103,17 @@ int LaufAusfuehren(TextSicht kommandozeile) {
     }
 }
 
+// Exhausted memory is told by what was ready before.
+template <class Lauf>
+int SpeicherBewacht(Lauf lauf) {
+    try {
+        return lauf();
+    } catch (const std::bad_alloc&) {
+        LaufzeitfehlerMelden(SpeicherMeldung());
+        return 1;
+    }
+}
+
 } // namespace
 
 std::vector<Text> KommandozeileZerlegen(TextSicht kommandozeile) {
@@ -145,12 +156,12 @@ Text ParameterMeldung(std::int32_t code, std::int32_t sprache) {
 }
 
 int Main(TextSicht kommandozeile) {
-    try {
-        return LaufAusfuehren(kommandozeile);
-    } catch (const std::bad_alloc&) {
-        LaufzeitfehlerMelden(SpeicherMeldung());
-        return 1;
-    }
+    return SpeicherBewacht([&] { return LaufAusfuehren(kommandozeile); });
+}
+
+int Programm(int anzahl, char** argumente) {
+    ProzessVorbereiten();
+    return SpeicherBewacht([&] { return LaufAusfuehren(Kommandozeile(anzahl, argumente)); });
 }
 
 } // namespace zepholt

@@ -13,6 +13,9 @@ namespace zepholt {
 // parameters. A second run in one process needs NeuerLauf() before it: Main counts on a fresh state.
 int Main(TextSicht kommandozeile);
 
+// The program: the same on the command line of this process, on which memory may fail too.
+int Programm(int anzahl, char** argumente);
+
 // The arguments of a command text: separated by blanks outside quotation marks; the marks stay. Never an empty list.
 std::vector<Text> KommandozeileZerlegen(TextSicht kommandozeile);
 

@@ -1,8 +1,6 @@
 // What the platform's door needs no platform for.
 #include "support/OS_API.h"
 
-#include <new>
-
 namespace zepholt {
 
 namespace {
@@ -14,16 +12,9 @@ constexpr std::size_t PufferGroesse = std::size_t{1} << 20U;
 Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsigned char[]>(anzahl)), m_anzahl(anzahl) {}
 
 AusgabeDatei::AusgabeDatei(const Text& pfad) {
-    try {
-        m_puffer.reserve(PufferGroesse);
-        Anlegen(pfad);
-    } catch (const std::bad_alloc&) {
-        m_gut = false;
-    }
-}
-
-AusgabeDatei::~AusgabeDatei() {
-    Verwerfen();
+    m_puffer.reserve(PufferGroesse);
+    m_platz = Anlegen(pfad);
+    m_gut = m_platz != nullptr;
 }
 
 void AusgabeDatei::Schreiben(std::string_view bytes) {
@@ -41,7 +32,7 @@ bool AusgabeDatei::Abschliessen() {
     Leeren();
     const bool fertig = m_gut && Einsetzen();
     m_gut = false; // over, one way or the other
-    Verwerfen();
+    m_platz.reset();
     return fertig;
 }
 

@@ -28,7 +28,7 @@ public:
     std::size_t size() const { return m_anzahl; }
     bool empty() const { return m_anzahl == 0; }
     unsigned char operator[](std::size_t i) const { return m_daten[i]; }
-    ByteSicht Sicht() const { return {m_daten.get(), m_anzahl}; }
+    std::span<const unsigned char> Sicht() const { return {m_daten.get(), m_anzahl}; }
     void Kuerzen(std::size_t anzahl) { m_anzahl = anzahl; } // to the first `anzahl` bytes
 
 private:
@@ -59,7 +59,7 @@ char16_t PfadTrenner();
 bool IstPfadTrenner(char16_t zeichen);
 
 // An open ordinary file for reading at any place; closed by its end. Every failure is a LaufzeitFehler, anything that
-// is no ordinary file too, but exhausted memory, which stays what it is; nothing here waits for another process.
+// is no ordinary file too; exhausted memory is what the library throws. Nothing here waits for another process.
 class LeseDatei {
 public:
     explicit LeseDatei(const Text& pfad);
@@ -77,13 +77,17 @@ private:
     std::uint64_t m_groesse = 0;
 };
 
-// An output file that comes out complete or not at all: written beside its place, renamed into it by Abschliessen,
-// where it replaces an ordinary file that may be written, and nothing else. An end without Abschliessen, or a failure
-// on the way, leaves neither file nor remnant (and an older file as it was). Nothing here throws.
+// An output file that comes out complete or not at all: until Abschliessen its bytes lie in a file without a name
+// (where the file system has none such: in one with a name of its own beside the place), and only then they get the
+// name. So the end of the process, by whatever it comes, leaves nothing. What stands under the name by then is
+// replaced: an ordinary file that may be written, or a link, never what it points to; and nothing else. A failure on
+// the way leaves neither file nor remnant, and an older file as it was. Only exhausted memory at the start is thrown.
+//
+// Nothing is flushed to the disk: that costs several times what a small run takes. A power cut within seconds of a run
+// may take the protocol with it.
 class AusgabeDatei {
 public:
     explicit AusgabeDatei(const Text& pfad);
-    ~AusgabeDatei();
     AusgabeDatei(const AusgabeDatei&) = delete;
     AusgabeDatei& operator=(const AusgabeDatei&) = delete;
 
@@ -93,22 +97,25 @@ public:
 private:
     void Leeren();
 
-    // The platform's part. The first opens m_nebenan and sets m_gut, the second writes all or fails, the third closes
-    // and renames, the fourth closes and removes what is still open.
-    void Anlegen(const Text& pfad);
-    bool Hinausschreiben(std::string_view bytes);
-    bool Einsetzen();
-    void Verwerfen();
+    // The platform's part: the open file and its place. Its end closes and removes what is still open. None of these
+    // needs memory but the first, which gives null where no file can come to stand.
+    struct Platz;
+    struct PlatzEnde {
+        void operator()(Platz* platz) const;
+    };
+    using PlatzZeiger = std::unique_ptr<Platz, PlatzEnde>;
+    static PlatzZeiger Anlegen(const Text& pfad);
+    bool Hinausschreiben(std::string_view bytes); // all or fails
+    bool Einsetzen();                             // closes and names
 
-    Text m_pfad;
-    Text m_nebenan; // where the bytes go until the file is complete
-    std::intptr_t m_griff = -1;
+    PlatzZeiger m_platz;
     bool m_gut = false;
     std::string m_puffer;
 };
 
-// True when a file can be created at `pfad`: it is opened for writing, closed and deleted. Nothing is left behind. What
-// exists already, whatever it is, is neither opened nor deleted and gives false; so does a link that points to nothing.
+// True when a file can be created at `pfad`. Nothing is left behind, and nothing is deleted but what was created here.
+// What exists already, whatever it is, is neither opened nor deleted and gives false; so does a link that points to
+// nothing.
 bool DateiAnlegbar(const Text& pfad);
 
 // Local date and time.
@@ -124,6 +131,10 @@ Zeitpunkt Jetzt();
 // Milliseconds of the platform's cheapest clock that only goes forward, as coarse as 16 of them: it is looked at for
 // each record.
 std::int64_t MilliSekunden();
+
+// To be called once, before a run: what comes from outside and has nothing to do with the test doesn't end it (a closed
+// pipe on Linux, the limit of a file's size), nor make it wait (the system's boxes on Windows).
+void ProzessVorbereiten();
 
 // The command text behind the program's own name. Windows takes it from the system as it stands; Linux rebuilds it from
 // the arguments, see KommandotextAus.

@@ -2,14 +2,13 @@
 #include "support/OS_API.h"
 
 #include "support/HilfsFunktionen.h"
+#include "support/Systemruf_linux.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
+#include <csignal>
 #include <ctime>
 #include <new>
-#include <utility>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -19,13 +18,6 @@
 namespace zepholt {
 
 namespace {
-
-constexpr int Versuche = 1000; // to find a name beside an output file that is not taken
-
-// A path for the system; empty, and so never found, for a text that holds a NUL: the system would stop reading there.
-std::string PfadBytes(const Text& pfad) {
-    return pfad.find(u'\0') == Text::npos ? Utf8Bytes(pfad) : std::string();
-}
 
 DateiArt ArtAus(mode_t modus) {
     if (S_ISREG(modus)) {
@@ -37,7 +29,8 @@ DateiArt ArtAus(mode_t modus) {
 // What `name` in an open folder is, or a path when the folder is AT_FDCWD.
 DateiArt ArtIm(int ordner, const char* name) {
     struct stat angaben {};
-    return fstatat(ordner, name, &angaben, 0) == 0 ? ArtAus(angaben.st_mode) : DateiArt::Nichts;
+    const int ergebnis = Wiederholt([&] { return fstatat(ordner, name, &angaben, 0); });
+    return ergebnis == 0 ? ArtAus(angaben.st_mode) : DateiArt::Nichts;
 }
 
 // True when `name` fits `muster`. One place to come back to is enough: a later '*' takes over all that an earlier one
@@ -67,10 +60,39 @@ bool Passt(TextSicht name, TextSicht muster) {
     return muster.find_first_not_of(u'*', m) == TextSicht::npos;
 }
 
+struct OrdnerSchliesser {
+    void operator()(DIR* ordner) const { closedir(ordner); }
+};
+using OffenerOrdner = std::unique_ptr<DIR, OrdnerSchliesser>;
+
+// Null when the folder can't be opened; exhausted memory is no such failure.
+OffenerOrdner OrdnerOeffnen(const char* pfad) {
+    for (;;) {
+        OffenerOrdner ordner(opendir(pfad));
+        if (ordner == nullptr && errno == ENOMEM) {
+            throw std::bad_alloc();
+        }
+        if (ordner != nullptr || errno != EINTR) {
+            return ordner;
+        }
+    }
+}
+
+// Null behind the last entry, and where the reading fails for good.
+const dirent* NaechsterEintrag(DIR* ordner) {
+    for (;;) {
+        errno = 0;
+        const dirent* eintrag = readdir(ordner);
+        if (eintrag != nullptr || errno != EINTR) {
+            return eintrag;
+        }
+    }
+}
+
 // The names in a folder that fit, in the order in which they count.
 std::vector<std::string> PassendeNamen(DIR* ordner, TextSicht muster) {
     std::vector<std::string> namen;
-    while (const dirent* eintrag = readdir(ordner)) {
+    while (const dirent* eintrag = NaechsterEintrag(ordner)) {
         if (Passt(AusUtf8Bytes(eintrag->d_name), muster)) {
             namen.emplace_back(eintrag->d_name);
         }
@@ -82,12 +104,24 @@ std::vector<std::string> PassendeNamen(DIR* ordner, TextSicht muster) {
     return namen;
 }
 
+} // namespace
+
+// Interrupted, the file is closed all the same.
+bool Griff::Schliesse() {
+    return !Offen() || close(Abgeben()) == 0 || errno == EINTR;
+}
+
+Griff Oeffne(int ordner, const char* name, int art, mode_t rechte) {
+    return Griff(Wiederholt([=] { return openat(ordner, name, art | O_CLOEXEC, rechte); }));
+}
+
+std::string PfadBytes(const Text& pfad) {
+    return pfad.find(u'\0') == Text::npos ? Utf8Bytes(pfad) : std::string();
+}
+
 bool AllesSchreiben(int griff, std::string_view bytes) {
     while (!bytes.empty()) {
-        const ssize_t anzahl = write(griff, bytes.data(), bytes.size());
-        if (anzahl < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t anzahl = Wiederholt([&] { return write(griff, bytes.data(), bytes.size()); });
         if (anzahl <= 0) {
             return false;
         }
@@ -95,27 +129,6 @@ bool AllesSchreiben(int griff, std::string_view bytes) {
     }
     return true;
 }
-
-// Where a file at `pfad` really lies: the end of a link, else the path itself; empty for a link that points to nothing.
-std::string OhneVerweis(const std::string& pfad) {
-    struct stat angaben {};
-    if (lstat(pfad.c_str(), &angaben) != 0 || !S_ISLNK(angaben.st_mode)) {
-        return pfad;
-    }
-    char* ziel = realpath(pfad.c_str(), nullptr);
-    std::string ergebnis = ziel != nullptr ? ziel : "";
-    std::free(ziel);
-    return ergebnis;
-}
-
-// True when a file may come to stand at `pfad`: nothing or an ordinary file that may be written stands there.
-bool IstErsetzbar(const std::string& pfad) {
-    struct stat angaben {};
-    return lstat(pfad.c_str(), &angaben) != 0 ||
-           (S_ISREG(angaben.st_mode) && faccessat(AT_FDCWD, pfad.c_str(), W_OK, AT_EACCESS) == 0);
-}
-
-} // namespace
 
 DateiArt ArtVon(const Text& pfad) {
     return ArtIm(AT_FDCWD, PfadBytes(pfad).c_str());
@@ -131,17 +144,16 @@ std::vector<OrdnerEintrag> EintraegeSuchen(const Text& muster) {
 
     std::vector<OrdnerEintrag> eintraege;
     const std::string pfad = anfang > 0 ? PfadBytes(muster.substr(0, anfang)) : ".";
-    DIR* ordner = opendir(pfad.c_str());
+    const OffenerOrdner ordner = OrdnerOeffnen(pfad.c_str());
     if (ordner == nullptr) {
         return eintraege;
     }
-    for (const std::string& passend : PassendeNamen(ordner, name)) {
-        const DateiArt art = ArtIm(dirfd(ordner), passend.c_str());
+    for (const std::string& passend : PassendeNamen(ordner.get(), name)) {
+        const DateiArt art = ArtIm(dirfd(ordner.get()), passend.c_str());
         if (art != DateiArt::Nichts) {
             eintraege.push_back({AusUtf8Bytes(passend), art});
         }
     }
-    closedir(ordner);
     return eintraege;
 }
 
@@ -159,15 +171,12 @@ LeseDatei::LeseDatei(const Text& pfad) {
     if (ArtIm(AT_FDCWD, bytes.c_str()) != DateiArt::Datei) {
         throw LaufzeitFehler("no ordinary file");
     }
-    const int griff = open(bytes.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    Griff griff = Oeffne(AT_FDCWD, bytes.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY);
     struct stat angaben {};
-    if (griff < 0 || fstat(griff, &angaben) != 0 || !S_ISREG(angaben.st_mode)) {
-        if (griff >= 0) {
-            close(griff);
-        }
+    if (!griff.Offen() || fstat(griff.Nummer(), &angaben) != 0 || !S_ISREG(angaben.st_mode)) {
         throw LaufzeitFehler("file can't be opened");
     }
-    m_griff = griff;
+    m_griff = griff.Abgeben();
     m_groesse = static_cast<std::uint64_t>(angaben.st_size);
 }
 
@@ -180,11 +189,10 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
     Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(anzahl, rest)));
     std::size_t gelesen = 0;
     while (gelesen < bytes.size()) {
-        const ssize_t stueck = pread(static_cast<int>(m_griff), bytes.data() + gelesen, bytes.size() - gelesen,
-                                     static_cast<off_t>(stelle + gelesen));
-        if (stueck < 0 && errno == EINTR) {
-            continue;
-        }
+        const ssize_t stueck = Wiederholt([&] {
+            return pread(static_cast<int>(m_griff), bytes.data() + gelesen, bytes.size() - gelesen,
+                         static_cast<off_t>(stelle + gelesen));
+        });
         if (stueck < 0) {
             throw LaufzeitFehler("file can't be read");
         }
@@ -195,60 +203,6 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
     }
     bytes.Kuerzen(gelesen);
     return bytes;
-}
-
-// The name beside the place is short and of its own, whatever the length of the name in the end. A name that is taken
-// is passed over: the process number alone is not unique where a folder is shared between machines.
-void AusgabeDatei::Anlegen(const Text& pfad) {
-    const std::string ziel = OhneVerweis(PfadBytes(pfad));
-    if (ziel.empty() || ziel.back() == '/' || !IstErsetzbar(ziel)) {
-        return;
-    }
-    m_pfad = AusUtf8Bytes(ziel);
-    const std::string davor = ziel.substr(0, ziel.rfind('/') + 1) + ".zepholt-" + std::to_string(getpid()) + "-";
-    for (int versuch = 0; versuch < Versuche && !m_gut; ++versuch) {
-        const std::string nebenan = davor + std::to_string(versuch) + ".tmp";
-        m_nebenan = AusUtf8Bytes(nebenan);
-        m_griff = open(nebenan.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        m_gut = m_griff >= 0;
-        if (!m_gut && errno != EEXIST) {
-            return;
-        }
-    }
-}
-
-bool AusgabeDatei::Hinausschreiben(std::string_view bytes) {
-    return AllesSchreiben(static_cast<int>(m_griff), bytes);
-}
-
-bool AusgabeDatei::Einsetzen() {
-    const std::string ziel = Utf8Bytes(m_pfad);
-    const std::string nebenan = Utf8Bytes(m_nebenan);
-    const int griff = static_cast<int>(std::exchange(m_griff, -1));
-    const bool ganz = close(griff) == 0; // some file systems tell only here that a write failed
-    if (ganz && IstErsetzbar(ziel) && std::rename(nebenan.c_str(), ziel.c_str()) == 0) {
-        return true;
-    }
-    unlink(nebenan.c_str());
-    return false;
-}
-
-void AusgabeDatei::Verwerfen() {
-    if (m_griff >= 0) {
-        close(static_cast<int>(std::exchange(m_griff, -1)));
-        unlink(Utf8Bytes(m_nebenan).c_str());
-    }
-}
-
-bool DateiAnlegbar(const Text& pfad) {
-    const std::string bytes = PfadBytes(pfad);
-    const int griff = open(bytes.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-    if (griff < 0) {
-        return false;
-    }
-    close(griff);
-    unlink(bytes.c_str());
-    return true;
 }
 
 Zeitpunkt Jetzt() {
@@ -262,6 +216,11 @@ std::int64_t MilliSekunden() {
     timespec jetzt{};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &jetzt);
     return std::int64_t{jetzt.tv_sec} * 1000 + jetzt.tv_nsec / 1000000;
+}
+
+void ProzessVorbereiten() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 Text Kommandozeile(int anzahl, char** argumente) {

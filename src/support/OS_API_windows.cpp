@@ -32,27 +32,57 @@ HANDLE Griff(std::intptr_t griff) {
     return reinterpret_cast<HANDLE>(griff);
 }
 
-bool IstGeraet(const std::wstring& pfad) {
-    return pfad.starts_with(LR"(\\.\)");
+bool BeginntMit(std::wstring_view text, std::wstring_view anfang) {
+    return text.size() >= anfang.size() &&
+           CompareStringOrdinal(text.data(), static_cast<int>(anfang.size()), anfang.data(),
+                                static_cast<int>(anfang.size()), TRUE) == CSTR_EQUAL;
 }
 
-// A path for the system: absolute, and with the prefix that lifts the limit of 260 characters. The name of a device
-// (NUL, COM1) comes back as \\.\NUL. Empty, and so never found, for a text that holds a NUL, where the system would
-// stop reading, or a second colon: a stream of a file is no file.
+// The prefix of a path that the system takes as it stands, and so may be longer than 260 characters.
+constexpr std::wstring_view Woertlich = LR"(\\?\)";
+
+// True for a path to a device: \\.\NUL, and any taken as it stands that begins with no drive, volume or share.
+bool IstGeraet(std::wstring_view pfad) {
+    if (!pfad.starts_with(Woertlich)) {
+        return pfad.starts_with(LR"(\\.\)");
+    }
+    pfad.remove_prefix(Woertlich.size());
+    const bool laufwerk = pfad.size() > 2 && pfad[1] == L':' && pfad[2] == L'\\';
+    return !laufwerk && !BeginntMit(pfad, LR"(UNC\)") && !BeginntMit(pfad, L"Volume{");
+}
+
+// True when a colon stands anywhere but behind the letter of a drive: a stream of a file is no file.
+bool NenntStrom(std::wstring_view pfad) {
+    const std::size_t anfang = pfad.starts_with(Woertlich) ? Woertlich.size() : 0;
+    return pfad.find(L':', anfang + 2) != std::wstring_view::npos;
+}
+
+// The text as an absolute path, with '\' between its parts.
+std::wstring VollerPfad(const std::wstring& pfad) {
+    std::wstring voll(GetFullPathNameW(pfad.c_str(), 0, nullptr, nullptr), L'\0');
+    voll.resize(GetFullPathNameW(pfad.c_str(), static_cast<DWORD>(voll.size()), voll.data(), nullptr));
+    return voll;
+}
+
+// A path for the system: absolute, and taken as it stands, which lifts the limit of 260 characters. The name of a
+// device (NUL, COM1) comes back as \\.\NUL. Empty, and so never found, for a text that holds a NUL, where the system
+// would stop reading, or names a stream.
 std::wstring SystemPfad(const Text& pfad) {
     const std::wstring breit = Breit(pfad);
-    if (breit.empty() || breit.find(L'\0') != std::wstring::npos || breit.starts_with(LR"(\\?\)")) {
-        return breit.find(L'\0') == std::wstring::npos ? breit : std::wstring();
+    if (breit.empty() || breit.find(L'\0') != std::wstring::npos) {
+        return {};
     }
-    std::wstring voll(GetFullPathNameW(breit.c_str(), 0, nullptr, nullptr), L'\0');
-    voll.resize(GetFullPathNameW(breit.c_str(), static_cast<DWORD>(voll.size()), voll.data(), nullptr));
+    const std::wstring voll = breit.starts_with(Woertlich) ? breit : VollerPfad(breit);
     if (IstGeraet(voll)) {
         return voll;
     }
-    if (voll.find(L':', 2) != std::wstring::npos) {
+    if (NenntStrom(voll)) {
         return {};
     }
-    return voll.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + voll.substr(2) : LR"(\\?\)" + voll;
+    if (voll.starts_with(Woertlich)) {
+        return voll;
+    }
+    return voll.starts_with(LR"(\\)") ? LR"(\\?\UNC\)" + voll.substr(2) : std::wstring(Woertlich) + voll;
 }
 
 // What a link or another stand-in leads to.
@@ -95,12 +125,26 @@ bool SteheVor(const OrdnerEintrag& a, const OrdnerEintrag& b) {
     return std::pair(!istEigener(a.Name), Utf8Bytes(a.Name)) < std::pair(!istEigener(b.Name), Utf8Bytes(b.Name));
 }
 
+// A search in a folder, over with its end.
+struct Suche {
+    explicit Suche(HANDLE griff) : Griff(griff) {}
+    ~Suche() {
+        if (Griff != INVALID_HANDLE_VALUE) {
+            FindClose(Griff);
+        }
+    }
+    Suche(const Suche&) = delete;
+    Suche& operator=(const Suche&) = delete;
+
+    const HANDLE Griff;
+};
+
 std::vector<OrdnerEintrag> MitPlatzhaltern(const Text& muster, const std::wstring& ordner) {
     std::vector<OrdnerEintrag> eintraege;
     WIN32_FIND_DATAW fund{};
-    const HANDLE suche = FindFirstFileExW(SystemPfad(muster).c_str(), FindExInfoBasic, &fund, FindExSearchNameMatch,
-                                          nullptr, FIND_FIRST_EX_LARGE_FETCH);
-    if (suche == INVALID_HANDLE_VALUE) {
+    const Suche suche(FindFirstFileExW(SystemPfad(muster).c_str(), FindExInfoBasic, &fund, FindExSearchNameMatch,
+                                       nullptr, FIND_FIRST_EX_LARGE_FETCH));
+    if (suche.Griff == INVALID_HANDLE_VALUE) {
         return eintraege;
     }
     do {
@@ -108,8 +152,7 @@ std::vector<OrdnerEintrag> MitPlatzhaltern(const Text& muster, const std::wstrin
         if (art != DateiArt::Nichts) {
             eintraege.push_back({AusBreit(fund.cFileName), art, IstVersteckt(fund.dwFileAttributes)});
         }
-    } while (FindNextFileW(suche, &fund) != 0);
-    FindClose(suche);
+    } while (FindNextFileW(suche.Griff, &fund) != 0);
     std::sort(eintraege.begin(), eintraege.end(), SteheVor);
     return eintraege;
 }
@@ -142,11 +185,28 @@ void AufKonsole(HANDLE konsole, std::string_view utf8) {
     }
 }
 
-// True when a file may come to stand at `pfad`: nothing or an ordinary file that may be written stands there.
+// Gives a file its name, and takes it from the file that bears it. Another program may hold that for a moment (a test
+// of the same name by a run that starts, a virus scanner): it is tried again for half a second.
+bool Umbenennen(const std::wstring& von, const std::wstring& nach) {
+    for (int versuch = 0; versuch < 50; ++versuch) {
+        if (MoveFileExW(von.c_str(), nach.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) {
+            return true;
+        }
+        const DWORD grund = GetLastError();
+        if (grund != ERROR_SHARING_VIOLATION && grund != ERROR_ACCESS_DENIED && grund != ERROR_DELETE_PENDING) {
+            return false;
+        }
+        Sleep(10);
+    }
+    return false;
+}
+
+// True when a file may come to stand at `pfad`: nothing, an ordinary file that may be written, or a link to a file
+// stands there. It is the link that is replaced.
 bool IstErsetzbar(const std::wstring& pfad) {
     const DWORD attribute = GetFileAttributesW(pfad.c_str());
-    return attribute == INVALID_FILE_ATTRIBUTES ||
-           (ArtAus(attribute, pfad) == DateiArt::Datei && (attribute & FILE_ATTRIBUTE_READONLY) == 0);
+    constexpr DWORD Bleibt = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE | FILE_ATTRIBUTE_READONLY;
+    return attribute == INVALID_FILE_ATTRIBUTES || (attribute & Bleibt) == 0;
 }
 
 } // namespace
@@ -226,63 +286,85 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
     return bytes;
 }
 
-// The name beside the place is short and of its own, whatever the length of the name in the end. A name that is taken
-// is passed over: the process number alone is not unique where a folder is shared between machines.
-void AusgabeDatei::Anlegen(const Text& pfad) {
-    const std::wstring ziel = SystemPfad(pfad);
-    if (ziel.empty() || ziel.back() == L'\\' || IstGeraet(ziel) || !IstErsetzbar(ziel)) {
-        return;
-    }
-    m_pfad = AusBreit(ziel);
-    const std::wstring davor =
-        ziel.substr(0, ziel.rfind(L'\\') + 1) + L"zepholt-" + std::to_wstring(GetCurrentProcessId()) + L"-";
-    for (int versuch = 0; versuch < Versuche && !m_gut; ++versuch) {
-        const std::wstring nebenan = davor + std::to_wstring(versuch) + L".tmp";
-        m_nebenan = AusBreit(nebenan);
-        const HANDLE griff =
-            CreateFileW(nebenan.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-        m_griff = reinterpret_cast<std::intptr_t>(griff);
-        m_gut = griff != INVALID_HANDLE_VALUE;
-        if (!m_gut && GetLastError() != ERROR_FILE_EXISTS) {
-            return;
+struct AusgabeDatei::Platz {
+    std::wstring Ziel;
+    std::wstring Nebenan; // where the bytes go until the file is complete
+    HANDLE Datei = INVALID_HANDLE_VALUE;
+
+    ~Platz() {
+        if (Datei != INVALID_HANDLE_VALUE) {
+            CloseHandle(Datei);
+            DeleteFileW(Nebenan.c_str());
         }
     }
+
+    // The file is deleted when it is closed, by whatever ends the process, or it stays. Where the file system can't do
+    // so it stays, and is deleted by its name.
+    void BeimSchliessenLoeschen(bool loeschen) const {
+        FILE_DISPOSITION_INFO angaben{};
+        angaben.DeleteFile = loeschen ? TRUE : FALSE;
+        SetFileInformationByHandle(Datei, FileDispositionInfo, &angaben, sizeof angaben);
+    }
+};
+
+void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
+    delete platz;
+}
+
+// The name beside the place is short and of its own, whatever the length of the name in the end. A name that is taken
+// is passed over: the process number alone is not unique where a folder is shared between machines.
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
+    PlatzZeiger platz(new Platz);
+    platz->Ziel = SystemPfad(pfad);
+    const std::wstring& ziel = platz->Ziel;
+    if (ziel.empty() || ziel.back() == L'\\' || IstGeraet(ziel) || !IstErsetzbar(ziel)) {
+        return nullptr;
+    }
+    const std::wstring davor =
+        ziel.substr(0, ziel.rfind(L'\\') + 1) + L"zepholt-" + std::to_wstring(GetCurrentProcessId()) + L"-";
+    for (int versuch = 0; versuch < Versuche; ++versuch) {
+        platz->Nebenan = davor + std::to_wstring(versuch) + L".tmp";
+        platz->Datei = CreateFileW(platz->Nebenan.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                   FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (platz->Datei != INVALID_HANDLE_VALUE) {
+            platz->BeimSchliessenLoeschen(true);
+            return platz;
+        }
+        if (GetLastError() != ERROR_FILE_EXISTS) {
+            break;
+        }
+    }
+    return nullptr;
 }
 
 bool AusgabeDatei::Hinausschreiben(std::string_view bytes) {
-    return AllesSchreiben(Griff(m_griff), bytes);
+    return AllesSchreiben(m_platz->Datei, bytes);
 }
 
 bool AusgabeDatei::Einsetzen() {
-    const std::wstring ziel = Breit(m_pfad);
-    const std::wstring nebenan = Breit(m_nebenan);
-    const bool ganz = CloseHandle(Griff(std::exchange(m_griff, -1))) != 0;
-    if (ganz && IstErsetzbar(ziel) && MoveFileExW(nebenan.c_str(), ziel.c_str(), MOVEFILE_REPLACE_EXISTING) != 0) {
+    const PlatzZeiger platz = std::move(m_platz);
+    platz->BeimSchliessenLoeschen(false);
+    const bool ganz = CloseHandle(std::exchange(platz->Datei, INVALID_HANDLE_VALUE)) != 0;
+    if (ganz && IstErsetzbar(platz->Ziel) && Umbenennen(platz->Nebenan, platz->Ziel)) {
         return true;
     }
-    DeleteFileW(nebenan.c_str());
+    DeleteFileW(platz->Nebenan.c_str());
     return false;
 }
 
-void AusgabeDatei::Verwerfen() {
-    if (m_griff != -1) {
-        CloseHandle(Griff(std::exchange(m_griff, -1)));
-        DeleteFileW(Breit(m_nebenan).c_str());
-    }
-}
-
+// Under the name itself, since only so the system tells whether it is one. What is deleted is the file that was created
+// here and no other, also when the process is ended in between.
 bool DateiAnlegbar(const Text& pfad) {
     const std::wstring system = SystemPfad(pfad);
     if (IstGeraet(system) || GetFileAttributesW(system.c_str()) != INVALID_FILE_ATTRIBUTES) {
         return false;
     }
-    const HANDLE griff =
-        CreateFileW(system.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE griff = CreateFileW(system.c_str(), GENERIC_WRITE | DELETE, AlleTeilen, nullptr, CREATE_NEW,
+                                     FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
     if (griff == INVALID_HANDLE_VALUE) {
         return false;
     }
     CloseHandle(griff);
-    DeleteFileW(system.c_str());
     return true;
 }
 
@@ -294,6 +376,11 @@ Zeitpunkt Jetzt() {
 
 std::int64_t MilliSekunden() {
     return static_cast<std::int64_t>(GetTickCount64());
+}
+
+// A drive without a disk is a failure of the call, not a box that asks for one.
+void ProzessVorbereiten() {
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
 }
 
 Text Kommandozeile(int /*anzahl*/, char** /*argumente*/) {

@@ -65,8 +65,6 @@ constexpr Laufzeittext Tabelle[] = {
     {"file became shorter while it was read",
      {u"die Datei wurde kürzer, während sie gelesen wurde", u"le fichier a raccourci pendant sa lecture",
       u"il file si è accorciato durante la lettura"}},
-    {"no memory for the file",
-     {u"kein Speicher für die Datei", u"pas de mémoire pour le fichier", u"nessuna memoria per il file"}},
 };
 
 // Column of the table, from 0.

@@ -2,6 +2,7 @@
 
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
+#include "support/Systemruf_linux.h"
 #include "window/Formulare.h"
 #include "window/Formulartexte.h"
 
@@ -10,6 +11,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <new>
 
 namespace zepholt {
 
@@ -20,14 +22,9 @@ constexpr std::size_t Striche = 20; // of the full bar
 // Set by Ctrl+C, taken back when the question is answered. A signal handler can reach nothing but a static.
 volatile std::sig_atomic_t g_unterbrochen = 0;
 
-void SchreibeBytes(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t anzahl = write(STDERR_FILENO, bytes.data(), bytes.size());
-        if (anzahl <= 0) {
-            return; // a terminal that is gone is no reason to stop a test
-        }
-        bytes.remove_prefix(static_cast<std::size_t>(anzahl));
-    }
+// A terminal that is gone is no reason to stop a test.
+void SchreibeText(const Text& text) {
+    AllesSchreiben(STDERR_FILENO, Utf8Bytes(text));
 }
 
 void BeiUnterbrechung(int signal) {
@@ -53,7 +50,7 @@ std::string AntwortLesen() {
     const int terminal = open("/dev/tty", O_RDONLY | O_CLOEXEC | O_NOCTTY);
     std::string antwort;
     if (terminal >= 0 && tcgetpgrp(terminal) == getpgrp()) {
-        for (char zeichen = 0; read(terminal, &zeichen, 1) == 1 && zeichen != '\n';) {
+        for (char zeichen = 0; Wiederholt([&] { return read(terminal, &zeichen, 1); }) == 1 && zeichen != '\n';) {
             antwort.push_back(zeichen);
         }
     }
@@ -76,8 +73,12 @@ Terminalanzeige::Terminalanzeige() {
 }
 
 Terminalanzeige::~Terminalanzeige() {
-    Schreibe({});
     sigaction(SIGINT, &m_vorher, nullptr);
+    try {
+        Schreibe({});
+    } catch (const std::bad_alloc&) {
+        // What stands on the line stays.
+    }
 }
 
 void Terminalanzeige::Ereignisse() {
@@ -97,7 +98,7 @@ void Terminalanzeige::Schreibe(TextSicht zeile) {
     if (zeile.size() < m_zeile.size()) {
         ausgabe.append(u"\r").append(zeile);
     }
-    SchreibeBytes(Utf8Bytes(ausgabe));
+    SchreibeText(ausgabe);
     m_zeile = zeile;
 }
 
@@ -107,7 +108,7 @@ void Terminalanzeige::FrageAbbruch() {
     const Text ja = Kleinbuchstaben(TextSicht(texte.Ja).substr(0, 1));
     const Text nein = Kleinbuchstaben(TextSicht(texte.Nein).substr(0, 1));
     Schreibe({});
-    SchreibeBytes(Utf8Bytes(texte.Frage + u" (" + ja + u"/" + nein + u") "));
+    SchreibeText(texte.Frage + u" (" + ja + u"/" + nein + u") ");
 
     const Text antwort = Kleinbuchstaben(OhneLeerzeichen(AusAscii(AntwortLesen())));
     if (antwort.substr(0, 1) == ja) {

@@ -57,10 +57,12 @@ for wunsch in dialog=de- dialog=FR- Dialog=iT-; do
     still 0 "$wunsch" file=a.01S errorfile=p.xml catalog=fehlt           # 1006
     still 0 "$wunsch" file=a.01S "${rest[@]}" mode=x                     # 1007
 done
-still 0 'dialog="de-"' fille=x
-still 0 '"dialog=de-"'
-still 0 'dialog=" de- "' file=a.01S "${rest[@]}"
-[ "${#programm[@]}" -eq 1 ] && still 1 dialog=de- file=a.01S "${rest[@]}" 'mode="' # one quotation mark
+if [ "${#programm[@]}" -eq 1 ]; then # an emulator changes quotation marks
+    still 0 'dialog="de-"' fille=x
+    still 0 '"dialog=de-"'
+    still 0 'dialog=" de- "' file=a.01S "${rest[@]}"
+    still 1 dialog=de- file=a.01S "${rest[@]}" 'mode="' # one quotation mark
+fi
 
 laut dialog=de xyz
 laut dialog=de

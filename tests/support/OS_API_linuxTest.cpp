@@ -5,14 +5,20 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 
 #include <fcntl.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -28,6 +34,23 @@ protected:
 
     void Verweis(const std::string& ziel, const Text& name) const {
         ASSERT_EQ(symlink(ziel.c_str(), Bytes(name).c_str()), 0);
+    }
+
+    // From here on this process gets no file without a name, as on a file system that has none such.
+    static void NamenloseVerbieten() {
+        constexpr unsigned Merkmal = __O_TMPFILE;
+        sock_filter regeln[] = {
+            BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+            BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
+            BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, args[2])),
+            BPF_JUMP(BPF_JMP | BPF_JSET | BPF_K, Merkmal, 0, 1),
+            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EOPNOTSUPP),
+            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+        };
+        const sock_fprog programm = {std::size(regeln), regeln};
+        if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0 || prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &programm) != 0) {
+            _exit(1);
+        }
     }
 
     // The result of `tun` in a process of its own.
@@ -170,17 +193,149 @@ TEST_F(LinuxTest, VerweiseSindWasAnIhremEndeSteht) {
     EXPECT_EQ(ArtVon(Pfad(u"fehlt")), DateiArt::Nichts);
 }
 
-TEST_F(LinuxTest, GeschriebenWirdAnsEndeEinesVerweises) {
-    Datei(u"datei", "alt");
-    Verweis("datei", u"v1");
+// The name itself is what is replaced, never what a link of that name points to.
+TEST_F(LinuxTest, EinVerweisWirdErsetztNieSeinZiel) {
+    Datei(u"fremd", "fremd");
+    chmod(Bytes(u"fremd").c_str(), 0600);
+    Verweis("fremd", u"v1");
     Verweis("fehlt", u"v2");
-    AusgabeDatei datei(Pfad(u"v1"));
-    datei.Schreiben("neu");
-    EXPECT_TRUE(datei.Abschliessen());
-    EXPECT_EQ(Inhalt(u"datei"), "neu");
-    EXPECT_TRUE(std::filesystem::is_symlink(System(u"v1")));
-    EXPECT_FALSE(AusgabeDatei(Pfad(u"v2")).Abschliessen());
+    for (const char16_t* name : {u"v1", u"v2"}) {
+        AusgabeDatei datei(Pfad(name));
+        datei.Schreiben("neu");
+        EXPECT_TRUE(datei.Abschliessen());
+        EXPECT_FALSE(std::filesystem::is_symlink(System(name)));
+        EXPECT_EQ(Inhalt(name), "neu");
+    }
+    EXPECT_EQ(Inhalt(u"fremd"), "fremd");
     EXPECT_EQ(Anzahl(), 3);
+}
+
+TEST_F(LinuxTest, EinVerweisDerWaehrendDesSchreibensEntstehtWirdErsetzt) {
+    Datei(u"fremd", "fremd");
+    for (const std::string ziel : {"fremd", "fehlt"}) {
+        AusgabeDatei datei(Pfad(u"p.xml"));
+        datei.Schreiben("neu");
+        Verweis(ziel, u"p.xml");
+        EXPECT_TRUE(datei.Abschliessen());
+        EXPECT_FALSE(std::filesystem::is_symlink(System(u"p.xml")));
+        EXPECT_EQ(Inhalt(u"p.xml"), "neu");
+        EXPECT_EQ(Inhalt(u"fremd"), "fremd");
+        EXPECT_EQ(Anzahl(), 2);
+        std::filesystem::remove(System(u"p.xml"));
+    }
+}
+
+// Nor does it matter what becomes of the folder's path.
+TEST_F(LinuxTest, DerOrdnerIstDerDerZuBeginnDaStand) {
+    Ordner(u"o");
+    Ordner(u"fremd");
+    AusgabeDatei datei(Pfad(u"o/p.xml"));
+    datei.Schreiben("neu");
+    std::filesystem::rename(System(u"o"), System(u"anders"));
+    Verweis("fremd", u"o");
+    EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Inhalt(u"anders/p.xml"), "neu");
+    EXPECT_TRUE(std::filesystem::is_empty(System(u"fremd")));
+}
+
+TEST_F(LinuxTest, EinOrdnerDerVerschwindetIstEinFehlschlag) {
+    Ordner(u"o");
+    AusgabeDatei datei(Pfad(u"o/p.xml"));
+    datei.Schreiben("neu");
+    std::filesystem::remove(System(u"o"));
+    EXPECT_FALSE(datei.Abschliessen());
+    EXPECT_EQ(Anzahl(), 0);
+}
+
+// Written into the file's own folder: the one above may not be written to.
+TEST_F(LinuxTest, DerOrdnerDarueberWirdNichtGebraucht) {
+    Ordner(u"x/y");
+    chmod(Bytes(u"x/y").c_str(), 0777);
+    chmod(Bytes(u"x").c_str(), 0555);
+    chmod(Bytes(u"").c_str(), 0755);
+    for (const bool namenlos : {true, false}) {
+        EXPECT_TRUE(ImKind([&] {
+            if (!namenlos) {
+                NamenloseVerbieten();
+            }
+            return (geteuid() != 0 || setuid(65534) == 0) && DateiAnlegbar(Pfad(u"x/y/p.xml")) &&
+                   AusgabeDatei(Pfad(u"x/y/p.xml")).Abschliessen();
+        }));
+        EXPECT_TRUE(std::filesystem::remove(System(u"x/y/p.xml")));
+    }
+    chmod(Bytes(u"x").c_str(), 0755);
+}
+
+// --- A file without a name, and where there is none such
+
+TEST_F(LinuxTest, BisZumAbschlussStehtNichtsImOrdner) {
+    AusgabeDatei datei(Pfad(u"a"));
+    datei.Schreiben(std::string(3'000'000, 'x'));
+    EXPECT_EQ(Anzahl(), 0);
+    EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Anzahl(), 1);
+}
+
+TEST_F(LinuxTest, EinGetoeteterLaufHinterlaesstNichts) {
+    for (const int signal : {SIGKILL, SIGTERM, SIGINT}) {
+        const pid_t kind = fork();
+        if (kind == 0) {
+            AusgabeDatei datei(Pfad(u"a"));
+            datei.Schreiben(std::string(3'000'000, 'x'));
+            raise(signal);
+            _exit(0);
+        }
+        int ergebnis = 0;
+        waitpid(kind, &ergebnis, 0);
+        EXPECT_TRUE(WIFSIGNALED(ergebnis));
+        EXPECT_EQ(Anzahl(), 0);
+    }
+}
+
+TEST_F(LinuxTest, OhneNamenloseDateienMitEinemNamenDaneben) {
+    Datei(u"alt", "alt");
+    Verweis("alt", u"verweis");
+    EXPECT_TRUE(ImKind([&] {
+        NamenloseVerbieten();
+        bool gut = DateiAnlegbar(Pfad(u"neu")) && !DateiAnlegbar(Pfad(u"alt")) && !DateiAnlegbar(Pfad(u"fehlt/a")) &&
+                   Anzahl() == 2;
+        for (const char16_t* name : {u"neu", u"alt", u"verweis"}) {
+            AusgabeDatei datei(Pfad(name));
+            datei.Schreiben("inhalt");
+            const std::ptrdiff_t waehrend = Anzahl();
+            gut = gut && datei.Abschliessen() && Inhalt(name) == "inhalt" && waehrend == 3 + (name[0] != u'n');
+        }
+        {
+            AusgabeDatei datei(Pfad(u"verworfen"));
+            datei.Schreiben(std::string(3'000'000, 'x'));
+        }
+        return gut && Anzahl() == 3;
+    }));
+    EXPECT_EQ(Anzahl(), 3);
+}
+
+// The signals that end a process wait until the file with a name is complete or gone.
+TEST_F(LinuxTest, OhneNamenloseDateienWartenDieSignale) {
+    for (const bool abschliessen : {true, false}) {
+        const pid_t kind = fork();
+        if (kind == 0) {
+            NamenloseVerbieten();
+            {
+                AusgabeDatei datei(Pfad(u"a"));
+                datei.Schreiben("inhalt");
+                raise(SIGTERM);
+                if (abschliessen) {
+                    datei.Abschliessen();
+                }
+            }
+            _exit(0); // never reached: the signal comes now
+        }
+        int ergebnis = 0;
+        waitpid(kind, &ergebnis, 0);
+        EXPECT_TRUE(WIFSIGNALED(ergebnis) && WTERMSIG(ergebnis) == SIGTERM);
+        EXPECT_EQ(Anzahl(), abschliessen ? 1 : 0);
+        std::filesystem::remove(System(u"a"));
+    }
 }
 
 // The disk is full for all that goes beyond 4096 bytes.
@@ -272,9 +427,11 @@ TEST_F(LinuxTest, SchreibgeschuetzteDateiBleibt) {
 TEST_F(LinuxTest, EinVergebenerNameDanebenWirdUebergangen) {
     const Text vergeben = u".zepholt-" + ZahlText(getpid()) + u"-0.tmp";
     Datei(vergeben, "fremd");
+    Datei(u"a", "alt"); // only to replace a name another one is needed
     AusgabeDatei datei(Pfad(u"a"));
     datei.Schreiben("x");
     EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Inhalt(u"a"), "x");
     EXPECT_EQ(Inhalt(vergeben), "fremd");
     EXPECT_EQ(Anzahl(), 2);
 }

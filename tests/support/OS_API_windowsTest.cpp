@@ -69,6 +69,57 @@ TEST_F(WindowsTest, GeraetenamenUndDatenstroemeSindKeineDateien) {
     EXPECT_EQ(Anzahl(), 0);
 }
 
+// A path that the system takes as it stands names no stream and no device either.
+TEST_F(WindowsTest, WoertlichePfadeWerdenGenausoGeprueft) {
+    Datei(u"da", "alt");
+    const auto woertlich = [this](const Text& name) { return System(name).u16string(); };
+    EXPECT_TRUE(DateiAnlegbar(woertlich(u"a.xml")));
+    for (const char16_t* name : {u"a.xml:strom", u"a.xml::$DATA", u"da:strom", u"da::$DATA"}) {
+        EXPECT_EQ(ArtVon(woertlich(name)), DateiArt::Nichts) << Utf8Bytes(name);
+        EXPECT_FALSE(DateiAnlegbar(woertlich(name))) << Utf8Bytes(name);
+        EXPECT_FALSE(AusgabeDatei(woertlich(name)).Abschliessen()) << Utf8Bytes(name);
+        EXPECT_THROW(LeseDatei{woertlich(name)}, LaufzeitFehler) << Utf8Bytes(name);
+    }
+    for (const char16_t* name : {u"\\\\?\\NUL", u"\\\\?\\GLOBALROOT\\Device\\Null", u"\\\\?\\pipe\\zepholt"}) {
+        EXPECT_EQ(ArtVon(name), DateiArt::Anderes) << Utf8Bytes(name);
+        EXPECT_FALSE(DateiAnlegbar(name)) << Utf8Bytes(name);
+        EXPECT_FALSE(AusgabeDatei(name).Abschliessen()) << Utf8Bytes(name);
+    }
+    EXPECT_EQ(Inhalt(u"da"), "alt");
+    EXPECT_EQ(Anzahl(), 1);
+}
+
+// The program of the tests starts itself; that run, told by a variable where to write, is ended in the middle.
+TEST_F(WindowsTest, EinGetoeteterLaufHinterlaesstNichts) {
+    constexpr const wchar_t* Variable = L"ZEPHOLT_TEST_PFAD";
+    std::wstring pfad(1000, L'\0');
+    pfad.resize(GetEnvironmentVariableW(Variable, pfad.data(), 1000));
+    if (!pfad.empty()) {
+        AusgabeDatei datei(Text(pfad.begin(), pfad.end()));
+        datei.Schreiben(std::string(3'000'000, 'x'));
+        TerminateProcess(GetCurrentProcess(), 7);
+    }
+    std::wstring programm(1000, L'\0');
+    programm.resize(GetModuleFileNameW(nullptr, programm.data(), 1000));
+    std::wstring aufruf = L"x --gtest_filter=WindowsTest.EinGetoeteterLaufHinterlaesstNichts";
+    const Text ziel = Pfad(u"a");
+    SetEnvironmentVariableW(Variable, std::wstring(ziel.begin(), ziel.end()).c_str());
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION kind{};
+    ASSERT_NE(
+        CreateProcessW(programm.c_str(), aufruf.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &kind),
+        0);
+    SetEnvironmentVariableW(Variable, nullptr);
+    WaitForSingleObject(kind.hProcess, INFINITE);
+    DWORD ende = 0;
+    GetExitCodeProcess(kind.hProcess, &ende);
+    CloseHandle(kind.hThread);
+    CloseHandle(kind.hProcess);
+    EXPECT_EQ(ende, 7U);
+    EXPECT_EQ(Anzahl(), 0);
+}
+
 TEST_F(WindowsTest, GrossUndKleinschreibungIstGleich) {
     Datei(u"N131241.QVM");
     EXPECT_TRUE(DateiExistiert(Pfad(u"n131241.qvm")));

@@ -1,0 +1,227 @@
+// Output files on Linux: complete or absent, and nothing beside them.
+#include "support/OS_API.h"
+#include "support/Systemruf_linux.h"
+
+#include <csignal>
+#include <cstdio>
+#include <optional>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zepholt {
+
+namespace {
+
+constexpr int Versuche = 1000; // to find a name beside an output file that is not taken
+
+// Where a new file is to stand: its folder, opened, and its name there. What becomes of the folder's own path meanwhile
+// changes nothing.
+struct Stelle {
+    Griff Ordner;
+    std::string Name;
+};
+
+Stelle StelleVon(const std::string& pfad) {
+    const std::size_t anfang = pfad.rfind('/') + 1; // 0 without one
+    std::string name = pfad.substr(anfang);
+    const std::string ordner = anfang > 0 ? pfad.substr(0, anfang) : "./";
+    return {Oeffne(AT_FDCWD, ordner.c_str(), O_PATH | O_DIRECTORY), std::move(name)};
+}
+
+// What stands under the name itself, a link too. False when nothing does, or nothing can.
+bool LiesNamen(const Stelle& stelle, struct stat& angaben) {
+    return Wiederholt([&] {
+               return fstatat(stelle.Ordner.Nummer(), stelle.Name.c_str(), &angaben, AT_SYMLINK_NOFOLLOW);
+           }) == 0;
+}
+
+// True when a file may come to stand here: nothing does, an ordinary file that may be written, or a link.
+bool IstErsetzbar(const Stelle& stelle) {
+    struct stat angaben {};
+    if (stelle.Name.empty()) {
+        return false;
+    }
+    if (!LiesNamen(stelle, angaben)) {
+        return errno == ENOENT;
+    }
+    const auto schreibbar = [&] {
+        return faccessat(stelle.Ordner.Nummer(), stelle.Name.c_str(), W_OK, AT_EACCESS) == 0;
+    };
+    return S_ISLNK(angaben.st_mode) || (S_ISREG(angaben.st_mode) && schreibbar());
+}
+
+// The system's path of an open file, by which it can be given a name.
+struct Griffpfad {
+    explicit Griffpfad(const Griff& griff) {
+        std::snprintf(Zeichen, sizeof Zeichen, "/proc/self/fd/%d", griff.Nummer());
+    }
+    char Zeichen[32];
+};
+
+// A new file without a name in the folder, which ends with the process; not open where the system has none such, or no
+// way to name it later.
+Griff NamenlosAnlegen(const Stelle& stelle) {
+    Griff griff = Oeffne(stelle.Ordner.Nummer(), ".", O_WRONLY | O_TMPFILE, 0666);
+    if (griff.Offen() && access(Griffpfad(griff).Zeichen, F_OK) != 0) {
+        return {};
+    }
+    return griff;
+}
+
+// A name beside the place, short and of its own, whatever the length of the name in the end. The process number alone
+// is not unique where a folder is shared between machines.
+struct Nebenname {
+    explicit Nebenname(int versuch) {
+        std::snprintf(Zeichen, sizeof Zeichen, ".zepholt-%d-%d.tmp", static_cast<int>(getpid()), versuch);
+    }
+    char Zeichen[48] = "";
+};
+
+// Tries names beside the place until `tun` succeeds with one that is not taken; empty when there is none.
+template <class Tun>
+std::optional<Nebenname> NebennameFinden(Tun tun) {
+    for (int versuch = 0; versuch < Versuche; ++versuch) {
+        const Nebenname name(versuch);
+        if (tun(name.Zeichen)) {
+            return name;
+        }
+        if (errno != EEXIST) {
+            break;
+        }
+    }
+    return std::nullopt;
+}
+
+// Holds back the signals that would end the process and leave a file with a name beside its place. What the program
+// answers itself is not held back.
+class Signalsperre {
+public:
+    Signalsperre() {
+        sigset_t gesperrt;
+        sigemptyset(&gesperrt);
+        for (const int signal : {SIGTERM, SIGINT, SIGHUP, SIGQUIT}) {
+            struct sigaction jetzt {};
+            if (sigaction(signal, nullptr, &jetzt) == 0 && jetzt.sa_handler == SIG_DFL) {
+                sigaddset(&gesperrt, signal);
+            }
+        }
+        sigprocmask(SIG_BLOCK, &gesperrt, &m_vorher);
+    }
+    ~Signalsperre() { sigprocmask(SIG_SETMASK, &m_vorher, nullptr); }
+    Signalsperre(const Signalsperre&) = delete;
+    Signalsperre& operator=(const Signalsperre&) = delete;
+
+private:
+    sigset_t m_vorher;
+};
+
+} // namespace
+
+struct AusgabeDatei::Platz {
+    Stelle Ort;
+    Griff Datei;
+    std::optional<Nebenname> Nebenan;   // the file's name so far; none while it has no name at all
+    std::optional<Signalsperre> Sperre; // as long as it has one
+
+    ~Platz() {
+        if (Nebenan) {
+            unlinkat(Ort.Ordner.Nummer(), Nebenan->Zeichen, 0);
+        }
+    }
+    bool MitNamenAnlegen();
+    bool NamenGeben();
+    bool Umbenennen();
+};
+
+// The way of file systems that know no file without a name.
+bool AusgabeDatei::Platz::MitNamenAnlegen() {
+    Sperre.emplace();
+    Nebenan = NebennameFinden([this](const char* name) {
+        Datei = Oeffne(Ort.Ordner.Nummer(), name, O_WRONLY | O_CREAT | O_EXCL, 0666);
+        return Datei.Offen();
+    });
+    return Datei.Offen();
+}
+
+// Gives the file without a name its own at once where nothing stands under it, else by way of a name beside it: only a
+// name can replace a name.
+bool AusgabeDatei::Platz::NamenGeben() {
+    const Griffpfad quelle(Datei);
+    const int ordner = Ort.Ordner.Nummer();
+    const auto verknuepft = [&](const char* name) {
+        return Wiederholt([&] { return linkat(AT_FDCWD, quelle.Zeichen, ordner, name, AT_SYMLINK_FOLLOW); }) == 0;
+    };
+    if (verknuepft(Ort.Name.c_str())) {
+        return true;
+    }
+    if (errno != EEXIST || !IstErsetzbar(Ort)) {
+        return false;
+    }
+    Sperre.emplace();
+    Nebenan = NebennameFinden(verknuepft);
+    return Nebenan && Umbenennen();
+}
+
+bool AusgabeDatei::Platz::Umbenennen() {
+    const int ordner = Ort.Ordner.Nummer();
+    const auto umbenannt = [&] { return renameat(ordner, Nebenan->Zeichen, ordner, Ort.Name.c_str()); };
+    if (!IstErsetzbar(Ort) || Wiederholt(umbenannt) != 0) {
+        return false;
+    }
+    Nebenan.reset();
+    return true;
+}
+
+void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
+    delete platz;
+}
+
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
+    PlatzZeiger platz(new Platz);
+    platz->Ort = StelleVon(PfadBytes(pfad));
+    if (!platz->Ort.Ordner.Offen() || !IstErsetzbar(platz->Ort)) {
+        return nullptr;
+    }
+    platz->Datei = NamenlosAnlegen(platz->Ort);
+    return platz->Datei.Offen() || platz->MitNamenAnlegen() ? std::move(platz) : nullptr;
+}
+
+bool AusgabeDatei::Hinausschreiben(std::string_view bytes) {
+    return AllesSchreiben(m_platz->Datei.Nummer(), bytes);
+}
+
+// Some file systems tell only at the closing that a write failed: a second handle of the file is closed first, while
+// the file has no name yet. Where no more handles are to be had, that is left out.
+bool AusgabeDatei::Einsetzen() {
+    const PlatzZeiger platz = std::move(m_platz);
+    Griff zweiter(dup(platz->Datei.Nummer()));
+    const bool ganz = !zweiter.Offen() || zweiter.Schliesse();
+    return ganz && (platz->Nebenan ? platz->Umbenennen() : platz->NamenGeben());
+}
+
+// By a file without a name where the system has one. Else by one under the name itself; what is deleted then is only
+// what was created here, should another file have taken the name meanwhile.
+bool DateiAnlegbar(const Text& pfad) {
+    const Stelle stelle = StelleVon(PfadBytes(pfad));
+    struct stat angaben {};
+    if (!stelle.Ordner.Offen() || LiesNamen(stelle, angaben) || errno != ENOENT || stelle.Name.empty()) {
+        return false;
+    }
+    if (NamenlosAnlegen(stelle).Offen()) {
+        return true;
+    }
+    const Signalsperre sperre;
+    const Griff griff = Oeffne(stelle.Ordner.Nummer(), stelle.Name.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+    struct stat eigene {};
+    if (!griff.Offen()) {
+        return false;
+    }
+    if (fstat(griff.Nummer(), &eigene) == 0 && LiesNamen(stelle, angaben) && eigene.st_dev == angaben.st_dev &&
+        eigene.st_ino == angaben.st_ino) {
+        unlinkat(stelle.Ordner.Nummer(), stelle.Name.c_str(), 0);
+    }
+    return true;
+}
+
+} // namespace zepholt

@@ -1,0 +1,165 @@
+// Calls of the system that a signal interrupts, or that do only half of what they were asked for: nothing of it is a
+// failure. The test program's own functions stand before the system's.
+#include "support/OS_API.h"
+
+#include "support/Pruefordner.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdarg>
+#include <set>
+
+#include <dirent.h>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+bool gestoert = false;
+std::set<std::string> gesehen; // the calls that were interrupted
+
+// True every second time for each call: what is tried again gets through.
+bool Unterbrochen(const char* ruf) {
+    static std::set<std::string> offen;
+    if (!gestoert) {
+        return false;
+    }
+    gestoert = false; // what happens here is not interrupted
+    gesehen.insert(ruf);
+    const bool jetzt = offen.insert(ruf).second;
+    if (!jetzt) {
+        offen.erase(ruf);
+    }
+    gestoert = true;
+    errno = jetzt ? EINTR : errno;
+    return jetzt;
+}
+
+template <class Funktion>
+Funktion* System(const char* name) {
+    return reinterpret_cast<Funktion*>(dlsym(RTLD_NEXT, name));
+}
+
+std::size_t Haelfte(std::size_t anzahl) {
+    return gestoert ? (anzahl + 1) / 2 : anzahl;
+}
+
+} // namespace
+
+extern "C" {
+
+int openat(int ordner, const char* pfad, int art, ...) {
+    va_list weitere;
+    va_start(weitere, art);
+    const mode_t rechte = va_arg(weitere, mode_t);
+    va_end(weitere);
+    return Unterbrochen("openat") ? -1
+                                  : System<int(int, const char*, int, mode_t)>("openat")(ordner, pfad, art, rechte);
+}
+
+ssize_t write(int griff, const void* bytes, size_t anzahl) {
+    return Unterbrochen("write") ? -1
+                                 : System<ssize_t(int, const void*, size_t)>("write")(griff, bytes, Haelfte(anzahl));
+}
+
+ssize_t pread(int griff, void* bytes, size_t anzahl, off_t stelle) {
+    return Unterbrochen("pread")
+               ? -1
+               : System<ssize_t(int, void*, size_t, off_t)>("pread")(griff, bytes, Haelfte(anzahl), stelle);
+}
+
+int fstatat(int ordner, const char* pfad, struct stat* angaben, int art) noexcept {
+    return Unterbrochen("fstatat")
+               ? -1
+               : System<int(int, const char*, struct stat*, int)>("fstatat")(ordner, pfad, angaben, art);
+}
+
+int linkat(int von, const char* alt, int nach, const char* neu, int art) noexcept {
+    return Unterbrochen("linkat")
+               ? -1
+               : System<int(int, const char*, int, const char*, int)>("linkat")(von, alt, nach, neu, art);
+}
+
+int renameat(int von, const char* alt, int nach, const char* neu) noexcept {
+    return Unterbrochen("renameat") ? -1
+                                    : System<int(int, const char*, int, const char*)>("renameat")(von, alt, nach, neu);
+}
+
+DIR* opendir(const char* pfad) {
+    return Unterbrochen("opendir") ? nullptr : System<DIR*(const char*)>("opendir")(pfad);
+}
+
+dirent* readdir(DIR* ordner) {
+    return Unterbrochen("readdir") ? nullptr : System<dirent*(DIR*)>("readdir")(ordner);
+}
+
+} // extern "C"
+
+namespace zepholt {
+namespace {
+
+class StoerungTest : public Pruefordner {
+protected:
+    ~StoerungTest() override { gestoert = false; }
+
+    template <class Tun>
+    static auto Gestoert(Tun tun) {
+        gesehen.clear();
+        gestoert = true;
+        auto ergebnis = tun();
+        gestoert = false;
+        return ergebnis;
+    }
+};
+
+using Rufe = std::set<std::string>;
+
+TEST_F(StoerungTest, EineNeueDateiKommtGanzHeraus) {
+    const std::string inhalt(3'000'001, 'x');
+    const auto schreibe = [&](const char16_t* name) {
+        return Gestoert([&] {
+            AusgabeDatei datei(Pfad(name));
+            datei.Schreiben(inhalt);
+            return datei.Abschliessen();
+        });
+    };
+    EXPECT_TRUE(schreibe(u"neu"));
+    EXPECT_EQ(gesehen, (Rufe{"openat", "fstatat", "write", "linkat"}));
+    EXPECT_TRUE(Inhalt(u"neu") == inhalt);
+
+    Datei(u"alt", "alt");
+    EXPECT_TRUE(schreibe(u"alt"));
+    EXPECT_EQ(gesehen, (Rufe{"openat", "fstatat", "write", "linkat", "renameat"}));
+    EXPECT_TRUE(Inhalt(u"alt") == inhalt);
+    EXPECT_EQ(Anzahl(), 2);
+}
+
+TEST_F(StoerungTest, EineDateiWirdGanzGelesen) {
+    std::string inhalt;
+    for (int i = 0; i < 100'000; ++i) {
+        inhalt.push_back(static_cast<char>(i * 7));
+    }
+    Datei(u"a", inhalt);
+    EXPECT_TRUE(Gestoert([&] { return AlsText(LeseDatei(Pfad(u"a")).Lies(0, inhalt.size())); }) == inhalt);
+    EXPECT_EQ(gesehen, (Rufe{"openat", "fstatat", "pread"}));
+}
+
+TEST_F(StoerungTest, EinOrdnerWirdGanzGelesen) {
+    for (const char16_t* name : {u"a1", u"a2", u"a3", u"b1"}) {
+        Datei(name);
+    }
+    EXPECT_EQ(Gestoert([&] { return Gefunden(u"a*"); }), u"a1 a2 a3");
+    EXPECT_EQ(gesehen, (Rufe{"opendir", "readdir", "fstatat"}));
+    EXPECT_EQ(Gestoert([&] { return ArtVon(Pfad(u"b1")); }), DateiArt::Datei);
+}
+
+TEST_F(StoerungTest, DieProbeDerFehlerdateiGelingt) {
+    EXPECT_TRUE(Gestoert([&] { return DateiAnlegbar(Pfad(u"p.xml")); }));
+    EXPECT_EQ(Anzahl(), 0);
+}
+
+} // namespace
+} // namespace zepholt
