@@ -194,8 +194,8 @@ def zeilen_des(text, mutant):
 
 
 def bekannte():
-    """(file, line as it is, line as it becomes) of what tools/mutanten_bekannt.txt names, without comments and alignment;
-    '*' stands for any change of the line."""
+    """(file, line as it is, line as it becomes) of what tools/mutanten_bekannt.txt names, without comments and
+    alignment; '*' stands for any change of the line."""
     eintraege = set()
     if BEKANNT.exists():
         for zeile in BEKANNT.read_text(encoding="utf-8").splitlines():
