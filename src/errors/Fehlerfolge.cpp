@@ -108,10 +108,11 @@ std::int64_t SortierPosition(const FehlerEintrag& eintrag) {
 class Zahlenreihe {
 public:
     std::optional<std::uint64_t> Zahl(const FehlerEintrag& eintrag) {
-        if (!m_ort || eintrag.Zeile != m_zeile || Stempel(eintrag) != m_stempel) {
+        if (!m_ort || eintrag.Zeile != m_zeile || eintrag.Kapitel != m_kapitel || eintrag.Position != m_position) {
             m_ort = Ortszahl(eintrag.Zeile, SortierPosition(eintrag));
             m_zeile = eintrag.Zeile;
-            m_stempel = Stempel(eintrag);
+            m_kapitel = eintrag.Kapitel;
+            m_position = eintrag.Position;
         }
         const std::optional<std::uint64_t> code = Codezahl(eintrag.Code);
         return m_ort && code ? std::optional(*m_ort * CodeZeilen + *code) : std::nullopt;
@@ -120,7 +121,8 @@ public:
 private:
     std::optional<std::uint64_t> m_ort;
     std::int32_t m_zeile = 0;
-    std::int64_t m_stempel = 0;
+    std::int32_t m_kapitel = 0;
+    std::int32_t m_position = 0;
 };
 
 // --- Ranks -----------------------------------------------------------------------------------------------------------
