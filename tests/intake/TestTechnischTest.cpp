@@ -382,12 +382,13 @@ TEST_F(Rahmen, KeineWeitereTeildatei) {
 
 TEST_F(Rahmen, NummerDesDatentraegers) {
     const auto z = [](TextSicht nummer) { return Zeile(u"Z", {{46, u"2"}, {62, u"-"}, {63, nummer}}); };
+    const Feldwert leer = {63, u"            "}; // all of the field
     for (const TextSicht gut : {u"1", u"           1", u"000000000001", u"    1x", u"1.0", u"+1"}) {
-        EXPECT_EQ(TesteGanze({SatzA(11, {{63, gut}}), SatzZ(2)}), Keine) << AlsBytes(gut);
+        EXPECT_EQ(TesteGanze({SatzA(11, {leer, {63, gut}}), SatzZ(2)}), Keine) << AlsBytes(gut);
         EXPECT_EQ(TesteGanze({SatzA(11), z(gut)}), Keine) << AlsBytes(gut);
     }
     for (const TextSicht schlecht : {u"2", u"           ", u"0", u"11", u"-1", u"x1", u"1.5"}) {
-        EXPECT_EQ(TesteGanze({SatzA(11, {{63, schlecht}}), SatzZ(2)}), (Funde{{2014, 0}})) << AlsBytes(schlecht);
+        EXPECT_EQ(TesteGanze({SatzA(11, {leer, {63, schlecht}}), SatzZ(2)}), (Funde{{2014, 0}})) << AlsBytes(schlecht);
         EXPECT_EQ(TesteGanze({SatzA(11), z(schlecht)}), (Funde{{2014, 0}})) << AlsBytes(schlecht);
     }
 }
