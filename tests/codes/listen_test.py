@@ -224,9 +224,12 @@ def aufruf():
         for funktion in ("*1", "*9", "*2"):
             werte = {**gut, "file": funktion, **aenderung}
             erwarte(f"{funktion} {name}", partial(befehl, [f"{k}={w}" for k, w in werte.items() if w is not None]), NICHTS)
-    # What is wrong before the dialogue is looked at: the message, and no file. A program of windows shows it in a box.
+    # What is wrong before the dialogue is looked at: the message, and no file. A program of windows shows it in a box. A
+    # call that asks for silence anywhere is silent here too.
     for name, mehr in (("unknown key", "datei=x"), ("no equals sign", "x"), ("unknown language", "dialog=xx-")):
-        anmelden(name, partial(pruefe_meldung, [*(f"{k}={w}" for k, w in gut.items()), mehr]))
+        erwarte(f"{name}, silent", partial(befehl, [*(f"{k}={w}" for k, w in gut.items()), mehr]), NICHTS)
+        laut = {**gut, "dialog": "de"}
+        anmelden(f"{name}, with dialog", partial(pruefe_meldung, [*(f"{k}={w}" for k, w in laut.items()), mehr]))
     for funktion in ("*1", "*9"):
         anmelden(f"{funktion} file exists", partial(pruefe_alte_datei, funktion))
     # Keys in any case, the last value counts.

@@ -159,7 +159,7 @@ def wenig_speicher(ordner):
 
 def main():
     with tempfile.TemporaryDirectory() as ort:
-        ordner = Ordner(os.path.join(ort, "gross"), 20000)
+        ordner = Ordner(os.path.join(ort, "gross"), 2000)
         getoetet(ordner, signal.SIGKILL)
         getoetet(ordner, signal.SIGTERM)
         begrenzte_dateigroesse(ordner)

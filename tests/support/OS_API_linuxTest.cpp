@@ -38,7 +38,7 @@ protected:
 
     // From here on this process gets no file without a name, as on a file system that has none such.
     static void NamenloseVerbieten() {
-        constexpr unsigned Merkmal = __O_TMPFILE;
+        constexpr unsigned Merkmal = O_TMPFILE & ~O_DIRECTORY;
         sock_filter regeln[] = {
             BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
             BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, SYS_openat, 0, 3),
