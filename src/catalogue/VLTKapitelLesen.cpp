@@ -24,12 +24,12 @@ Ganz InBreite(std::int32_t wert) {
 
 // The leading number of a value. Nearly every one is nothing but a few digits.
 std::int32_t FuehrendeZahl(TextSicht text) {
-    if (text.size() > 9 || !NurZiffern(text)) {
-        return GanzzahlAmAnfang(text);
-    }
     std::int32_t wert = 0;
-    for (const char16_t ziffer : text) {
-        wert = wert * 10 + (ziffer - u'0');
+    for (const char16_t zeichen : text) {
+        if (!IstZiffer(zeichen) || text.size() > 9) {
+            return GanzzahlAmAnfang(text);
+        }
+        wert = wert * 10 + (zeichen - u'0');
     }
     return wert;
 }
@@ -88,8 +88,8 @@ std::int16_t Anzahl(const Elemente& treffer) {
 }
 
 // The direct children of that name, one more at most than can be counted.
-Elemente Suche(TextSicht name, TextSicht element) {
-    return tqXML().SucheElemente(name, element, HoechsteAnzahl + 1);
+Elemente Suche(tqXML& xml, TextSicht name, TextSicht element) {
+    return xml.SucheElemente(name, element, HoechsteAnzahl + 1);
 }
 
 void LiesVariablen(const Elemente& elemente, KapitelDaten& kapitel) {
@@ -103,39 +103,41 @@ void LiesVariablen(const Elemente& elemente, KapitelDaten& kapitel) {
         gruppen.push_back(merkmale.Wert(u'A'));
         kapitel.KapitelVListe.push_back(v);
     }
-    NummeriereGruppen(std::span(kapitel.KapitelVListe).subspan(erstes), gruppen);
+    if (!std::ranges::all_of(gruppen, &TextSicht::empty)) {
+        NummeriereGruppen(std::span(kapitel.KapitelVListe).subspan(erstes), gruppen);
+    }
 }
 
-void LiesU(TextSicht element, KapitelDaten& kapitel) {
+void LiesU(tqXML& xml, TextSicht element, KapitelDaten& kapitel) {
     Merkmale merkmale(element);
     UEintrag u;
     u.N = merkmale.Zahl<std::int16_t>(u'N');
     u.W = merkmale.Zahl<std::int32_t>(u'W');
     merkmale.Zahl<std::uint8_t>(u'X');
     u.Y = merkmale.Zahl<std::uint8_t>(u'Y');
-    const Elemente variablen = Suche(u"V", element);
+    const Elemente variablen = Suche(xml, u"V", element);
     u.ErstesV = static_cast<std::uint32_t>(kapitel.KapitelVListe.size());
     u.VAnzahl = Anzahl(variablen);
     LiesVariablen(variablen, kapitel);
     kapitel.KapitelUListe.push_back(u);
 }
 
-void LiesH(TextSicht element, KapitelDaten& kapitel) {
+void LiesH(tqXML& xml, TextSicht element, KapitelDaten& kapitel) {
     Merkmale merkmale(element);
     HEintrag h;
     h.N = merkmale.Zahl<std::int16_t>(u'N');
     merkmale.Zahl<std::uint8_t>(u'X');
-    const Elemente unterpositionen = Suche(u"U", element);
+    const Elemente unterpositionen = Suche(xml, u"U", element);
     h.ErstesU = static_cast<std::uint32_t>(kapitel.KapitelUListe.size());
     h.UAnzahl = Anzahl(unterpositionen);
     for (const TextSicht unterposition : unterpositionen) {
-        LiesU(unterposition, kapitel);
+        LiesU(xml, unterposition, kapitel);
     }
     kapitel.KapitelH.push_back(h);
 }
 
 // False when the root is no chapter; a number that can't be taken is a LaufzeitFehler.
-bool KapitelStruktur(TextSicht dokument, KapitelDaten& kapitel) {
+bool KapitelStruktur(tqXML& xml, TextSicht dokument, KapitelDaten& kapitel) {
     if (tqXML::getName(dokument) != u"Kapitel") {
         return false;
     }
@@ -143,10 +145,10 @@ bool KapitelStruktur(TextSicht dokument, KapitelDaten& kapitel) {
     kapitel.KapitelS = StrengeZahlVon(u"S", dokument);
     kapitel.KapitelV = StrengeZahlVon(u"V", dokument);
     StrengeZahlVon(u"A", dokument);
-    const Elemente hauptpositionen = Suche(u"H", dokument);
+    const Elemente hauptpositionen = Suche(xml, u"H", dokument);
     Anzahl(hauptpositionen);
     for (const TextSicht hauptposition : hauptpositionen) {
-        LiesH(hauptposition, kapitel);
+        LiesH(xml, hauptposition, kapitel);
     }
     return true;
 }
@@ -156,7 +158,7 @@ bool LiesText(TextSicht text, KapitelDaten& kapitel) {
     tqXML xml;
     xml.DocumentElement(text);
     try {
-        return KapitelStruktur(xml.DocumentElement(), kapitel);
+        return KapitelStruktur(xml, xml.DocumentElement(), kapitel);
     } catch (const LaufzeitFehler&) {
         return false;
     }

@@ -110,7 +110,6 @@ TEST_F(Kapitelleser, TheUsualFormAndWhatIsBesideIt) {
         {R"(<H N="1" Q="N=2"/>)", false},
         {R"(<H N="1" Q="a<b"/>)", false},
         {R"(<H N="1" Q="a>b"/>)", false},
-        {"<H N=\"1\" Q=\"a\tb\"/>", false},
         {R"(<H/>)", false},
         {R"(<H></H>)", false},
         {R"(<H N="1"></H>)", false},
@@ -152,6 +151,14 @@ TEST_F(Kapitelleser, TheRootOfTheUsualForm) {
         EXPECT_EQ(LiestSchnell(text), ueblich) << text;
         EXPECT_EQ(Vergleiche(Kapiteldatei("", text)), ueblich) << text;
     }
+}
+
+// As an abbreviation may stand for: a byte of the body itself below 32 never comes here.
+TEST_F(Kapitelleser, AControlCharacterIsNotUsual) {
+    EXPECT_TRUE(LiestSchnell(KapitelText("<H N=\"1\" Q=\"a b\"/>")));
+    EXPECT_FALSE(LiestSchnell(KapitelText("<H N=\"1\" Q=\"a\tb\"/>")));
+    EXPECT_FALSE(Vergleiche(Kapiteldatei("\x01\t\n", KapitelText("<H N=\"1\" Q=\"a\x01"
+                                                                 "b\"/>"))));
 }
 
 // A text cut at any place is read by the plain way, or behind its last H by either.
@@ -236,7 +243,7 @@ std::string MitAbkuerzungen(Zufall& zufall, std::string text) {
 
 TEST_F(Kapitelleser, RandomChaptersInTheirUsualForm) {
     Zufall zufall(451);
-    for (int lauf = 0; lauf < 1000 && !HasFailure(); ++lauf) {
+    for (int lauf = 0; lauf < 500 && !HasFailure(); ++lauf) {
         const std::string text = ZufallsText(zufall);
         EXPECT_TRUE(Vergleiche(Kapiteldatei("", text))) << text;
         EXPECT_TRUE(Vergleiche(MitAbkuerzungen(zufall, text))) << text;
@@ -247,7 +254,7 @@ TEST_F(Kapitelleser, RandomChaptersWithDamage) {
     Zufall zufall(452);
     int schnell = 0;
     constexpr std::string_view ersatz = "<>/\"= HUVNA019x\x01\x1F";
-    for (int lauf = 0; lauf < 20000 && !HasFailure(); ++lauf) {
+    for (int lauf = 0; lauf < 6000 && !HasFailure(); ++lauf) {
         const std::string text = ZufallsText(zufall);
         std::string datei = lauf % 2 == 0 ? Kapiteldatei("", text) : MitAbkuerzungen(zufall, text);
         for (int anzahl = Bis(zufall, 2); anzahl >= 0; --anzahl) {
@@ -265,8 +272,8 @@ TEST_F(Kapitelleser, RandomChaptersWithDamage) {
         }
         schnell += Vergleiche(datei) ? 1 : 0;
     }
-    EXPECT_GT(schnell, 1000);
-    EXPECT_LT(schnell, 19000);
+    EXPECT_GT(schnell, 300);
+    EXPECT_LT(schnell, 5700);
 }
 
 // --- Alternative groups ----------------------------------------------------------------------------------------------
