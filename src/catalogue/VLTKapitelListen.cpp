@@ -160,6 +160,7 @@ std::array<Gruppen, 3> GruppenVon(const std::vector<std::int32_t>& endknoten) {
 // Marks the groups without such end nodes that lie in a branch found so far.
 void MarkiereGedeckte(Gruppen& gruppen, const std::vector<TextAst>& aeste) {
     std::vector<Nummernbereich> gedeckt;
+    gedeckt.reserve(aeste.size());
     for (const TextAst& ast : aeste) {
         gedeckt.push_back({ast.Von, ast.Bis});
     }

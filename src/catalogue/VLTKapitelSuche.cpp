@@ -63,9 +63,9 @@ std::int32_t SucheU(const HEintrag& h, std::int32_t nummer) {
 // are all entries.
 std::size_t ErsterEndknotenHinter(std::int32_t position) {
     const std::vector<std::int32_t>& endknoten = kapitelDaten.Endknoten;
-    const auto stufe =
-        std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {},
-                                 [&endknoten](std::int32_t i) { return endknoten[static_cast<std::size_t>(i)]; });
+    const auto stufe = std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {}, [](std::int32_t i) {
+        return kapitelDaten.Endknoten[static_cast<std::size_t>(i)];
+    });
     return stufe == kapitelDaten.EndknotenStufen.end() ? endknoten.size() : static_cast<std::size_t>(*stufe);
 }
 
