@@ -44,11 +44,20 @@ private:
     };
 };
 
+// Every row, and some codes that have none.
+std::vector<std::int32_t> AlleCodes() {
+    std::vector<std::int32_t> codes = {-1, 0, 1000, 4100, 9998, 10'000, 10'001};
+    for (const FehlerZeile& zeile : FehlerTexte()) {
+        codes.push_back(zeile.Code);
+    }
+    return codes;
+}
+
 TEST_F(FehlerausgabeTest, EveryCodeInEveryLanguage) {
     for (std::int32_t sprache = 0; sprache <= 4; ++sprache) {
         testDaten.Sprache = sprache;
         Fehlerausgabe ausgabe;
-        for (std::int32_t code = 990; code <= 10'010; ++code) {
+        for (const std::int32_t code : AlleCodes()) {
             for (const std::int32_t spalte : {0, 46}) {
                 const FehlerEintrag eintrag{code, 4, spalte, 0, 0};
                 ASSERT_EQ(ausgabe.Element(eintrag), XmlBytes(ErrorElement(eintrag))) << code;
@@ -63,7 +72,7 @@ TEST_F(FehlerausgabeTest, RandomFindingsOneBehindTheOther) {
         return werte.begin()[zufall() % werte.size()];
     };
     Fehlerausgabe ausgabe;
-    for (int i = 0; i < 200'000; ++i) {
+    for (int i = 0; i < 20'000; ++i) {
         const std::int32_t zeile = static_cast<std::int32_t>(zufall() % static_cast<unsigned>(Zeilen() + 3)) - 2;
         const FehlerEintrag eintrag{einer({2007, 2031, 2032, 3001, 3002, 3003, 4101, 4100, 6201}), zeile,
                                     einer({-1, 0, 1, 5, 46, 256, 257}), einer({0, 0, 1, 111, 1000, -1}),

@@ -54,7 +54,7 @@ TEST(Fehlersammlung, RandomValuesComeBack) {
     std::mt19937 zufall(1);
     const std::int32_t werte[] = {0, 1, -1, 999, 1000, 9999, 65535, 65536, 999999, 1000000, Groesste, Kleinste};
     const auto einer = [&] { return werte[zufall() % std::size(werte)]; };
-    for (int i = 0; i < 100'000; ++i) {
+    for (int i = 0; i < 20'000; ++i) {
         const FehlerEintrag eintrag{einer(), einer(), einer(), einer(), einer()};
         Fehlersammlung liste;
         liste.push_back(eintrag);
