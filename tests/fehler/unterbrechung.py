@@ -95,7 +95,7 @@ def getoetet(ordner, signalnummer):
     fertig = 0
     for _ in range(MAL):
         lauf = ordner.starte()
-        time.sleep(ZUFALL.uniform(0, ordner.dauer))
+        time.sleep(ZUFALL.uniform(0, 1.2 * ordner.dauer))
         lauf.send_signal(signalnummer)
         lauf.wait()
         fertig += ordner.ganz_oder_nichts(signal.Signals(signalnummer).name)
