@@ -21,7 +21,7 @@ protected:
 
 // References that are all defined.
 const Felder AlleVerweise = {{18, u"HAUS1"}, {24, u"OST"},  {30, u"VG"},      {33, u"V1"},  {82, u"123"},
-                            {87, u"C1"},    {129, u"ET1"}, {168, u"WOHNEN"}, {188, u"BAD"}};
+                             {87, u"C1"},    {129, u"ET1"}, {168, u"WOHNEN"}, {188, u"BAD"}};
 
 TEST_F(PruefeG4Test, ReportsFaults) {
     ErwarteFaelle([this](std::int32_t revision) { Aufbau(revision); }, PruefeG4, m_satz,
