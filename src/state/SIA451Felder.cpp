@@ -248,9 +248,9 @@ struct Bereich {
 
 constexpr auto BloeckeNachTyp = [] {
     std::array<Bereich, 26 * Stellen> nachTyp{};
-    for (std::uint8_t i = 0; i < std::size(Bloecke); ++i) {
+    for (std::size_t i = 0; i < std::size(Bloecke); ++i) {
         Bereich& bereich = nachTyp[Platz(Bloecke[i].Typ()[0], Bloecke[i].Typ()[1])];
-        bereich.Von = bereich.Anzahl == 0 ? i : bereich.Von;
+        bereich.Von = bereich.Anzahl == 0 ? static_cast<std::uint8_t>(i) : bereich.Von;
         ++bereich.Anzahl;
     }
     return nachTyp;
