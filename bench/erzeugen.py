@@ -15,6 +15,15 @@ DATEI ends in .01S or .E1S, which decides the interface. N is the size in the un
     laufnummern       N running numbers (at most 999999)
     gliederung        N structure codes, each referred to once
     einschraenkungen  one condition with N restrictions
+    konditionen       N conditions
+    umlaute           a document of N positions with umlauts in every text
+    schriften         the same with more characters than one byte can tell apart (E1S)
+    nur_g2 nur_g3 nur_p nur_u
+                      N lines of one record type
+    mengen_allein     one position with N quantities, without detail lines
+    objekte           N object structures with four position locations each
+    objekte_gemischt  N object structures in random order
+    doppelte          N lines whose keys differ in one text only, in random order
     katalog           N chapters with a few positions each; DATEI.katalog becomes a folder with their chapter files of
                       about a megabyte
 
@@ -23,6 +32,7 @@ With --falsch every record of the shape is wrong in some way that its test repor
 import argparse
 import itertools
 import pathlib
+import random
 import string
 
 
@@ -123,7 +133,7 @@ def gliederungen(d, je):
             d("B8", (2, "008"), (93, "Raum"), (188, code(i, 3)))
 
 
-def konditionen(d):
+def drei_konditionen(d):
     d("C0", (2, "000"), (45, "+"), (46, "0000000100000"))
     for i in range(1, 4):
         d("C1", (2, f"{i:03}"), (5, "1"), (6, f"{i:02}"), (16, "00"), (44, "%"), (75, "+"), (76, "000200"),
@@ -133,7 +143,7 @@ def konditionen(d):
 
 def dokument(d, megabytes):
     gliederungen(d, 60)
-    konditionen(d)
+    drei_konditionen(d)
     nummer = itertools.count(1)
     umfang = 0
     anfang = len(d.zeilen)
@@ -256,6 +266,87 @@ def einschraenkungen(d, n):
         d("C5", (2, "001"), (82, code(i + n if d.falsch else i, 5)))
 
 
+def konditionen(d, n):
+    d("C0", (2, "000"), (45, "+"), (46, "0000000100000"))
+    for i in range(n):
+        d("C1", (2, f"{i % 999 + 1:03}"), (5, "1"), (6, f"{i % 99 + 1:02}"), (16, "00"), (44, "%"), (75, "+"),
+          (76, "000200"), (82, code(i, 5)), (93, "Rabatt"))
+
+
+def texte(d, n, text):
+    """Positions with a text of their own each, `text(i)`."""
+    je = 90
+    nummern = list(positionsnummern(je))
+    for i in range(n):
+        k = KAPITEL[i // je]
+        if i % je == 0:
+            d.kapitel(k)
+        d("G2", (2, str(k)), (8, nummern[i % je]), (93, text(i)))
+        d("G3", (2, str(k)), (8, nummern[i % je]), (14, "00"), (16, "01"), (93, text(i + 7)))
+
+
+def umlaute(d, n):
+    texte(d, n, lambda i: ("Tür süß öffnen", "Gewände größer", "Fläche über Hülle")[i % 3])
+
+
+def schriften(d, n):
+    texte(d, n, lambda i: "".join(chr(0x3B1 + (i * 7 + k) % 500) for k in range(20)))
+
+
+def lauter(d, n, art, *felder):
+    for i in range(n):
+        d(art, (2, "111"), (8, f"{i % 1000000:06}"), (14, code(i // 1000000, 2)), *felder)
+
+
+def nur_g2(d, n):
+    d.kapitel(111)
+    for p in positionsnummern(n):
+        d.position("111", p)
+
+
+def nur_g3(d, n):
+    lauter(d, n, "G3", (16, "01"), (93, "Liefern und versetzen, gerade"))
+
+
+def nur_p(d, n):
+    lauter(d, n, "P2", (93, "Produkt"))
+
+
+def nur_u(d, n):
+    lauter(d, n, "U1", (93, "Freier Text einer Bemerkung"))
+
+
+def mengen_allein(d, n):
+    d("B0", (2, "001"))
+    for i in range(n):
+        d("B1", (2, "001"), (82, code(i, 5)), (93, "Kostenart"))
+    d.kapitel(111)
+    d.position("111", "111101")
+    d.preis("111", "111101")
+    for i in range(n):
+        d.menge("111", "111101", (82, code(i, 5)))
+
+
+def objekte(d, n):
+    d("B0", (2, "002"))
+    for i in range(n):
+        d("B2", (2, "002"), (18, code(i, 5)), (93, "Objekt"))
+        for ort in ("Nord", "Ost", "Sued", "West"):
+            d("B2", (2, "002"), (18, code(i, 5)), (24, ort), (93, "Standort"))
+
+
+def objekte_gemischt(d, n):
+    d("B0", (2, "002"))
+    for i in random.Random(1).sample(range(n), n):
+        d("B2", (2, "002"), (18, code(i, 5)), (75, f"{i % 9999999 + 1:07}"), (93, "Objekt"))
+
+
+def doppelte(d, n):
+    d("B0", (2, "001"))
+    for i in random.Random(2).sample(range(n), n):
+        d("B1", (2, "001"), (87, code(i, 6)))
+
+
 def katalog(d, n):
     ordner = pathlib.Path(d.pfad + ".katalog")
     ordner.mkdir()
@@ -271,7 +362,8 @@ def katalog(d, n):
 
 def main():
     formen = {f.__name__: f for f in (dokument, zeichen, undefiniert, leer, kapitel, positionen, mengen, laufnummern,
-                                      gliederung, einschraenkungen, katalog)}
+                                      gliederung, einschraenkungen, konditionen, umlaute, schriften, nur_g2, nur_g3, nur_p,
+                                      nur_u, mengen_allein, objekte, objekte_gemischt, doppelte, katalog)}
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     eingabe.add_argument("form", metavar="FORM", choices=formen)
     eingabe.add_argument("datei", metavar="DATEI")

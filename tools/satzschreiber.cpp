@@ -7,7 +7,6 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 
 namespace zepholt::werkzeug {
@@ -41,15 +40,8 @@ bool EndetMit(const std::string& name, TextSicht endung) {
 
 // Code page 850, the other way round.
 std::string AlsOem(TextSicht text) {
-    static const Text zeichen = [] {
-        std::array<unsigned char, 255> bytes = {};
-        for (std::size_t i = 0; i < bytes.size(); ++i) {
-            bytes[i] = static_cast<unsigned char>(i + 1);
-        }
-        Text tabelle(bytes.size(), u'\0');
-        OemNachAnsi(bytes, tabelle.data());
-        return tabelle;
-    }();
+    static const Codeseite seite = Codeseite850();
+    static const TextSicht zeichen = TextSicht(seite.Zeichen.data(), seite.Zeichen.size()).substr(1);
     std::string bytes;
     for (const char16_t z : text) {
         const std::optional<unsigned char> roh = AlsRoheByte(z);

@@ -31,7 +31,7 @@ private:
     std::int32_t m_position = 0; // 0 for the chapter itself
 };
 
-bool IstLeer(TextSicht text) {
+bool IstLeer(Feldsicht text) {
     return OhneLeerzeichenRechts(text).empty();
 }
 
@@ -42,7 +42,7 @@ void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t ein
     const std::int32_t spalte = (einfuegepunkt - 1) % Zeilenbreite + 1;
     for (std::size_t i = 0; i < variable.ZeilenNrn.size(); ++i) {
         const std::int32_t nummer = variable.ZeilenNrn[i];
-        const TextSicht text = variable.ZeilenTexte[i];
+        const Feldsicht text = variable.ZeilenTexte[i];
         const bool davor = nummer < zeile;
         const bool angeschnitten = nummer == zeile && spalte >= 2;
         if ((davor && !IstLeer(text)) ||

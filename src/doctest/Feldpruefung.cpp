@@ -3,7 +3,6 @@
 #include "errors/TestFehler.h"
 #include "state/SIA451Felder.h"
 #include "state/TestDaten.h"
-#include "support/HilfsFunktionen.h"
 
 #include <limits>
 #include <optional>
@@ -22,20 +21,19 @@ void LeeresFeldMelden(std::int32_t spalte, Pflicht pflicht) {
 
 // The digits of a field that is not blank; 3001 and no text when a character is no digit, or when the record ends
 // inside the field, whose missing columns count as blanks.
-std::optional<TextSicht> Ziffern(std::int32_t spalte, std::int32_t laenge) {
-    const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
-    if (feld.size() != static_cast<std::size_t>(laenge) || !NurZiffern(feld)) {
+std::optional<Feldsicht> Ziffern(std::int32_t spalte, std::int32_t laenge) {
+    if (!testDaten.Record.NurZiffern(spalte, laenge)) {
         FehlerHinzufuegen(3001, spalte);
         return std::nullopt;
     }
-    return feld;
+    return Feld(testDaten.Record, spalte, laenge);
 }
 
 // Exact up to 15 digits, more than any field has.
-double Ziffernwert(TextSicht ziffern) {
+double Ziffernwert(Feldsicht ziffern) {
     double wert = 0;
-    for (const char16_t ziffer : ziffern) {
-        wert = wert * 10 + (ziffer - u'0');
+    for (std::size_t i = 0; i < ziffern.size(); ++i) {
+        wert = wert * 10 + (ziffern[i] - u'0');
     }
     return wert;
 }
@@ -58,26 +56,26 @@ std::int32_t Datum(std::int32_t jahr, std::int32_t monat, std::int32_t tag) {
 } // namespace
 
 bool FeldLeer(std::int32_t spalte, std::int32_t laenge) {
-    return OhneLeerzeichenRechts(Feld(testDaten.Record, spalte, laenge)).empty();
+    return testDaten.Record.IstLeer(spalte, laenge);
 }
 
-TextSicht TextFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
-    const TextSicht text = OhneLeerzeichenRechts(Feld(testDaten.Record, spalte, laenge));
+Feldsicht TextFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
+    const Feldsicht text = testDaten.Record.Feld(spalte, laenge);
     if (text.empty()) {
         LeeresFeldMelden(spalte, pflicht);
     }
     return text;
 }
 
-TextSicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel regel, Pflicht pflicht) {
-    const TextSicht text = TextFeld(spalte, laenge, pflicht);
+Feldsicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel regel, Pflicht pflicht) {
+    const Feldsicht text = TextFeld(spalte, laenge, pflicht);
     if (text.empty() || regel == JokerUngeprueft) {
         return text;
     }
 
     const std::size_t joker = text.find(u'*');
-    const std::size_t erlaubt = regel == JokerAmEnde ? text.size() - 1 : TextSicht::npos;
-    if (joker != TextSicht::npos && joker != erlaubt) {
+    const std::size_t erlaubt = regel == JokerAmEnde ? text.size() - 1 : Feldsicht::npos;
+    if (joker != Feldsicht::npos && joker != erlaubt) {
         FehlerHinzufuegen(3001, spalte);
     }
 
@@ -92,7 +90,7 @@ std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht)
         LeeresFeldMelden(spalte, pflicht);
         return 0;
     }
-    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
     if (!ziffern) {
         return 0;
     }
@@ -108,7 +106,7 @@ double DezimalFeld(std::int32_t spalte, std::int32_t laenge, std::int32_t stelle
     if (FeldLeer(spalte, laenge)) {
         return 0;
     }
-    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
     double wert = ziffern ? Ziffernwert(*ziffern) : 0;
     for (std::int32_t i = 0; i < stellen; ++i) {
         wert /= 10.0; // one after the other: the last bit can differ from a single division
@@ -121,7 +119,7 @@ std::int32_t DatumFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht
         LeeresFeldMelden(spalte, pflicht);
         return 0;
     }
-    const std::optional<TextSicht> ziffern = Ziffern(spalte, laenge);
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
     if (!ziffern) {
         return 0;
     }

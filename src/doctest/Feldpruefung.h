@@ -5,7 +5,7 @@
 // value. Only U+0020 counts as a blank.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
@@ -25,10 +25,10 @@ enum JokerRegel : std::int32_t {
 bool FeldLeer(std::int32_t spalte, std::int32_t laenge);
 
 // The field without trailing blanks. Reports 3002 or 3003 by `pflicht` when it is blank.
-TextSicht TextFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht);
+Feldsicht TextFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht);
 
 // The same, tested by `regel` (3001); the text comes back also after an error.
-TextSicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel regel, Pflicht pflicht);
+Feldsicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel regel, Pflicht pflicht);
 
 // Digits that fill the field, as a number; 0 when blank (3002, 3003 by `pflicht`), when a character is no digit or the
 // number is above 2147483647 (3001).

@@ -18,7 +18,7 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
 }
 
 Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
-    const TextSicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
+    const Feldsicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
     return {vorzeichen, DezimalFeld(spalte, laenge, stellen), FeldLeer(spalte, laenge)};
 }
 

@@ -1,7 +1,7 @@
 // Rules that several records share: the order field that the new interface has dropped, and the sign of an amount.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
@@ -11,7 +11,7 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge);
 
 // An amount and its sign as they stand in the record.
 struct Betrag {
-    TextSicht Vorzeichen;
+    Feldsicht Vorzeichen;
     double Wert = 0;   // without the sign
     bool Leer = false; // tells a blank amount from one of zeros
 };

@@ -13,7 +13,7 @@ bool Enthaelt(TextSicht menge, TextSicht wert) {
     return !wert.empty() && menge.find(wert) != TextSicht::npos;
 }
 
-void ZeileSetzen(TextSicht zeile, std::int32_t nummer) {
+void ZeileSetzen(Feldsicht zeile, std::int32_t nummer) {
     testDaten.Record = zeile;
     testDaten.ZeilenNr = nummer;
 }
@@ -40,8 +40,8 @@ void LiesRecordA(SIA451Datei& datei) {
 }
 
 // Returns Z:21-22, the one field that is tested later and not kept.
-TextSicht LiesRecordZ(SIA451Datei& datei) {
-    const TextSicht projekt = SchluesselFeld(82, 11, JokerVerboten, Freiwillig);     // Z:21-22
+Feldsicht LiesRecordZ(SIA451Datei& datei) {
+    const Feldsicht projekt = SchluesselFeld(82, 11, JokerVerboten, Freiwillig);     // Z:21-22
     TextFeld(93, 30, Freiwillig);                                                    // Z:23
     datei.DatumZ3 = DatumFeld(8, 6, Freiwillig);                                     // Z:3
     datei.DatumZ2 = DatumFeld(2, 6, Zwingend);                                       // Z:2
@@ -72,7 +72,7 @@ void PruefeCodesA(const SIA451Datei& datei) {
 }
 
 // Documents of the codes I and C refer to another document, which record Z must name.
-void PruefeBezugsdokument(const SIA451Datei& datei, TextSicht projekt) {
+void PruefeBezugsdokument(const SIA451Datei& datei, Feldsicht projekt) {
     if (!NeueSchnittstelle() || (datei.DokumentCode != u"I" && datei.DokumentCode != u"C")) {
         return;
     }
@@ -84,13 +84,13 @@ void PruefeBezugsdokument(const SIA451Datei& datei, TextSicht projekt) {
 
 } // namespace
 
-void PruefeRecordAZ(TextSicht zeileA, TextSicht zeileZ) {
+void PruefeRecordAZ(Feldsicht zeileA, Feldsicht zeileZ) {
     ZeileSetzen(zeileA, 0);
     LiesRecordA(sia451Datei);
     PruefeCodesA(sia451Datei);
 
     ZeileSetzen(zeileZ, testDaten.ZeilenAnzahl - 1);
-    const TextSicht projekt = LiesRecordZ(sia451Datei);
+    const Feldsicht projekt = LiesRecordZ(sia451Datei);
     PruefeBezugsdokument(sia451Datei, projekt);
 }
 

@@ -19,17 +19,17 @@ namespace {
 // --- B0
 
 struct Gliederungskopf {
-    TextSicht StandardName;        // B0:10
+    Feldsicht StandardName;        // B0:10
     std::int32_t StandardJahr = 0; // B0:2c
-    TextSicht Text;                // B0:19
+    Feldsicht Text;                // B0:19
 };
 
 // Where the head of a structure is kept. Only cost types and elements follow a standard.
 struct Gliederungsplatz {
     std::int32_t Nummer;
     bool SIA451Datei::*Vorhanden;
-    TextSicht SIA451Datei::*KopfText;
-    TextSicht SIA451Datei::*StandardName = nullptr;
+    Feldsicht SIA451Datei::*KopfText;
+    Feldsicht SIA451Datei::*StandardName = nullptr;
     std::int32_t SIA451Datei::*StandardJahr = nullptr;
 
     bool HatStandard() const { return StandardName != nullptr; }
@@ -96,7 +96,7 @@ bool Eindeutig(const CodeListe<Eintrag>& liste, const Eintrag& eintrag, std::int
 }
 
 // Only the new interface wants extended codes to be unique. Notes the code of an entry that is about to be appended.
-bool ECodeEindeutig(std::set<TextSicht>& vergebene, TextSicht ecode, std::int32_t doppelt) {
+bool ECodeEindeutig(std::set<Feldsicht>& vergebene, Feldsicht ecode, std::int32_t doppelt) {
     if (!NeueSchnittstelle() || ecode.empty() || vergebene.insert(ecode).second) {
         return true;
     }
@@ -107,10 +107,10 @@ bool ECodeEindeutig(std::set<TextSicht>& vergebene, TextSicht ecode, std::int32_
 // --- The end of the block
 
 // The first B5 line, as index into Zeilen, that names each primary variant.
-std::map<TextSicht, std::size_t> ZeilenDerPrimaervarianten() {
-    std::map<TextSicht, std::size_t> zeilen;
+std::map<Feldsicht, std::size_t> ZeilenDerPrimaervarianten() {
+    std::map<Feldsicht, std::size_t> zeilen;
     for (std::size_t i = 0; i < testDaten.Zeilen.size(); ++i) {
-        const TextSicht zeile = testDaten.Zeilen[i];
+        const Feldsicht zeile = testDaten.Zeilen[i];
         if (Feld(zeile, 1, 1) == u"B" && Feld(zeile, 42, 1) == u"5") {
             zeilen.emplace(OhneLeerzeichenRechts(Feld(zeile, 135, 3)), i);
         }
@@ -119,7 +119,7 @@ std::map<TextSicht, std::size_t> ZeilenDerPrimaervarianten() {
 }
 
 void PruefePrimaervarianten() {
-    std::map<TextSicht, std::size_t> zeilen; // built at the first missing variant: most files have none
+    std::map<Feldsicht, std::size_t> zeilen; // built at the first missing variant: most files have none
     for (const VariantengruppeEintrag& gruppe : sia451Datei.VariantenTabelle.Eintraege()) {
         if (gruppe.Varianten.Finde(gruppe.Primaervariante) >= 0) {
             continue;
@@ -128,7 +128,7 @@ void PruefePrimaervarianten() {
             zeilen = ZeilenDerPrimaervarianten();
         }
         const auto zeile = zeilen.find(gruppe.Primaervariante);
-        testDaten.ZeilenNr = zeile == zeilen.end() ? -1 : testDaten.ZeilenNummern[zeile->second];
+        testDaten.ZeilenNr = zeile == zeilen.end() ? -1 : static_cast<std::int32_t>(zeile->second);
         FehlerMelden(3291);
     }
 }
@@ -188,10 +188,10 @@ void PruefeB1() {
 
 void PruefeB2() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);     // B2:2a
-    const TextSicht ogl = TextFeld(18, 6, Zwingend);          // B2:6
-    const TextSicht psl = TextFeld(24, 6, Freiwillig);        // B2:7
-    const TextSicht bezeichnung = TextFeld(93, 30, Erwartet); // B2:23
-    const TextSicht text = TextFeld(138, 30, Freiwillig);     // B2:24e
+    const Feldsicht ogl = TextFeld(18, 6, Zwingend);          // B2:6
+    const Feldsicht psl = TextFeld(24, 6, Freiwillig);        // B2:7
+    const Feldsicht bezeichnung = TextFeld(93, 30, Erwartet); // B2:23
+    const Feldsicht text = TextFeld(138, 30, Freiwillig);     // B2:24e
     const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);  // B2:20
 
     if (!GehoertDazu(nummer, {2, 3211, sia451Datei.OGLVorhanden, 3212})) {
@@ -263,7 +263,7 @@ void PruefeB5() {
 
 void PruefeB6() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                    // B6:2a
-    const TextSicht gruppe = TextFeld(30, 3, Zwingend);                      // B6:8
+    const Feldsicht gruppe = TextFeld(30, 3, Zwingend);                      // B6:8
     const VarianteEintrag eintrag{.Code = TextFeld(33, 3, Zwingend),         // B6:9
                                   .Bezeichnung = TextFeld(93, 30, Erwartet), // B6:23
                                   .Text = TextFeld(138, 30, Freiwillig),     // B6:24e

@@ -38,7 +38,7 @@ void PruefeP(std::int32_t nummer) {
     if (nummer != 1) {
         return;
     }
-    const TextSicht code = TextFeld(43, 1, Freiwillig); // P1:12
+    const Feldsicht code = TextFeld(43, 1, Freiwillig); // P1:12
     if (!code.empty() && code != u"0" && code != u"1") {
         FehlerMelden(4282);
     }

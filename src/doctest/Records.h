@@ -5,14 +5,14 @@
 // nothing of that record is stored.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
 // --- Header and closing record (RecordAZ.cpp)
 
 // Tests records A and Z and keeps their fields: 3001, 3002, 3003, 3101, 3102, 3103, 3106, 3107. Nothing stops it.
-void PruefeRecordAZ(TextSicht zeileA, TextSicht zeileZ);
+void PruefeRecordAZ(Feldsicht zeileA, Feldsicht zeileZ);
 
 // --- Structure records (RecordB.cpp, RecordB9.cpp)
 

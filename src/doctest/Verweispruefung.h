@@ -25,14 +25,14 @@ struct VerweisCodes {
 };
 
 // A reference of the first level, reported as `unbekannt` when it is given and not found.
-inline void PruefeVerweis(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t unbekannt) {
+inline void PruefeVerweis(Feldsicht code, bool (*gefunden)(Feldsicht), std::int32_t unbekannt) {
     if (!code.empty() && !gefunden(code)) {
         FehlerMelden(unbekannt);
     }
 }
 
 // A reference of the second level, below `oberer`.
-inline void PruefeUnterverweis(TextSicht oberer, TextSicht code, bool (*gefunden)(TextSicht, TextSicht),
+inline void PruefeUnterverweis(Feldsicht oberer, Feldsicht code, bool (*gefunden)(Feldsicht, Feldsicht),
                                const UnterverweisCodes& codes) {
     if (code.empty()) {
         return;

@@ -10,11 +10,10 @@ namespace zepholt {
 
 namespace {
 
-// The line of the file with that number. Line numbers count up without a gap, so that the first entry of ZeilenNummern
-// that holds a number stands at that index.
-std::optional<TextSicht> ZeileDerDatei(std::int32_t zeile) {
+// The line of the file with that number, once the lines have numbers: a line's number is its index.
+std::optional<Feldsicht> ZeileDerDatei(std::int32_t zeile) {
     const auto index = static_cast<std::size_t>(zeile);
-    if (zeile < 0 || index >= testDaten.ZeilenNummern.size()) {
+    if (zeile < 0 || !testDaten.ZeilenNummeriert || index >= testDaten.Zeilen.size()) {
         return std::nullopt;
     }
     return testDaten.Zeilen[index];
@@ -26,9 +25,9 @@ std::optional<std::int64_t> Positionsnummer(std::int32_t zeile, std::int32_t kap
         return std::nullopt;
     }
     if (zeile != -1) {
-        const TextSicht record = *ZeileDerDatei(zeile);
-        kapitel = GanzzahlAmAnfang(Feld(record, 2, 3));
-        position = GanzzahlAmAnfang(Feld(record, 8, 6));
+        const Feldsicht record = *ZeileDerDatei(zeile);
+        kapitel = GanzzahlAmAnfang(Text(Feld(record, 2, 3)));
+        position = GanzzahlAmAnfang(Text(Feld(record, 8, 6)));
     }
     return std::int64_t{kapitel} * 1'000'000 + position;
 }
@@ -39,7 +38,7 @@ bool HatPosition(std::int32_t zeile, std::int32_t kapitel) {
     if (zeile == -1) {
         return kapitel != 0;
     }
-    const std::optional<TextSicht> record = ZeileDerDatei(zeile);
+    const std::optional<Feldsicht> record = ZeileDerDatei(zeile);
     return record && record->starts_with(u'G');
 }
 
@@ -63,7 +62,7 @@ Text PositionsText(std::int32_t zeile, std::int32_t kapitel, std::int32_t positi
 }
 
 void FeldAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t spalte) {
-    const std::optional<TextSicht> record = ZeileDerDatei(zeile);
+    const std::optional<Feldsicht> record = ZeileDerDatei(zeile);
     if (!record) {
         return;
     }

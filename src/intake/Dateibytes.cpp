@@ -1,6 +1,5 @@
 #include "intake/Dateibytes.h"
 
-#include "support/OS_API.h"
 #include "window/Fortschritt.h"
 
 #include <algorithm>
@@ -12,26 +11,26 @@ namespace zepholt {
 
 namespace {
 
-constexpr std::size_t Lesestueck = 1 << 18; // bytes: small enough to stay in the cache until it is copied
+constexpr std::size_t Lesestueck = 1 << 20; // bytes: between two of them a waiting person is served
 
 } // namespace
 
-Dateitext DateiBytesLesen(const Text& pfad) {
+Bytes DateiBytesLesen(const Text& pfad) {
     LeseDatei datei(pfad);
     if (datei.Groesse() > std::numeric_limits<std::size_t>::max() / sizeof(char16_t)) {
         throw std::bad_alloc();
     }
-    Dateitext text(static_cast<std::size_t>(datei.Groesse()));
-    for (std::span<unsigned char> ziel = text.Rohbytes(); !ziel.empty();) {
-        const Bytes stueck = datei.Lies(datei.Groesse() - ziel.size(), std::min(ziel.size(), Lesestueck));
-        if (stueck.empty()) {
+    Bytes bytes(static_cast<std::size_t>(datei.Groesse()));
+    for (std::size_t stelle = 0; stelle < bytes.size();) {
+        const std::span ziel(bytes.data() + stelle, std::min(bytes.size() - stelle, Lesestueck));
+        const std::size_t gelesen = datei.Lies(stelle, ziel);
+        if (gelesen == 0) {
             throw LaufzeitFehler("file became shorter while it was read");
         }
-        std::memcpy(ziel.data(), stueck.data(), stueck.size());
-        ziel = ziel.subspan(stueck.size());
+        stelle += gelesen;
         BedieneFenster();
     }
-    return text;
+    return bytes;
 }
 
 std::size_t ByteSuchen(ByteSicht bytes, unsigned char gesucht, std::size_t ab) {
@@ -53,13 +52,6 @@ std::size_t ZeilenendenZaehlen(ByteSicht bytes) {
         bytes = bytes.subspan(stueck.size());
     }
     return anzahl;
-}
-
-ByteSicht Zeilenleser::Naechste() {
-    const std::size_t ende = ByteSuchen(m_bytes, '\n', m_stelle);
-    const ByteSicht zeile = m_bytes.subspan(m_stelle, ende - 1 - m_stelle);
-    m_stelle = ende + 1;
-    return zeile;
 }
 
 } // namespace zepholt

@@ -1,7 +1,7 @@
 // The test of the line ends, on the bytes of the file.
 #pragma once
 
-#include "state/Dateitext.h"
+#include "intake/Dateibytes.h"
 
 namespace zepholt {
 

@@ -7,6 +7,7 @@
 #include "intake/UTF8_Speicherung.h"
 #include "intake/UniversalSchluessel.h"
 #include "intake/Zeichentest.h"
+#include "intake/Zeilenleser.h"
 #include "state/SIA451Datei.h"
 #include "state/SIA451Felder.h"
 #include "state/TestDaten.h"
@@ -16,7 +17,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <numeric>
+#include <utility>
 
 namespace zepholt {
 
@@ -41,16 +42,21 @@ void DateiartBestimmen() {
     testDaten.Dateiformat = testDaten.IstE1S ? u"E1S" : u"01S";
 }
 
+// The first line names another interface than the file's name does, or is not encoded as it must be.
+bool FalscheKennung() {
+    return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
+}
+
 // The decoded first line against the kind of file.
-bool KopfPruefen(TextSicht kopf) {
+bool PruefeKopf(Feldsicht kopf) {
     const bool istE1S = testDaten.IstE1S;
-    const TextSicht id = Feld(kopf, 8, 6);
+    const Feldsicht id = Feld(kopf, 8, 6);
     if (id != (istE1S ? u"QVMX17" : u"451-92")) {
-        return istE1S ? Ablehnen(2004) : Ablehnen(2002);
+        return FalscheKennung();
     }
     testDaten.SchnittstellenId = id;
 
-    const TextSicht revision = Feld(kopf, 14, 2);
+    const Text revision = Feld(kopf, 14, 2);
     if (ZahlAmAnfang(revision) < 11) {
         return Ablehnen(2006);
     }
@@ -64,7 +70,7 @@ bool KopfPruefen(TextSicht kopf) {
 
     KopfUebernehmen(kopf);
 
-    const TextSicht sprache = Feld(kopf, 42, 1);
+    const Feldsicht sprache = Feld(kopf, 42, 1);
     if (sprache != u"1" && sprache != u"2" && sprache != u"3") {
         return Ablehnen(2003);
     }
@@ -72,7 +78,7 @@ bool KopfPruefen(TextSicht kopf) {
 }
 
 // The tests on the bytes of the whole file.
-bool BytesPruefen(ByteSicht bytes) {
+bool PruefeBytes(ByteSicht bytes) {
     if (CrLfPruefen(bytes) != 0) { // an empty file too
         return Ablehnen(2001);
     }
@@ -85,15 +91,15 @@ bool BytesPruefen(ByteSicht bytes) {
     return true;
 }
 
-// Decodes the lines from the second on behind the first; the bar moves at every fiftieth of the file.
-void ZeilenLesen(Zeilenleser& leser, std::size_t laenge, std::vector<TextSicht>& zeilen) {
+// Takes the lines from the second on; the bar moves at every fiftieth of the file.
+void ZeilenLesen(Zeilenleser& leser, std::size_t laenge) {
     const std::size_t schritt = laenge / 50;
     for (std::size_t naechste = schritt; !leser.AmEnde();) {
         if (naechste <= leser.Position()) {
             ZeigeFortschritt(Balkenwert(leser.Position()));
             naechste += schritt;
         }
-        zeilen.push_back(ZeileDekodieren(leser.Naechste()));
+        leser.Naechste();
     }
     ZeigeFortschritt(Balkenwert(laenge));
 }
@@ -101,36 +107,37 @@ void ZeilenLesen(Zeilenleser& leser, std::size_t laenge, std::vector<TextSicht>&
 bool Einlesen() {
     DateiartBestimmen();
     testDaten.Puffer = DateiBytesLesen(testDaten.Austauschdatei);
-    const ByteSicht bytes = testDaten.Puffer.Rohbytes();
-    if (!BytesPruefen(bytes)) {
+    const ByteSicht bytes = testDaten.Puffer.Sicht();
+    if (!PruefeBytes(bytes)) {
         return false;
     }
     ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(bytes.size()));
 
-    std::vector<TextSicht> zeilen;
-    zeilen.reserve(ZeilenendenZaehlen(bytes));
-    Zeilenleser leser(bytes);
-    ByteSicht kopf = leser.Naechste();
+    ByteSicht kopf = bytes.first(ByteSuchen(bytes, '\n'));
     if (!Utf8KopfPruefen(kopf)) {
-        return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
+        return FalscheKennung();
     }
-    zeilen.push_back(ZeileDekodieren(kopf));
-    if (!KopfPruefen(zeilen[0])) {
+    Zeilenleser leser(static_cast<std::size_t>(kopf.data() - bytes.data()));
+    leser.Naechste();
+    if (!PruefeKopf(leser.Zeilen().front())) {
         return false;
     }
-    ZeilenLesen(leser, bytes.size(), zeilen);
-    testDaten.Zeilen = std::move(zeilen);
-    testDaten.ZeilenAnzahl = AnzahlElemente(testDaten.Zeilen);
+    ZeilenLesen(leser, bytes.size());
+    testDaten.Zeilen = std::move(leser.Zeilen());
+    testDaten.ZeilenAnzahl = static_cast<std::int32_t>(testDaten.Zeilen.size());
+    if (!testDaten.BreiterPuffer.empty()) {
+        testDaten.Puffer = {};
+    }
     return true;
 }
 
 // First and last record, and what they say of the file.
-bool RahmenPruefen() {
+bool PruefeRahmen() {
     if (testDaten.ZeilenAnzahl < 1) {
         return Ablehnen(2011);
     }
-    const TextSicht a = testDaten.Zeilen.front();
-    const TextSicht z = testDaten.Zeilen.back();
+    const Feldsicht a = testDaten.Zeilen.front();
+    const Feldsicht z = testDaten.Zeilen.back();
     if (Feld(a, 1, 1) != u"A") {
         return Ablehnen(2011);
     }
@@ -140,25 +147,24 @@ bool RahmenPruefen() {
     if (Feld(z, 62, 1) != u"-") { // no further file follows
         return Ablehnen(2013);
     }
-    if (ZahlAmAnfang(Feld(a, 63, 12)) != 1 || ZahlAmAnfang(Feld(z, 63, 12)) != 1) {
+    if (ZahlAmAnfang(Text(Feld(a, 63, 12))) != 1 || ZahlAmAnfang(Text(Feld(z, 63, 12))) != 1) {
         return Ablehnen(2014);
     }
-    if (ZahlAmAnfang(Feld(z, 46, 13)) != testDaten.ZeilenAnzahl) {
+    if (ZahlAmAnfang(Text(Feld(z, 46, 13))) != testDaten.ZeilenAnzahl) {
         return Ablehnen(2015);
     }
     return true;
 }
 
 // Doubled keys and the order of the lines. The lines are sorted in any case; in a file without a fault that leaves them
-// as they are, apart from files of more than a million lines, see ZeilenSortieren.
-bool SchluesselPruefen() {
+// as they are, apart from files of more than a million lines, see SortierteFolge.
+bool PruefeSchluessel() {
     const Reihenfolge reihenfolge = ReihenfolgeErmitteln(testDaten.Zeilen);
     const std::int32_t doppelt = DoppelterSchluessel(testDaten.Zeilen, reihenfolge);
     if (!reihenfolge.IstSortiert) {
-        ZeilenSortieren(testDaten.Zeilen);
+        testDaten.Zeilen.Umordnen(SortierteFolge(testDaten.Zeilen));
     }
-    testDaten.ZeilenNummern.resize(testDaten.Zeilen.size());
-    std::iota(testDaten.ZeilenNummern.begin(), testDaten.ZeilenNummern.end(), 0);
+    testDaten.ZeilenNummeriert = true;
 
     if (doppelt > 0) {
         testDaten.ZeilenNr = doppelt;
@@ -171,12 +177,12 @@ bool SchluesselPruefen() {
     return true;
 }
 
-void ZeichenPruefen() {
+void PruefeZeichen() {
     ErlaubteZeichenAufbauen();
     testDaten.UndefinierterRecordTyp = false;
     for (std::size_t k = 0; k < testDaten.Zeilen.size(); ++k) {
         testDaten.Record = testDaten.Zeilen[k];
-        testDaten.ZeilenNr = testDaten.ZeilenNummern[k];
+        testDaten.ZeilenNr = static_cast<std::int32_t>(k);
         RecordZeichenTest();
         BedieneFenster();
     }
@@ -191,10 +197,10 @@ void ZeichenPruefen() {
 } // namespace
 
 bool DateiTesten() {
-    if (!DateiEinlesen() || !RahmenPruefen() || !SchluesselPruefen()) {
+    if (!DateiEinlesen() || !PruefeRahmen() || !PruefeSchluessel()) {
         return false;
     }
-    ZeichenPruefen();
+    PruefeZeichen();
     return true;
 }
 
@@ -206,7 +212,7 @@ bool DateiEinlesen() {
     }
 }
 
-void KopfUebernehmen(TextSicht zeile) {
+void KopfUebernehmen(Feldsicht zeile) {
     sia451Datei.ProjektNummer = Feld(zeile, 82, 11);
     sia451Datei.ProjektName = Feld(zeile, 93, 30);
     sia451Datei.DokumentNummer = Feld(zeile, 123, 15);

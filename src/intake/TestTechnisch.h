@@ -4,14 +4,13 @@
 // fields of SIA451Datei.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
 // True when the document test may run. On false exactly one error stands in the store: one of 2001 to 2008, 2011 to
-// 2015, 2021, 2022. Findings 2031, 2032 and 2041 don't stop the run. Leaves Zeilen and ZeilenNummern behind: in the
-// order of the file, each line with its own number; after 2021 and 2022 the lines in their sorted order, numbered from
-// 0.
+// 2015, 2021, 2022. Findings 2031, 2032 and 2041 don't stop the run. Leaves Zeilen behind, in the order of
+// the file; after 2021 and 2022 the lines stand, and count, in their sorted order.
 bool DateiTesten();
 
 // Reads the exchange file into Zeilen and fixes IstE1S, Dateiformat, SchnittstellenId, Revision, Utf8Modus. False with
@@ -20,6 +19,6 @@ bool DateiTesten();
 bool DateiEinlesen();
 
 // Keeps the raw columns of line 1 that a protocol names the project by, even if the file is refused later on.
-void KopfUebernehmen(TextSicht zeile);
+void KopfUebernehmen(Feldsicht zeile);
 
 } // namespace zepholt

@@ -1,7 +1,7 @@
 // The test of an E1S file's encoding, on the bytes of the file.
 #pragma once
 
-#include "state/Dateitext.h"
+#include "intake/Dateibytes.h"
 
 #include <vector>
 

@@ -3,6 +3,7 @@
 #include "intake/Dateibytes.h"
 #include "state/TestDaten.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstring>
@@ -13,7 +14,7 @@ namespace {
 
 // Code page 850 from 128 on; below, a byte is its own character.
 // clang-format off
-constexpr std::array<char16_t, 128> Codeseite850 = {
+constexpr std::array<char16_t, 128> Ab128 = {
     0x00C7, 0x00FC, 0x00E9, 0x00E2, 0x00E4, 0x00E0, 0x00E5, 0x00E7, // 128
     0x00EA, 0x00EB, 0x00E8, 0x00EF, 0x00EE, 0x00EC, 0x00C4, 0x00C5, // 136
     0x00C9, 0x00E6, 0x00C6, 0x00F4, 0x00F6, 0x00F2, 0x00FB, 0x00F9, // 144
@@ -165,17 +166,10 @@ bool Utf8KopfPruefen(ByteSicht& zeile) {
     return testDaten.Utf8Modus || Heute() < year_month_day(year(2099), December, day(1));
 }
 
-TextSicht ZeileDekodieren(ByteSicht zeile) {
-    Dateitext& text = testDaten.Puffer;
-    return text.Anfuegen(testDaten.Utf8Modus ? Utf8NachUnicode(zeile, text.Ende()) : OemNachAnsi(zeile, text.Ende()));
-}
-
-char16_t* OemNachAnsi(ByteSicht zeile, char16_t* ziel) {
-    zeile = zeile.first(ByteSuchen(zeile, 0));
-    for (std::size_t i = AsciiKopieren(zeile, ziel); i < zeile.size(); ++i) {
-        ziel[i] = zeile[i] < 0x80 ? zeile[i] : Codeseite850[zeile[i] - 0x80U];
-    }
-    return ziel + zeile.size();
+Codeseite Codeseite850() {
+    Codeseite seite = AsciiSeite();
+    std::ranges::copy(Ab128, seite.Zeichen.begin() + 0x80);
+    return seite;
 }
 
 char16_t* Utf8NachUnicode(ByteSicht zeile, char16_t* ziel) {

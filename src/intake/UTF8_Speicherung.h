@@ -1,8 +1,8 @@
 // From the file's bytes to 16-bit text: the byte order mark and the two decoders.
 #pragma once
 
-#include "state/Dateitext.h"
-#include "support/Text.h"
+#include "intake/Dateibytes.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
@@ -17,18 +17,12 @@ std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab);
 // end of November 2099, and must hold one from then on: the mark makes it UTF-8.
 bool Utf8KopfPruefen(ByteSicht& zeile);
 
-// Decodes one line (without its end) behind the lines in Puffer, as Utf8Modus tells, and returns its text.
-TextSicht ZeileDekodieren(ByteSicht zeile);
+// The characters of code page 850: each byte its own Unicode character, control bytes stay.
+Codeseite Codeseite850();
 
-// Both write the text of a line to `ziel` and return the place behind it. There must be room for as many units as the
-// line has bytes; the bytes may stand further behind in the same memory, where writing reaches a byte only when it has
-// been read.
-
-// From code page 850: each byte its own Unicode character, control bytes stay. The line is cut at its first zero byte.
-char16_t* OemNachAnsi(ByteSicht zeile, char16_t* ziel);
-
-// From UTF-8. Where the bytes are no UTF-8, each longest beginning of a sequence, or
-// else each byte, becomes U+FFFD; a character above U+FFFF becomes a surrogate pair.
+// Writes the text of a line, from UTF-8, to `ziel` and returns the place behind it; there must be room for as many
+// units as the line has bytes. Where the bytes are no UTF-8, each longest beginning of a sequence, or else each byte,
+// becomes U+FFFD; a character above U+FFFF becomes a surrogate pair.
 char16_t* Utf8NachUnicode(ByteSicht zeile, char16_t* ziel);
 
 } // namespace zepholt

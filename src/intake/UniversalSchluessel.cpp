@@ -7,8 +7,9 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
 #include <optional>
+#include <span>
+#include <utility>
 
 namespace zepholt {
 
@@ -57,52 +58,98 @@ char16_t Gross(char16_t zeichen) {
 // A key of either width; in the old interface the rest stays blank, which changes no comparison.
 using Schluessel = std::array<char16_t, BreiteNeu>;
 
-Schluessel SchluesselVon(TextSicht zeile) {
+std::span<const Schluesselteil> Teile() {
+    return std::span(Schluesselteile).first(NeueSchnittstelle() ? Schluesselteile.size() : TeileAlt);
+}
+
+// The character of a key for column `i` (from 0) of a field, which may end before it.
+char16_t Zeichen(Feldsicht feld, std::size_t i, bool gross) {
+    const char16_t zeichen = i < feld.size() ? feld[i] : u' ';
+    return gross ? Gross(zeichen) : zeichen;
+}
+
+Schluessel SchluesselVon(Feldsicht zeile) {
     Schluessel schluessel;
     schluessel.fill(u' ');
-    char16_t* ziel = schluessel.data();
-    for (const Schluesselteil& teil : std::span(Schluesselteile).first(NeueSchnittstelle() ? 16 : TeileAlt)) {
-        const TextSicht feld = Feld(zeile, teil.Spalte, teil.Laenge);
-        if (teil.Gross) {
-            std::ranges::transform(feld, ziel, Gross);
-        } else {
-            std::ranges::copy(feld, ziel);
+    std::size_t stelle = 0;
+    for (const Schluesselteil& teil : Teile()) {
+        const Feldsicht feld = Feld(zeile, teil.Spalte, teil.Laenge);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(teil.Laenge); ++i) {
+            schluessel[stelle++] = Zeichen(feld, i, teil.Gross);
         }
-        ziel += teil.Laenge;
     }
     return schluessel;
 }
 
+// True when the key of `a` is lower than that of `b`, compared side by side. Two lines without a key of their own never
+// repeat: their numbers keep them apart, and put the later one behind.
+bool IstNiedriger(Feldsicht a, Feldsicht b) {
+    if (IstEDURecord(b)) {
+        return true;
+    }
+    for (const Schluesselteil& teil : Teile()) {
+        const Feldsicht feldA = Feld(a, teil.Spalte, teil.Laenge);
+        const Feldsicht feldB = Feld(b, teil.Spalte, teil.Laenge);
+        if (feldA == feldB) {
+            continue;
+        }
+        for (std::size_t i = 0; i < static_cast<std::size_t>(teil.Laenge); ++i) {
+            const char16_t zeichenA = Zeichen(feldA, i, teil.Gross);
+            const char16_t zeichenB = Zeichen(feldB, i, teil.Gross);
+            if (zeichenA != zeichenB) {
+                return zeichenA < zeichenB;
+            }
+        }
+    }
+    return false;
+}
+
 // --- The order of the lines ------------------------------------------------------------------------------------------
 
-// Columns 1 to 10 and 46 to 50 of a key.
-using Ordnung = std::array<char16_t, 15>;
+// Columns 1 to 10 and 46 to 50 of a key as numbers, four columns each, the first the highest: so the order of the
+// numbers is the order of the columns.
+using Ordnung = std::array<std::uint64_t, 4>;
+
+class Ordnungsbau {
+public:
+    void Nimm(char16_t zeichen) {
+        m_ordnung[m_stelle / 4] = m_ordnung[m_stelle / 4] << 16 | zeichen;
+        ++m_stelle;
+    }
+    void Nimm(Feldsicht zeile, std::size_t ab, std::size_t anzahl) {
+        for (std::size_t i = ab; i < ab + anzahl; ++i) {
+            Nimm(i < zeile.size() ? zeile[i] : u' ');
+        }
+    }
+    const Ordnung& Fertig() const { return m_ordnung; }
+
+private:
+    Ordnung m_ordnung = {};
+    std::size_t m_stelle = 0;
+};
 
 // A record E, D or U: its letter and nine blanks; of its number, in the old interface, the digits from the millions on
 // reach columns 46 to 50.
 Ordnung OrdnungOhneSchluessel(char16_t art, std::size_t nummer) {
-    Ordnung ordnung;
-    ordnung.fill(u' ');
-    ordnung[0] = art;
-    std::size_t millionen = NeueSchnittstelle() ? 0 : nummer / 1'000'000;
-    for (std::size_t i = ordnung.size() - 1; millionen > 0; --i) {
-        ordnung[i] = static_cast<char16_t>(u'0' + millionen % 10);
-        millionen /= 10;
-    }
-    return ordnung;
+    Ordnungsbau ordnung;
+    ordnung.Nimm(art);
+    ordnung.Nimm(Feldsicht(), 0, 9);
+    const std::size_t millionen = NeueSchnittstelle() ? 0 : nummer / 1'000'000;
+    const Text ziffern = millionen == 0 ? Text() : RechtsBuendig(ZahlText(static_cast<std::int64_t>(millionen)), 5);
+    ordnung.Nimm(ziffern, 0, 5);
+    return ordnung.Fertig();
 }
 
-Ordnung OrdnungVon(TextSicht zeile, std::size_t nummer) {
+Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer) {
     if (IstEDURecord(zeile)) {
         return OrdnungOhneSchluessel(zeile[0], nummer);
     }
-    Ordnung ordnung;
-    ordnung.fill(u' ');
-    std::ranges::copy(Feld(zeile, 1, 4), ordnung.begin());
-    std::ranges::copy(Feld(zeile, 8, 6), ordnung.begin() + 4);
-    std::ranges::copy(Feld(zeile, 42, 1), ordnung.begin() + 10);
-    std::ranges::copy(Feld(zeile, 14, 4), ordnung.begin() + 11);
-    return ordnung;
+    Ordnungsbau ordnung;
+    ordnung.Nimm(zeile, 0, 4);
+    ordnung.Nimm(zeile, 7, 6);
+    ordnung.Nimm(zeile, 41, 1);
+    ordnung.Nimm(zeile, 13, 4);
+    return ordnung.Fertig();
 }
 
 // A number that is ordered as the text of a line number is, right-aligned in six columns: up to five digits it begins
@@ -120,85 +167,89 @@ std::uint64_t Textrang(std::size_t nummer) {
     return linksbuendig * 16 + stellen;
 }
 
-// --- Doubled keys ----------------------------------------------------------------------------------------------------
-
-// Looks for keys that occur twice, in time that grows in step with the lines whatever they hold: slots with open
-// addressing, one for each different key, never more than half of them taken.
-class Doppelsuche {
+// Takes the lines in their order and finds what is wrong with it.
+class Ordnungspruefung {
 public:
-    explicit Doppelsuche(std::span<const TextSicht> zeilen) : m_zeilen(zeilen) {}
+    void Nimm(Feldsicht zeile, std::size_t nummer) {
+        const Ordnung ordnung = OrdnungVon(zeile, nummer);
+        if (nummer > 0 && ordnung == m_ordnung) {
+            m_gleiche.Bis = nummer + 1;
+            m_steigend = m_steigend && IstNiedriger(m_zeile, zeile);
+            m_ergebnis.IstSortiert &= Textrang(nummer - 1) < Textrang(nummer);
+        } else {
+            StreckeAblegen();
+            if (nummer > 0 && ordnung < m_ordnung) {
+                ZuNiedrig(nummer);
+            }
+            m_gleiche = {nummer, nummer + 1};
+            m_steigend = true;
+            m_ordnung = ordnung;
+        }
+        m_zeile = zeile;
+    }
 
-    // Takes up the doubled keys among these lines.
-    void Durchsuchen(const Strecke& strecke);
-
-    // The lowest doubled key of all that was searched.
-    const std::optional<Schluessel>& Kleinster() const { return m_kleinster; }
+    Reihenfolge Ergebnis() && {
+        StreckeAblegen();
+        return std::move(m_ergebnis);
+    }
 
 private:
-    static constexpr std::uint32_t Leer = std::numeric_limits<std::uint32_t>::max();
-    struct Fach {
-        std::uint32_t Streuwert = 0;
-        std::uint32_t Zeile = Leer;
-    };
+    void StreckeAblegen() {
+        if (!m_steigend) {
+            m_ergebnis.Gleiche.push_back(m_gleiche);
+        }
+    }
+    void ZuNiedrig(std::size_t nummer) {
+        m_ergebnis.IstSortiert = false;
+        if (m_ergebnis.ErsteZuNiedrige < 0) {
+            m_ergebnis.ErsteZuNiedrige = static_cast<std::int32_t>(nummer);
+        }
+    }
 
-    void Aufnehmen(std::size_t zeile);
-    void Verdoppeln();
-    Fach& FreiesFach(std::uint32_t streuwert);
-    std::size_t Naechstes(std::size_t fach) const { return (fach + 1) & (m_faecher.size() - 1); }
-
-    std::span<const TextSicht> m_zeilen;
-    std::vector<Fach> m_faecher; // a power of two
-    std::size_t m_belegt = 0;
-    std::optional<Schluessel> m_kleinster;
+    Reihenfolge m_ergebnis;
+    Strecke m_gleiche = {0, 0};
+    bool m_steigend = true; // the keys of m_gleiche ascend
+    Ordnung m_ordnung = {}; // of the line before, and that line
+    Feldsicht m_zeile;
 };
 
-void Doppelsuche::Durchsuchen(const Strecke& strecke) {
-    m_faecher.assign(16, Fach());
-    m_belegt = 0;
+// --- Doubled keys ----------------------------------------------------------------------------------------------------
+
+struct Merkmal {
+    std::uint64_t Streuwert; // of the key
+    std::uint32_t Zeile;
+
+    auto operator<=>(const Merkmal&) const = default;
+};
+
+// The lowest key that stands twice among these lines, or that of `kleinster`, if it is lower. Sorted by hash value,
+// equal keys stand together, in time that grows in step with the lines whatever they hold.
+std::optional<Schluessel> KleinsterDoppelter(const Zeilenliste& zeilen, const Strecke& strecke,
+                                             std::optional<Schluessel> kleinster) {
+    std::vector<Merkmal> merkmale;
     for (std::size_t i = strecke.Von; i < strecke.Bis; ++i) {
         BedieneFenster();
-        if (!IstEDURecord(m_zeilen[i])) {
-            Aufnehmen(i);
+        const Feldsicht zeile = zeilen[i];
+        if (!IstEDURecord(zeile)) {
+            const Schluessel schluessel = SchluesselVon(zeile);
+            merkmale.push_back(
+                {Streuwert(TextSicht(schluessel.data(), schluessel.size())), static_cast<std::uint32_t>(i)});
         }
     }
-}
-
-void Doppelsuche::Aufnehmen(std::size_t zeile) {
-    const Schluessel schluessel = SchluesselVon(m_zeilen[zeile]);
-    const auto streuwert = static_cast<std::uint32_t>(std::hash<TextSicht>()(TextSicht(schluessel.data(), Breite())));
-    std::size_t i = streuwert & (m_faecher.size() - 1);
-    for (; m_faecher[i].Zeile != Leer; i = Naechstes(i)) {
-        if (m_faecher[i].Streuwert == streuwert && SchluesselVon(m_zeilen[m_faecher[i].Zeile]) == schluessel) {
-            m_kleinster = m_kleinster ? std::min(*m_kleinster, schluessel) : schluessel;
-            return;
+    std::ranges::sort(merkmale);
+    for (std::size_t i = 1; i < merkmale.size(); ++i) {
+        if (merkmale[i].Streuwert == merkmale[i - 1].Streuwert) {
+            const Schluessel schluessel = SchluesselVon(zeilen[merkmale[i].Zeile]);
+            if (schluessel == SchluesselVon(zeilen[merkmale[i - 1].Zeile]) && (!kleinster || schluessel < *kleinster)) {
+                kleinster = schluessel;
+            }
         }
     }
-    m_faecher[i] = {streuwert, static_cast<std::uint32_t>(zeile)};
-    if (++m_belegt * 2 > m_faecher.size()) {
-        Verdoppeln();
-    }
-}
-
-void Doppelsuche::Verdoppeln() {
-    const std::vector<Fach> alte = std::move(m_faecher);
-    m_faecher.assign(2 * alte.size(), Fach());
-    for (const Fach& fach : alte) {
-        if (fach.Zeile != Leer) {
-            FreiesFach(fach.Streuwert) = fach;
-        }
-    }
-}
-
-Doppelsuche::Fach& Doppelsuche::FreiesFach(std::uint32_t streuwert) {
-    std::size_t i = streuwert & (m_faecher.size() - 1);
-    while (m_faecher[i].Zeile != Leer) {
-        i = Naechstes(i);
-    }
-    return m_faecher[i];
+    return kleinster;
 }
 
 // Of the lines with this key the first two, by their numbers as texts: the later one.
-std::int32_t ZweiteZeileMit(const Schluessel& schluessel, std::span<const TextSicht> zeilen) {
+std::int32_t ZweiteZeileMit(const Schluessel& schluessel, const Zeilenliste& zeilen) {
     std::vector<std::size_t> nummern;
     for (std::size_t i = 0; i < zeilen.size(); ++i) {
         if (!IstEDURecord(zeilen[i]) && SchluesselVon(zeilen[i]) == schluessel) {
@@ -211,74 +262,53 @@ std::int32_t ZweiteZeileMit(const Schluessel& schluessel, std::span<const TextSi
 
 } // namespace
 
-bool IstEDURecord(TextSicht zeile) {
-    return !zeile.empty() && (zeile[0] == u'E' || zeile[0] == u'D' || zeile[0] == u'U');
+bool IstEDURecord(Feldsicht zeile) {
+    return zeile.starts_with(u'E') || zeile.starts_with(u'D') || zeile.starts_with(u'U');
 }
 
-Text UniversalSchluessel(TextSicht zeile) {
+Text UniversalSchluessel(Feldsicht zeile) {
     const Schluessel schluessel = SchluesselVon(zeile);
     return Text(schluessel.data(), Breite());
 }
 
-Reihenfolge ReihenfolgeErmitteln(std::span<const TextSicht> zeilen) {
-    Reihenfolge ergebnis;
-    if (zeilen.empty()) {
-        return ergebnis;
-    }
-    Ordnung vorige = OrdnungVon(zeilen[0], 0);
-    Strecke gleiche = {0, 1};
-    const auto streckeAblegen = [&] {
-        if (gleiche.Bis - gleiche.Von > 1) {
-            ergebnis.Gleiche.push_back(gleiche);
-        }
-    };
-    for (std::size_t k = 1; k < zeilen.size(); ++k) {
+Reihenfolge ReihenfolgeErmitteln(const Zeilenliste& zeilen) {
+    Ordnungspruefung pruefung;
+    for (std::size_t k = 0; k < zeilen.size(); ++k) {
         BedieneFenster();
-        const Ordnung ordnung = OrdnungVon(zeilen[k], k);
-        if (ordnung == vorige) {
-            gleiche.Bis = k + 1;
-            ergebnis.IstSortiert &= Textrang(k - 1) < Textrang(k);
-            continue;
-        }
-        if (ordnung < vorige) {
-            ergebnis.IstSortiert = false;
-            if (ergebnis.ErsteZuNiedrige < 0) {
-                ergebnis.ErsteZuNiedrige = static_cast<std::int32_t>(k);
-            }
-        }
-        streckeAblegen();
-        gleiche = {k, k + 1};
-        vorige = ordnung;
+        pruefung.Nimm(zeilen[k], k);
     }
-    streckeAblegen();
-    return ergebnis;
+    return std::move(pruefung).Ergebnis();
 }
 
-std::int32_t DoppelterSchluessel(std::span<const TextSicht> zeilen, const Reihenfolge& reihenfolge) {
-    Doppelsuche suche(zeilen);
-    if (reihenfolge.ErsteZuNiedrige < 0) { // equal keys can only be neighbours
-        std::ranges::for_each(reihenfolge.Gleiche, [&suche](const Strecke& strecke) { suche.Durchsuchen(strecke); });
+std::int32_t DoppelterSchluessel(const Zeilenliste& zeilen, const Reihenfolge& reihenfolge) {
+    std::optional<Schluessel> kleinster;
+    if (reihenfolge.ErsteZuNiedrige >= 0) {
+        kleinster = KleinsterDoppelter(zeilen, {0, zeilen.size()}, kleinster);
     } else {
-        suche.Durchsuchen({0, zeilen.size()});
+        for (const Strecke& strecke : reihenfolge.Gleiche) { // equal keys can only be neighbours
+            kleinster = KleinsterDoppelter(zeilen, strecke, kleinster);
+        }
     }
-    return suche.Kleinster() ? ZweiteZeileMit(*suche.Kleinster(), zeilen) : -1;
+    return kleinster ? ZweiteZeileMit(*kleinster, zeilen) : -1;
 }
 
-void ZeilenSortieren(std::vector<TextSicht>& zeilen) {
+std::vector<std::uint32_t> SortierteFolge(const Zeilenliste& zeilen) {
     struct Eintrag {
         Ordnung Spalten;
         std::uint64_t Rang;
-        TextSicht Zeile;
+        std::uint32_t Zeile;
     };
     std::vector<Eintrag> eintraege;
     eintraege.reserve(zeilen.size());
     for (std::size_t k = 0; k < zeilen.size(); ++k) {
-        eintraege.push_back({OrdnungVon(zeilen[k], k), Textrang(k), zeilen[k]});
+        eintraege.push_back({OrdnungVon(zeilen[k], k), Textrang(k), static_cast<std::uint32_t>(k)});
     }
     std::ranges::sort(eintraege, [](const Eintrag& a, const Eintrag& b) {
         return a.Spalten != b.Spalten ? a.Spalten < b.Spalten : a.Rang < b.Rang;
     });
-    std::ranges::transform(eintraege, zeilen.begin(), &Eintrag::Zeile);
+    std::vector<std::uint32_t> folge(eintraege.size());
+    std::ranges::transform(eintraege, folge.begin(), &Eintrag::Zeile);
+    return folge;
 }
 
 } // namespace zepholt

@@ -7,7 +7,6 @@
 #include "state/TestDaten.h"
 
 #include <algorithm>
-#include <array>
 
 namespace zepholt {
 
@@ -42,65 +41,56 @@ bool InUtf8() {
     return testDaten.IstE1S || testDaten.Utf8Modus;
 }
 
-// Printable ASCII passes every character test. Both differences stay below 32768 for such characters only; no early
-// end, so that the loop runs on many columns at a time.
-bool NurDruckbaresAscii(TextSicht text) {
-    char16_t differenzen = 0;
-    for (const char16_t zeichen : text) {
-        differenzen |= static_cast<char16_t>((zeichen - 32) | (126 - zeichen));
-    }
-    return differenzen < 0x8000;
-}
-
-bool NurLeerzeichen(TextSicht text) {
-    char16_t abweichungen = 0;
-    for (const char16_t zeichen : text) {
-        abweichungen |= static_cast<char16_t>(zeichen ^ u' ');
-    }
-    return abweichungen == 0;
-}
-
 // Reports each character of a field that `erlaubt` refuses.
 template <class Regel>
-void ZeichenPruefen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
-    const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
-    if (NurDruckbaresAscii(feld)) {
-        return;
-    }
-    for (const char16_t zeichen : feld) {
-        if (!erlaubt(zeichen)) {
+void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
+    const Feldsicht feld = Feld(testDaten.Record, spalte, laenge);
+    for (std::size_t i = 0; i < feld.size(); ++i) {
+        if (!erlaubt(feld[i])) {
             FehlerHinzufuegen(2031, spalte);
         }
         ++spalte;
     }
 }
 
+// A character of a file in UTF-8: no control character, in a 451-92 file one that code page 1252 has.
+bool IstErlaubtInUtf8(char16_t zeichen) {
+    const bool steuerzeichen = zeichen < 32 || (zeichen >= 127 && zeichen <= 159);
+    const bool in1252 = zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos;
+    return !steuerzeichen && (testDaten.IstE1S || in1252);
+}
+
+bool IstErlaubt(char16_t zeichen) {
+    return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.IstErlaubt.test(zeichen);
+}
+
 // A record E, D or U: no layout, and any code that one byte of text can have.
-void FreieZeichenPruefen() {
-    if (!InUtf8()) {
+void PruefeFreieZeichen() {
+    const Satz& record = testDaten.Record;
+    const bool nurAscii = record.size() <= Recordlaenge && record.Arten().Besonderes.empty();
+    if (!InUtf8() && !nurAscii) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
-        ZeichenPruefen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
+        PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
     }
 }
 
-// What stands between the last field tested and `spalte` must be blank.
-void LueckePruefen(std::int32_t spalte) {
-    const TextSicht luecke = Feld(testDaten.Record, testDaten.NaechsteSpalte, spalte - testDaten.NaechsteSpalte);
-    if (!NurLeerzeichen(luecke)) {
-        const auto stelle = static_cast<std::int32_t>(luecke.find_first_not_of(u' '));
-        FehlerHinzufuegen(2032, testDaten.NaechsteSpalte + stelle);
+// True when each character of the record is permitted and each stands in a field: then no field's test has anything to
+// report.
+bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
+    if (!record.Arten().Gefuellt.Ohne(felder).empty()) {
+        return false;
     }
-}
-
-// The test of a field whose characters are known to be good: only the gap before it.
-void NurLueckePruefen(std::int32_t spalte, std::int32_t laenge) {
-    if (spalte == 1) {
-        testDaten.NaechsteSpalte = 1;
+    const Spaltenmenge& besonderes = record.Arten().Besonderes; // printable ASCII is always permitted
+    for (std::int32_t wort = 0; wort < 4; ++wort) {
+        std::uint64_t rest = besonderes.Worte[static_cast<std::size_t>(wort)];
+        for (; rest != 0; rest &= rest - 1) {
+            const std::int32_t spalte = wort * Spaltenmenge::Wortbreite + std::countr_zero(rest);
+            if (!IstErlaubt(record[static_cast<std::size_t>(spalte)])) {
+                return false;
+            }
+        }
     }
-    if (spalte > testDaten.NaechsteSpalte) {
-        LueckePruefen(spalte);
-    }
-    testDaten.NaechsteSpalte = spalte + laenge;
+    return true;
 }
 
 } // namespace
@@ -113,12 +103,12 @@ void ErlaubteZeichenAufbauen() {
     if (testDaten.Revision >= 11) {
         CodesAnfuegen(ErlaubteCodesAbRevision11, codes);
     }
-    testDaten.ErlaubteZeichen.resize(codes.size());
-    OemNachAnsi(codes, testDaten.ErlaubteZeichen.data());
-
+    const Codeseite seite = Codeseite850();
+    testDaten.ErlaubteZeichen.clear();
     testDaten.IstErlaubt.reset();
-    for (const char16_t zeichen : testDaten.ErlaubteZeichen) {
-        testDaten.IstErlaubt.set(zeichen);
+    for (const unsigned char code : codes) {
+        testDaten.ErlaubteZeichen.push_back(seite.Zeichen[code]);
+        testDaten.IstErlaubt.set(seite.Zeichen[code]);
     }
 }
 
@@ -127,36 +117,40 @@ void RecordZeichenTest() {
         FehlerHinzufuegen(2032, Recordlaenge + 1);
     }
     if (IstEDURecord(testDaten.Record)) {
-        FreieZeichenPruefen();
+        PruefeFreieZeichen();
         return;
     }
-    const std::span<const RecordLayout> layouts = LayoutsVon(testDaten.Record);
-    if (layouts.empty()) {
+    const Recordtyp typ = RecordtypVon(testDaten.Record);
+    if (typ.Zeilen.empty()) {
         testDaten.UndefinierterRecordTyp = true;
         return;
     }
-    const auto feldtest = NurDruckbaresAscii(testDaten.Record) ? NurLueckePruefen : FeldZeichenTest;
-    for (const RecordLayout& layout : layouts) {
-        feldtest(layout.Spalte, layout.Laenge);
+    if (IstOhneBefund(testDaten.Record, typ.Felder)) {
+        testDaten.NaechsteSpalte = Recordlaenge + 1;
+        return;
     }
-    feldtest(Recordlaenge + 1, 0); // what stands behind the last field
+    for (const RecordLayout& layout : typ.Zeilen) {
+        FeldZeichenTest(layout.Spalte, layout.Laenge);
+    }
+    FeldZeichenTest(Recordlaenge + 1, 0); // what stands behind the last field
 }
 
 void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    NurLueckePruefen(spalte, laenge);
-    if (InUtf8()) {
-        UnicodeZeichenTest(spalte, laenge);
-    } else {
-        ZeichenPruefen(spalte, laenge, [](char16_t zeichen) { return testDaten.IstErlaubt.test(zeichen); });
+    if (spalte == 1) {
+        testDaten.NaechsteSpalte = 1;
     }
+    const std::int32_t luecke = spalte - testDaten.NaechsteSpalte;
+    const std::int32_t erste =
+        luecke > 0 ? testDaten.Record.Arten().Gefuellt.Erste(testDaten.NaechsteSpalte, luecke) : 0;
+    if (erste != 0) {
+        FehlerHinzufuegen(2032, erste);
+    }
+    testDaten.NaechsteSpalte = spalte + laenge;
+    PruefeZeichen(spalte, laenge, IstErlaubt);
 }
 
 void UnicodeZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    ZeichenPruefen(spalte, laenge, [](char16_t zeichen) {
-        const bool steuerzeichen = zeichen < 32 || (zeichen >= 127 && zeichen <= 159);
-        const bool in1252 = zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos;
-        return !steuerzeichen && (testDaten.IstE1S || in1252);
-    });
+    PruefeZeichen(spalte, laenge, IstErlaubtInUtf8);
 }
 
 } // namespace zepholt

@@ -23,7 +23,7 @@ void PruefeDetailausmass(std::int32_t kapitel, std::int32_t position, std::int32
     eintrag.Text1 = TextFeld(93, 30, Freiwillig);          // G6:23
     eintrag.Text2 = TextFeld(138, 30, Freiwillig);         // G6:24e
     eintrag.Text3 = TextFeld(208, 30, Freiwillig);         // G6:24h
-    const TextSicht mengenart = TextFeld(44, 1, Zwingend); // G6:13
+    const Feldsicht mengenart = TextFeld(44, 1, Zwingend); // G6:13
     const Betrag betrag = BetragFeld(45, 46, 13, 3);       // G6:14, G6:15
 
     if (mengenart != u"A") {

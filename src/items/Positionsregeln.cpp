@@ -35,9 +35,9 @@ double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::in
     return preis.Vorzeichen == u"-" && !preis.Leer ? -preis.Wert : preis.Wert;
 }
 
-void PruefePreisart(TextSicht preisart) {
-    if (NeueSchnittstelle() && TextSicht(u"AFINR").find(preisart) == TextSicht::npos) {
-        FehlerMelden(4521); // an empty kind is found in any set
+void PruefePreisart(Feldsicht preisart) {
+    if (NeueSchnittstelle() && !preisart.empty() && TextSicht(u"AFINR").find(preisart.front()) == TextSicht::npos) {
+        FehlerMelden(4521);
     }
 }
 

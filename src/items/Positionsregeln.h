@@ -31,7 +31,7 @@ std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position
 double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt);
 
 // The price kind of G5:17 and G6:17, which only the new interface tests: 4521.
-void PruefePreisart(TextSicht preisart);
+void PruefePreisart(Feldsicht preisart);
 
 struct Feldbereich {
     std::int32_t Spalte; // from 1

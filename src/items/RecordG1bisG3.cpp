@@ -48,7 +48,7 @@ bool ReservepositionFehlt(std::int32_t kapitelIndex, std::int32_t kapitel, std::
 }
 
 // G2:12 and G3:12, the mark of an ecodevis position.
-void PruefeKennzeichnung(TextSicht kennzeichnung) {
+void PruefeKennzeichnung(Feldsicht kennzeichnung) {
     if (!kennzeichnung.empty() && kennzeichnung != u"E" && kennzeichnung != u"e") {
         FehlerMelden(4231);
     }
@@ -86,10 +86,10 @@ struct Variablenzeile {
     std::int32_t Position;
     std::int32_t Variable;
     std::int32_t Zeile;
-    TextSicht Text;
-    TextSicht AlternativCode;
+    Feldsicht Text;
+    Feldsicht AlternativCode;
     std::int32_t Einfuegepunkt;
-    TextSicht Kennzeichnung;
+    Feldsicht Kennzeichnung;
 };
 
 Variablenzeile LiesG3() {
@@ -108,8 +108,8 @@ Variablenzeile LiesG3() {
 void PruefeG1() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);       // G1:2a
     const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);         // G1:2c
-    const TextSicht titel = TextFeld(93, 30, Erwartet);         // G1:23
-    const TextSicht zusatztext = TextFeld(138, 30, Freiwillig); // G1:24e
+    const Feldsicht titel = TextFeld(93, 30, Erwartet);         // G1:23
+    const Feldsicht zusatztext = TextFeld(138, 30, Freiwillig); // G1:24e
 
     if (!KapitelnummerErlaubt(nummer)) {
         return FehlerMelden(4101);
@@ -134,8 +134,8 @@ void PruefeG1() {
 void PruefeG2() {
     const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);       // G2:2a
     const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);        // G2:3
-    const TextSicht text = TextFeld(93, 30, Freiwillig);         // G2:23
-    const TextSicht kennzeichnung = TextFeld(43, 1, Freiwillig); // G2:12
+    const Feldsicht text = TextFeld(93, 30, Freiwillig);         // G2:23
+    const Feldsicht kennzeichnung = TextFeld(43, 1, Freiwillig); // G2:12
 
     const std::int32_t kapitelIndex = SucheKapitel(kapitel);
     if (kapitelIndex == -1) {

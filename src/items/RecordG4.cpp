@@ -19,7 +19,7 @@ namespace {
 struct Zuordnungssatz {
     std::int32_t Kapitel;
     std::int32_t Position;
-    TextSicht Spezifikation;
+    Feldsicht Spezifikation;
     ZuordnungEintrag Eintrag;
 };
 
@@ -43,7 +43,7 @@ Zuordnungssatz LiesG4() {
 }
 
 // True when G4:24c holds the star; any other character counts as none.
-bool SternGesetzt(TextSicht spezifikation) {
+bool SternGesetzt(Feldsicht spezifikation) {
     if (!spezifikation.empty() && spezifikation != u"*") {
         FehlerMelden(4461);
     }
@@ -51,7 +51,7 @@ bool SternGesetzt(TextSicht spezifikation) {
 }
 
 // A reference of the first level, and behind it the fault of a furnishing detail that does not go with it.
-void PruefeMitSpezifikation(TextSicht code, bool (*gefunden)(TextSicht), std::int32_t unbekannt,
+void PruefeMitSpezifikation(Feldsicht code, bool (*gefunden)(Feldsicht), std::int32_t unbekannt,
                             bool spezifikationFalsch, std::int32_t codeSpezifikation) {
     PruefeVerweis(code, gefunden, unbekannt);
     if (!code.empty() && spezifikationFalsch) {
@@ -76,7 +76,7 @@ void PruefeG4Verweise(const ZuordnungEintrag& eintrag, bool stern, bool einricht
 }
 
 bool HatVerweisMitJoker(const ZuordnungEintrag& eintrag) {
-    const std::array<TextSicht, 9> verweise = {eintrag.OGL,
+    const std::array<Feldsicht, 9> verweise = {eintrag.OGL,
                                                eintrag.PSL,
                                                eintrag.KAG,
                                                eintrag.Element,

@@ -23,13 +23,11 @@ constexpr std::array<Einheitenliste, 3> Einheitenlisten = {{
 }};
 
 // True when the unit stands in a list that has a blank before every code and behind the last.
-bool EinheitIn(TextSicht einheiten, TextSicht einheit) {
-    Text gesucht = u" ";
-    gesucht.append(einheit).append(u" ");
-    return einheiten.find(gesucht) != TextSicht::npos;
+bool EinheitIn(TextSicht einheiten, Feldsicht einheit) {
+    return einheiten.find(u' ' + Text(einheit) + u' ') != TextSicht::npos;
 }
 
-void PruefeEinheit(TextSicht einheit, std::int32_t kapitel, std::int32_t versionsjahr, std::int32_t position) {
+void PruefeEinheit(Feldsicht einheit, std::int32_t kapitel, std::int32_t versionsjahr, std::int32_t position) {
     if (einheit.empty()) {
         if (IstReserveKapitel(kapitel) || IstReservePosition(position)) {
             FehlerMelden(4505);
@@ -58,9 +56,9 @@ void EinheitenSetzen() {
 void PruefeG5() {
     const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);  // G5:2a
     const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);   // G5:3
-    const TextSicht einheit = TextFeld(59, 2, Freiwillig);  // G5:16
+    const Feldsicht einheit = TextFeld(59, 2, Freiwillig);  // G5:16
     const Betrag preis = BetragFeld(62, 63, 12, 2);         // G5:18, G5:19
-    const TextSicht preisart = TextFeld(61, 1, Freiwillig); // G5:17
+    const Feldsicht preisart = TextFeld(61, 1, Freiwillig); // G5:17
 
     const std::optional<Positionsort> ort = SucheOrt(kapitel, nummer, 4501, 4502);
     if (!ort) {

@@ -25,11 +25,11 @@ struct Mengensatz {
     bool IstDetail; // a detail measurement line
     Betrag Menge;
     Betrag Preis;
-    TextSicht Preisart;
+    Feldsicht Preisart;
     MengeEintrag Eintrag; // but for Menge and Preis, which the tests give their signs
 };
 
-TextSicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
+Feldsicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
     return SchluesselFeld(spalte, laenge, JokerVerboten, Freiwillig);
 }
 
@@ -44,7 +44,7 @@ Mengensatz LiesG6() {
     eintrag.Variantengruppe = Schluessel(30, 3);                                  // G6:8
     eintrag.Variante = Schluessel(33, 3);                                         // G6:9
     eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);                             // G6:10
-    eintrag.Mengenart = satz.IstDetail ? TextSicht() : TextFeld(44, 1, Zwingend); // G6:13
+    eintrag.Mengenart = satz.IstDetail ? Feldsicht() : TextFeld(44, 1, Zwingend); // G6:13
     satz.Menge = BetragFeld(45, 46, 13, 3);                                       // G6:14, G6:15
     satz.Preis = BetragFeld(62, 63, 12, 2);                                       // G6:18, G6:19
     eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
@@ -59,12 +59,12 @@ Mengensatz LiesG6() {
     return satz;
 }
 
-// True when the kind stands in the set. An empty kind counts as being in any set.
-bool ArtIn(TextSicht arten, TextSicht art) {
-    return arten.find(art) != TextSicht::npos;
+// True when the kind, of one column, stands in the set. An empty kind counts as being in any set.
+bool ArtIn(TextSicht arten, Feldsicht art) {
+    return art.empty() || arten.find(art.front()) != TextSicht::npos;
 }
 
-void PruefeMengenart(TextSicht art) {
+void PruefeMengenart(Feldsicht art) {
     const bool neu = NeueSchnittstelle();
     if (!ArtIn(neu ? u"ABCDJKLMQRSUW" : u"ABCJKLQRSW", art)) {
         FehlerMelden(4611);
@@ -74,7 +74,7 @@ void PruefeMengenart(TextSicht art) {
     }
 }
 
-bool IstPrimaervariante(TextSicht gruppe, TextSicht variante) {
+bool IstPrimaervariante(Feldsicht gruppe, Feldsicht variante) {
     const std::int32_t index = sia451Datei.VariantenTabelle.Finde(gruppe); // a group stands in the table only once
     return index != -1 && sia451Datei.VariantenTabelle[index].Primaervariante == variante;
 }
@@ -139,7 +139,7 @@ void PruefeLaufnummer(MengeEintrag& menge) {
     if (menge.Laufnummer.empty()) {
         return;
     }
-    if (NeueSchnittstelle() && GanzzahlAmAnfang(menge.Laufnummer) == 0) {
+    if (NeueSchnittstelle() && GanzzahlAmAnfang(Text(Feldsicht(menge.Laufnummer))) == 0) {
         menge.Laufnummer = {};
         return FehlerMelden(4682);
     }

@@ -11,13 +11,13 @@ namespace zepholt {
 namespace {
 
 // Two codes side by side, each filled up with blanks to the columns that it has in a record.
-Text Paar(TextSicht erster, std::int32_t breite, TextSicht zweiter) {
-    return LinksBuendig(erster, breite) + LinksBuendig(zweiter, breite);
+Text Paar(Feldsicht erster, std::int32_t breite, Feldsicht zweiter) {
+    return LinksBuendig(Text(erster), breite) + LinksBuendig(Text(zweiter), breite);
 }
 
 } // namespace
 
-bool PruefzifferGueltig(TextSicht text) {
+bool PruefzifferGueltig(Feldsicht text) {
     if (text.empty()) {
         return true;
     }
@@ -25,32 +25,30 @@ bool PruefzifferGueltig(TextSicht text) {
         return false;
     }
     const std::int32_t pruefziffer = text.back() - u'0';
-    text.remove_suffix(1);
-
     std::int32_t summe = 0;
     std::int32_t gewicht = 3;
-    for (auto ziffer = text.rbegin(); ziffer != text.rend(); ++ziffer) {
-        summe += (*ziffer - u'0') * gewicht;
+    for (std::size_t i = text.size() - 1; i-- > 0;) {
+        summe += (text[i] - u'0') * gewicht;
         gewicht = 4 - gewicht;
     }
     return (10 - summe % 10) % 10 == pruefziffer;
 }
 
-bool JokerGleich(TextSicht wert, TextSicht muster) {
+bool JokerGleich(Feldsicht wert, Feldsicht muster) {
     const std::size_t joker = muster.find(u'*');
-    return joker == TextSicht::npos ? wert == muster : wert.substr(0, joker) == muster.substr(0, joker);
+    return joker == Feldsicht::npos ? wert == muster : wert.substr(0, joker) == muster.substr(0, joker);
 }
 
-bool KostenkontoGefunden(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht element, TextSicht gruppe,
-                         TextSicht variante) {
+bool KostenkontoGefunden(Feldsicht ogl, Feldsicht psl, Feldsicht kag, Feldsicht element, Feldsicht gruppe,
+                         Feldsicht variante) {
     const Text objekt = Paar(ogl, 6, psl);
-    const Text kostenart = LinksBuendig(kag, 5);
-    const Text bauteil = LinksBuendig(element, 6);
+    const Text kostenart = LinksBuendig(Text(kag), 5);
+    const Text bauteil = LinksBuendig(Text(element), 6);
     const Text wahl = Paar(gruppe, 3, variante);
     return std::ranges::any_of(sia451Datei.KostenkontoTabelle, [&](const KostenkontoEintrag& konto) {
         return JokerGleich(objekt, Paar(konto.OGL, 6, konto.PSL)) &&
-               JokerGleich(kostenart, LinksBuendig(konto.KAG, 5)) &&
-               JokerGleich(bauteil, LinksBuendig(konto.Element, 6)) &&
+               JokerGleich(kostenart, LinksBuendig(Text(konto.KAG), 5)) &&
+               JokerGleich(bauteil, LinksBuendig(Text(konto.Element), 6)) &&
                JokerGleich(wahl, Paar(konto.Variantengruppe, 3, konto.Variante));
     });
 }

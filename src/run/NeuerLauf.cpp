@@ -21,6 +21,7 @@ void NeuerLauf() {
     dialogDeFrIt = {};
     fortschrittStand = {};
     testDaten = {};
+    codeseite = {};
 }
 
 } // namespace zepholt

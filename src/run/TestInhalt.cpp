@@ -8,63 +8,39 @@
 #include "window/DialogDeFrIt.h"
 #include "window/Fortschritt.h"
 
+#include <algorithm>
 #include <array>
+#include <ranges>
 #include <span>
 
 namespace zepholt {
 
 namespace {
 
-TextSicht ZeileAn(std::int32_t index) {
+Feldsicht ZeileAn(std::int32_t index) {
     return testDaten.Zeilen[static_cast<std::size_t>(index)];
 }
 
 // Column 42; 0 for a line that ends before it.
-char16_t Ziffer(TextSicht zeile) {
+char16_t Ziffer(Feldsicht zeile) {
     return zeile.size() >= 42 ? zeile[41] : u'\0';
 }
 
-// The lines of one record letter: first and last index in Zeilen; a first index of 0 means that it does not occur.
+// The lines of one record letter: first index in Zeilen, and the index behind the last.
 struct Abschnitt {
-    std::int32_t Erste = 0;
-    std::int32_t Letzte = 0;
+    std::int32_t Von = 0;
+    std::int32_t Bis = 0;
 };
 
-struct Abschnitte {
-    Abschnitt B, C, G, P, X;
-
-    Abschnitt* Von(char16_t buchstabe) {
-        switch (buchstabe) {
-        case u'B':
-            return &B;
-        case u'C':
-            return &C;
-        case u'G':
-            return &G;
-        case u'P':
-            return &P;
-        case u'X':
-            return &X;
-        default:
-            return nullptr;
-        }
-    }
-};
-
-Abschnitte AbschnitteSuchen() {
-    Abschnitte abschnitte;
-    for (std::int32_t i = 1; i <= testDaten.ZeilenAnzahl - 2; ++i) {
-        const TextSicht zeile = ZeileAn(i);
-        Abschnitt* abschnitt = zeile.empty() ? nullptr : abschnitte.Von(zeile.front());
-        if (abschnitt == nullptr) {
-            continue;
-        }
-        abschnitt->Letzte = i;
-        if (abschnitt->Erste == 0) {
-            abschnitt->Erste = i;
-        }
-    }
-    return abschnitte;
+// The order of the lines keeps a letter together, and the letters ascend. The first and the last line are A and Z.
+Abschnitt AbschnittVon(char16_t buchstabe) {
+    const auto erste = std::views::iota(1, testDaten.ZeilenAnzahl - 1);
+    const auto bereich = std::ranges::equal_range(erste, buchstabe, {}, [](std::int32_t i) {
+        const Feldsicht zeile = ZeileAn(i);
+        return zeile.empty() ? u'\0' : zeile.front();
+    });
+    return {1 + static_cast<std::int32_t>(bereich.begin() - erste.begin()),
+            1 + static_cast<std::int32_t>(bereich.end() - erste.begin())};
 }
 
 // One test of a pass: the digit in column 42 that chooses it.
@@ -76,12 +52,9 @@ struct Satztest {
 // Hands each line of a section to the test of its digit; other digits are passed over. The first letter is not looked
 // at again: the order of the lines keeps a letter together.
 void Durchgang(const Abschnitt& abschnitt, std::span<const Satztest> tests, std::int32_t& zaehler) {
-    if (abschnitt.Erste == 0) {
-        return;
-    }
-    for (std::int32_t i = abschnitt.Erste; i <= abschnitt.Letzte; ++i) {
+    for (std::int32_t i = abschnitt.Von; i < abschnitt.Bis; ++i) {
         testDaten.Record = ZeileAn(i);
-        testDaten.ZeilenNr = testDaten.ZeilenNummern[static_cast<std::size_t>(i)];
+        testDaten.ZeilenNr = i;
         ZeigeFortschritt(++zaehler);
         const char16_t ziffer = Ziffer(testDaten.Record);
         for (const Satztest& test : tests) {
@@ -161,18 +134,17 @@ void DokumentTesten() {
     ZeigeSchritt(Uebersetze(u"Testet Dokument"), testDaten.ZeilenAnzahl - 2);
     EinheitenSetzen();
 
-    const Abschnitte abschnitte = AbschnitteSuchen();
     std::int32_t zaehler = 0;
-    Durchgang(abschnitte.B, TestsB, zaehler);
+    Durchgang(AbschnittVon(u'B'), TestsB, zaehler);
     PruefeBEnde();
-    Durchgang(abschnitte.G, TestsG, zaehler);
+    Durchgang(AbschnittVon(u'G'), TestsG, zaehler);
     PruefeNachlauf();
-    Durchgang(abschnitte.C, TestsC, zaehler);
+    Durchgang(AbschnittVon(u'C'), TestsC, zaehler);
     if (!testDaten.IstE1S) {
         return; // the old interface has no attachments
     }
-    Durchgang(abschnitte.X, TestsX, zaehler);
-    Durchgang(abschnitte.P, TestsP, zaehler);
+    Durchgang(AbschnittVon(u'X'), TestsX, zaehler);
+    Durchgang(AbschnittVon(u'P'), TestsP, zaehler);
 }
 
 } // namespace zepholt

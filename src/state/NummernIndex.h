@@ -1,12 +1,13 @@
 // Finds the first entry with a given Nummer in a list that only grows.
 //
-// The index follows the list by itself: entries that came since the last search are taken in before the next. A search
-// costs the same however long the list is; an entry costs 8 to 16 bytes, for the numbers stay in the list.
+// In a file whose lines are in order the numbers of a list ascend: then the list is its own index, and the entry at its
+// end, which is mostly the one asked for, is looked at first. Only from a number on that is lower than one before it
+// are the first entries kept apart. Nothing here is slower for some numbers than for others.
 #pragma once
 
-#include <bit>
+#include <algorithm>
 #include <cstdint>
-#include <vector>
+#include <map>
 
 namespace zepholt {
 
@@ -17,42 +18,43 @@ public:
     template <class Liste>
     std::int32_t Finde(const Liste& liste, std::int32_t nummer) {
         Nachfuehren(liste);
-        return m_plaetze.empty() ? -1 : m_plaetze[Platz(liste, nummer)];
+        if (!m_erste.empty()) {
+            const auto treffer = m_erste.find(nummer);
+            return treffer == m_erste.end() ? -1 : treffer->second;
+        }
+        if (liste.empty() || liste.back().Nummer < nummer) {
+            return -1;
+        }
+        const auto nummerVon = [](const auto& eintrag) { return eintrag.Nummer; };
+        const bool letzte =
+            liste.back().Nummer == nummer && (liste.size() == 1 || liste[liste.size() - 2].Nummer < nummer);
+        const auto treffer = letzte ? liste.end() - 1 : std::ranges::lower_bound(liste, nummer, {}, nummerVon);
+        return treffer->Nummer == nummer ? static_cast<std::int32_t>(treffer - liste.begin()) : -1;
     }
 
 private:
     template <class Liste>
     void Nachfuehren(const Liste& liste) {
-        if (m_anzahl == liste.size()) {
-            return;
-        }
-        if (liste.size() * 2 > m_plaetze.size()) {
-            m_plaetze.assign(std::bit_ceil(liste.size() * 2), -1);
-            m_anzahl = 0;
-        }
-        for (; m_anzahl < liste.size(); ++m_anzahl) {
-            std::int32_t& eintrag = m_plaetze[Platz(liste, liste[m_anzahl].Nummer)];
-            if (eintrag == -1) { // else the first entry of this number stays
-                eintrag = static_cast<std::int32_t>(m_anzahl);
+        for (; m_gelesen < liste.size(); ++m_gelesen) {
+            const bool tiefer = m_gelesen > 0 && liste[m_gelesen].Nummer < liste[m_gelesen - 1].Nummer;
+            if (tiefer && m_erste.empty()) {
+                for (std::size_t i = 0; i < m_gelesen; ++i) {
+                    Merke(liste, i);
+                }
+            }
+            if (!m_erste.empty()) {
+                Merke(liste, m_gelesen);
             }
         }
     }
 
-    // The place of the entry with this number, or the free place where it would stand. There is one, as no more than
-    // half of the places are taken.
     template <class Liste>
-    std::size_t Platz(const Liste& liste, std::int32_t nummer) const {
-        const std::size_t maske = m_plaetze.size() - 1;
-        // Numbers come in runs with gaps of ten and a thousand: the golden ratio spreads them.
-        std::size_t platz = (static_cast<std::uint32_t>(nummer) * 0x9E3779B97F4A7C15U >> 32) & maske;
-        while (m_plaetze[platz] != -1 && liste[static_cast<std::size_t>(m_plaetze[platz])].Nummer != nummer) {
-            platz = (platz + 1) & maske;
-        }
-        return platz;
+    void Merke(const Liste& liste, std::size_t index) {
+        m_erste.emplace(liste[index].Nummer, static_cast<std::int32_t>(index)); // the first entry of a number stays
     }
 
-    std::vector<std::int32_t> m_plaetze; // indices of entries, -1 for a free place; the size is a power of two
-    std::size_t m_anzahl = 0;            // entries of the list taken in
+    std::map<std::int32_t, std::int32_t> m_erste; // number, index of its first entry; empty while the numbers ascend
+    std::size_t m_gelesen = 0;                    // entries of the list taken in
 };
 
 } // namespace zepholt

@@ -6,8 +6,9 @@
 #pragma once
 
 #include "state/CodeListe.h"
+#include "state/Feldsicht.h"
+#include "state/KurzText.h"
 #include "state/NummernIndex.h"
-#include "support/KurzText.h"
 #include "support/Text.h"
 
 #include <bitset>
@@ -22,77 +23,77 @@ namespace zepholt {
 // --- Structure tables (records B1 to B9) -----------------------------------------------------------------------------
 
 struct KAGEintrag {        // cost type
-    TextSicht Code;        // B1:21
-    TextSicht Bezeichnung; // B1:23
-    TextSicht Text;        // B1:24e
-    TextSicht ECode;       // B1:24h
+    Feldsicht Code;        // B1:21
+    Feldsicht Bezeichnung; // B1:23
+    Feldsicht Text;        // B1:24e
+    Feldsicht ECode;       // B1:24h
 };
 
 struct PSLEintrag {               // position location below an object structure code
-    TextSicht Code;               // B2:7
-    TextSicht Bezeichnung;        // B2:23
-    TextSicht Text;               // B2:24e
+    Feldsicht Code;               // B2:7
+    Feldsicht Bezeichnung;        // B2:23
+    Feldsicht Text;               // B2:24e
     std::int32_t Reihenfolge = 0; // B2:20
 };
 
 struct OGLEintrag {               // object structure
-    TextSicht Code;               // B2:6
-    TextSicht Bezeichnung;        // B2:23
-    TextSicht Text;               // B2:24e
+    Feldsicht Code;               // B2:6
+    Feldsicht Bezeichnung;        // B2:23
+    Feldsicht Text;               // B2:24e
     std::int32_t Reihenfolge = 0; // B2:20
     CodeListe<PSLEintrag> PSLListe;
 };
 
 struct EKGEintrag {          // element
-    TextSicht Code;          // B3:22
-    TextSicht Bezeichnung;   // B3:23
-    TextSicht Text;          // B3:24e
-    TextSicht Mengeneinheit; // B3:16
-    TextSicht ECode;         // B3:24h
+    Feldsicht Code;          // B3:22
+    Feldsicht Bezeichnung;   // B3:23
+    Feldsicht Text;          // B3:24e
+    Feldsicht Mengeneinheit; // B3:16
+    Feldsicht ECode;         // B3:24h
 };
 
 struct EinrichtungEintrag {       // furnishing type
-    TextSicht Code;               // B4:24b
-    TextSicht Bezeichnung;        // B4:23
-    TextSicht Text;               // B4:24e
+    Feldsicht Code;               // B4:24b
+    Feldsicht Bezeichnung;        // B4:23
+    Feldsicht Text;               // B4:24e
     std::int32_t Reihenfolge = 0; // B4:20
 };
 
 struct VarianteEintrag {
-    TextSicht Code;               // B6:9
-    TextSicht Bezeichnung;        // B6:23
-    TextSicht Text;               // B6:24e
+    Feldsicht Code;               // B6:9
+    Feldsicht Bezeichnung;        // B6:23
+    Feldsicht Text;               // B6:24e
     std::int32_t Reihenfolge = 0; // B6:20
 };
 
 struct VariantengruppeEintrag {
-    TextSicht Code;               // B5:8
-    TextSicht Bezeichnung;        // B5:23
-    TextSicht Text;               // B5:24e
-    TextSicht Primaervariante;    // B5:24c-d
+    Feldsicht Code;               // B5:8
+    Feldsicht Bezeichnung;        // B5:23
+    Feldsicht Text;               // B5:24e
+    Feldsicht Primaervariante;    // B5:24c-d
     std::int32_t Reihenfolge = 0; // B5:20
     CodeListe<VarianteEintrag> Varianten;
 };
 
 struct NutzungEintrag {    // use
-    TextSicht Code;        // B7:24f
-    TextSicht Bezeichnung; // B7:23
-    TextSicht Text;        // B7:24e
+    Feldsicht Code;        // B7:24f
+    Feldsicht Bezeichnung; // B7:23
+    Feldsicht Text;        // B7:24e
 };
 
 struct RaumEintrag {       // room
-    TextSicht Code;        // B8:24g
-    TextSicht Bezeichnung; // B8:23
-    TextSicht Text;        // B8:24e
+    Feldsicht Code;        // B8:24g
+    Feldsicht Bezeichnung; // B8:23
+    Feldsicht Text;        // B8:24e
 };
 
 struct KostenkontoEintrag {    // cost account
-    TextSicht OGL;             // B9:6
-    TextSicht PSL;             // B9:7
-    TextSicht KAG;             // B9:21
-    TextSicht Element;         // B9:22
-    TextSicht Variantengruppe; // B9:8
-    TextSicht Variante;        // B9:9
+    Feldsicht OGL;             // B9:6
+    Feldsicht PSL;             // B9:7
+    Feldsicht KAG;             // B9:21
+    Feldsicht Element;         // B9:22
+    Feldsicht Variantengruppe; // B9:8
+    Feldsicht Variante;        // B9:9
     double Menge = 0;          // B9:15 with the sign of B9:14
     double Preis = 0;          // B9:19 with the sign of B9:18
 };
@@ -100,14 +101,14 @@ struct KostenkontoEintrag {    // cost account
 // --- Conditions (records C1 and C5) ----------------------------------------------------------------------------------
 
 struct EinschraenkungEintrag {
-    TextSicht OGL;                // C5:6
-    TextSicht PSL;                // C5:7
-    TextSicht KAG;                // C5:21
-    TextSicht Element;            // C5:22
-    TextSicht Einrichtungstyp;    // C5:24b
-    TextSicht Variantengruppe;    // C5:8
-    TextSicht Variante;           // C5:9
-    TextSicht Kapitelangabe;      // C5:3a
+    Feldsicht OGL;                // C5:6
+    Feldsicht PSL;                // C5:7
+    Feldsicht KAG;                // C5:21
+    Feldsicht Element;            // C5:22
+    Feldsicht Einrichtungstyp;    // C5:24b
+    Feldsicht Variantengruppe;    // C5:8
+    Feldsicht Variante;           // C5:9
+    Feldsicht Kapitelangabe;      // C5:3a
     std::int32_t Reihenfolge = 0; // C5:24d
 };
 
@@ -116,14 +117,14 @@ struct KonditionEintrag {
     std::int32_t Stufe = 0;         // C1:2c, 1 to 99: the order of calculation
     std::int32_t Bezugsstufe = 0;   // C1:5
     std::int32_t Konditionsart = 0; // C1:2b, 1 to 5: 2 is value added tax, 3 discount for early payment
-    TextSicht Berechnungsart;       // C1:13, "%" for a percentage
-    TextSicht Beruecksichtigt;      // C1:17
+    Feldsicht Berechnungsart;       // C1:13, "%" for a percentage
+    Feldsicht Beruecksichtigt;      // C1:17
     std::int32_t Zahlungsfrist = 0; // C1:10
     double Bezugsbetrag = 0;        // C1:15-16 with the sign of C1:14
     double Prozentwert = 0;         // C1:20b with the sign of C1:20a
     double Konditionsbetrag = 0;    // C1:19 with the sign of C1:18
-    TextSicht Bezeichnung;          // C1:23
-    TextSicht Text;                 // C1:24e
+    Feldsicht Bezeichnung;          // C1:23
+    Feldsicht Text;                 // C1:24e
     std::vector<EinschraenkungEintrag> Einschraenkungen;
     std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Einschraenkungen
 };
@@ -225,34 +226,34 @@ struct Kapitelnummerntexte {
 struct SIA451Datei {
     // Records A and Z. Before record A is tested the first six hold the raw columns of line 1, so that the protocol of
     // a refused file can name the project.
-    TextSicht ProjektNummer;      // A:21-22
-    TextSicht ProjektName;        // A:23
-    TextSicht DokumentNummer;     // A:24a-d
-    TextSicht DokumentName;       // A:24e
-    TextSicht SoftwareHersteller; // A:24f
-    TextSicht SoftwareName;       // A:24h
-    TextSicht KopfFeld18;         // A:6-7
-    TextSicht KopfFeld46;         // A:15
-    TextSicht DokumentCode;       // A:13
-    std::int32_t Sprachcode = 0;  // A:11, language of the file: 1 German, 2 French, 3 Italian
-    std::int32_t DatumA = 0;      // A:2
-    std::int32_t DatumZ3 = 0;     // Z:3
-    std::int32_t DatumZ2 = 0;     // Z:2
-    TextSicht KopfFeld30;         // A:8-10
-    std::int32_t KopfFeld75 = 0;  // A:20
-    TextSicht StellungVorversion; // A:12
-    TextSicht DokumentStatus;     // A:14
-    std::int32_t KopfFeld59 = 0;  // A:16-18
-    TextSicht ZFeld123;           // Z:24a-d
-    std::int32_t ZFeld75 = 0;     // Z:20
-    TextSicht ZFeld30;            // Z:8-10
-    TextSicht ZFeld18;            // Z:6-7
-    TextSicht ZFeld138;           // Z:24e
-    TextSicht ZFeld168;           // Z:24f
-    TextSicht ZFeld188;           // Z:24g
-    TextSicht ZFeld208;           // Z:24h-i
-    TextSicht KopfFeld188;        // A:24g
-    TextSicht KopfFeld238;        // A:24i
+    Text ProjektNummer;          // A:21-22
+    Text ProjektName;            // A:23
+    Text DokumentNummer;         // A:24a-d
+    Text DokumentName;           // A:24e
+    Text SoftwareHersteller;     // A:24f
+    Text SoftwareName;           // A:24h
+    Text KopfFeld18;             // A:6-7
+    Text KopfFeld46;             // A:15
+    Text DokumentCode;           // A:13
+    std::int32_t Sprachcode = 0; // A:11, language of the file: 1 German, 2 French, 3 Italian
+    std::int32_t DatumA = 0;     // A:2
+    std::int32_t DatumZ3 = 0;    // Z:3
+    std::int32_t DatumZ2 = 0;    // Z:2
+    Text KopfFeld30;             // A:8-10
+    std::int32_t KopfFeld75 = 0; // A:20
+    Text StellungVorversion;     // A:12
+    Text DokumentStatus;         // A:14
+    std::int32_t KopfFeld59 = 0; // A:16-18
+    Text ZFeld123;               // Z:24a-d
+    std::int32_t ZFeld75 = 0;    // Z:20
+    Text ZFeld30;                // Z:8-10
+    Text ZFeld18;                // Z:6-7
+    Text ZFeld138;               // Z:24e
+    Text ZFeld168;               // Z:24f
+    Text ZFeld188;               // Z:24g
+    Text ZFeld208;               // Z:24h-i
+    Text KopfFeld188;            // A:24g
+    Text KopfFeld238;            // A:24i
 
     // Unit codes of the file's language, a blank before every code and one behind the last.
     TextSicht Einheiten;
@@ -260,31 +261,31 @@ struct SIA451Datei {
 
     // B0: a structure was announced, and what its head says.
     bool KAGVorhanden = false;
-    TextSicht KAGKopfText;
-    TextSicht KAGStandardName;
+    Feldsicht KAGKopfText;
+    Feldsicht KAGStandardName;
     std::int32_t KAGStandardJahr = 0;
     bool OGLVorhanden = false;
-    TextSicht OGLKopfText;
+    Feldsicht OGLKopfText;
     bool EKGVorhanden = false;
-    TextSicht EKGKopfText;
-    TextSicht EKGStandardName;
+    Feldsicht EKGKopfText;
+    Feldsicht EKGStandardName;
     std::int32_t EKGStandardJahr = 0;
     bool EinrichtungVorhanden = false;
-    TextSicht EinrichtungKopfText;
+    Feldsicht EinrichtungKopfText;
     bool VariantenVorhanden = false;
-    TextSicht VariantenKopfText;
+    Feldsicht VariantenKopfText;
     bool NutzungVorhanden = false;
-    TextSicht NutzungKopfText;
+    Feldsicht NutzungKopfText;
     bool RaumVorhanden = false;
-    TextSicht RaumKopfText;
+    Feldsicht RaumKopfText;
     std::vector<std::int32_t> GliederungNummern;      // one entry per accepted B0
     std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, parallel to GliederungNummern
 
     CodeListe<KAGEintrag> KAGTabelle;
-    std::set<TextSicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
+    std::set<Feldsicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
     CodeListe<OGLEintrag> OGLTabelle;
     CodeListe<EKGEintrag> EKGTabelle;
-    std::set<TextSicht> EKGECodes; // the same of EKGTabelle
+    std::set<Feldsicht> EKGECodes; // the same of EKGTabelle
     CodeListe<EinrichtungEintrag> EinrichtungTabelle;
     CodeListe<VariantengruppeEintrag> VariantenTabelle;
     CodeListe<NutzungEintrag> NutzungTabelle;

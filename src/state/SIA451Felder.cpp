@@ -256,7 +256,18 @@ constexpr auto BloeckeNachTyp = [] {
     return nachTyp;
 }();
 
-std::span<const Block> BloeckeDerZeile(TextSicht zeile) {
+// The columns of all fields of each block.
+constexpr auto FelderDerBloecke = [] {
+    std::array<Spaltenmenge, std::size(Bloecke)> felder{};
+    for (std::size_t i = 0; i < std::size(Bloecke); ++i) {
+        for (const RecordLayout& zeile : Bloecke[i].Zeilen) {
+            felder[i].SetzeBereich(zeile.Spalte, zeile.Laenge);
+        }
+    }
+    return felder;
+}();
+
+std::span<const Block> BloeckeDerZeile(Feldsicht zeile) {
     if (zeile.empty() || zeile[0] < u'A' || zeile[0] > u'Z') {
         return {};
     }
@@ -280,13 +291,17 @@ std::vector<RecordLayout> RecordLayouts() {
     return alle;
 }
 
-std::span<const RecordLayout> LayoutsVon(TextSicht zeile) {
+Recordtyp RecordtypVon(Feldsicht zeile) {
     for (const Block& block : BloeckeDerZeile(zeile)) {
         if (Gilt(block.Fuer)) {
-            return block.Zeilen;
+            return {block.Zeilen, FelderDerBloecke[static_cast<std::size_t>(&block - Bloecke)]};
         }
     }
     return {};
+}
+
+std::span<const RecordLayout> LayoutsVon(Feldsicht zeile) {
+    return RecordtypVon(zeile).Zeilen;
 }
 
 } // namespace zepholt

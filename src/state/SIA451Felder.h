@@ -4,7 +4,8 @@
 // The record tests name their columns themselves.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
+#include "state/Spaltenmenge.h"
 
 #include <algorithm>
 #include <span>
@@ -19,16 +20,23 @@ struct RecordLayout {
 };
 
 // The substring of `zeile` at `spalte` (from 1) of length `laenge`; shorter or empty when the line ends early.
-inline TextSicht Feld(TextSicht zeile, std::int32_t spalte, std::int32_t laenge) {
+inline Feldsicht Feld(Feldsicht zeile, std::int32_t spalte, std::int32_t laenge) {
     const auto anfang = static_cast<std::size_t>(spalte - 1);
-    return anfang < zeile.size() ? zeile.substr(anfang, static_cast<std::size_t>(laenge)) : TextSicht();
+    return anfang < zeile.size() ? zeile.substr(anfang, static_cast<std::size_t>(laenge)) : Feldsicht();
 }
 
 // The rows of all record types that hold for the current Revision and kind of file, those of one type together and in
 // ascending order of column: the whole table, put together anew at each call.
 std::vector<RecordLayout> RecordLayouts();
 
-// The rows of the type of one line, found by columns 1 and 42; empty for an undefined type.
-std::span<const RecordLayout> LayoutsVon(TextSicht zeile);
+// What the table says of one record type.
+struct Recordtyp {
+    std::span<const RecordLayout> Zeilen; // its rows; none for an undefined type
+    Spaltenmenge Felder;                  // the columns of all its fields
+};
+
+// The type of one line, found by columns 1 and 42.
+Recordtyp RecordtypVon(Feldsicht zeile);
+std::span<const RecordLayout> LayoutsVon(Feldsicht zeile);
 
 } // namespace zepholt

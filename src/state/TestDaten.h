@@ -5,7 +5,8 @@
 // driver and the passes behind it the current place, the entry and the cancel button those of the run.
 #pragma once
 
-#include "state/Dateitext.h"
+#include "state/Satz.h"
+#include "state/Zeilenliste.h"
 #include "support/OS_API.h"
 #include "support/Text.h"
 
@@ -29,14 +30,15 @@ struct TestDaten {
     bool Spezialfunktion = false; // Austauschdatei begins with '*'
 
     // --- The file, filled by the intake
-    bool IstE1S = false;                     // the name ends in ".E1S"; nothing else decides
-    Text Dateiformat;                        // "E1S" or "01S"
-    Text SchnittstellenId;                   // A:3, columns 8 to 13 of line 1, once accepted
-    std::int32_t Revision = 0;               // A:4: 11 or 21 after a successful intake, see NeueSchnittstelle
-    bool Utf8Modus = false;                  // the lines are decoded as UTF-8
-    Dateitext Puffer;                        // all lines decoded, one behind the other; everything below views into it
-    std::vector<TextSicht> Zeilen;           // the lines without their ends, from 0
-    std::vector<std::int32_t> ZeilenNummern; // the number in the file, from 0, of each entry of Zeilen
+    bool IstE1S = false;                 // the name ends in ".E1S"; nothing else decides
+    Text Dateiformat;                    // "E1S" or "01S"
+    Text SchnittstellenId;               // A:3, columns 8 to 13 of line 1, once accepted
+    std::int32_t Revision = 0;           // A:4: 11 or 21 after a successful intake, see NeueSchnittstelle
+    bool Utf8Modus = false;              // the lines are decoded as UTF-8
+    Bytes Puffer;                        // the file, recoded in place; all views of its columns lie in here
+    std::vector<char16_t> BreiterPuffer; // its place for a file with too many characters for a byte
+    Zeilenliste Zeilen;                  // the lines without their ends, from 0
+    bool ZeilenNummeriert = false;       // from the order test on: the number of a line is its index in Zeilen
     std::int32_t ZeilenAnzahl = 0;
 
     // --- The character test
@@ -46,7 +48,7 @@ struct TestDaten {
     bool UndefinierterRecordTyp = false; // a line has no layout rows
 
     // --- The current place: the record in hand, and the stamps of the next finding
-    TextSicht Record;
+    Satz Record;
     std::int32_t ZeilenNr = 0; // line in the file from 0, or -1 for none
     std::int32_t FehlerKapitel = 0;
     std::int32_t FehlerPosition = 0;

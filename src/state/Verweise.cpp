@@ -23,22 +23,22 @@ std::int32_t ErsterIndex(const Liste& liste, Praedikat praedikat) {
 
 // --- References
 
-std::array<TextSicht, 9> Verweise(const MengeEintrag& menge) {
+std::array<Feldsicht, 9> Verweise(const MengeEintrag& menge) {
     return {menge.OGL,      menge.PSL,     menge.KAG, menge.Element, menge.Einrichtungstyp, menge.Variantengruppe,
             menge.Variante, menge.Nutzung, menge.Raum};
 }
 
-std::size_t Streuwert(const std::array<TextSicht, 9>& texte) {
-    std::size_t wert = 0;
-    for (const TextSicht text : texte) {
-        wert = wert * 0x100000001B3U + std::hash<TextSicht>()(text);
+std::uint64_t Streuwert(const std::array<Feldsicht, 9>& texte) {
+    Streuer streuer;
+    for (const Feldsicht text : texte) {
+        streuer.Nimm(text.empty() ? 0 : Streuwert(text));
     }
-    return wert;
+    return streuer.Wert();
 }
 
 // The quantity among those taken in; -1 for none.
-std::int32_t Finde(const VerweisIndex& index, const std::vector<MengeEintrag>& mengen, std::size_t streuwert,
-                   const std::array<TextSicht, 9>& verweise) {
+std::int32_t Finde(const VerweisIndex& index, const std::vector<MengeEintrag>& mengen, std::uint64_t streuwert,
+                   const std::array<Feldsicht, 9>& verweise) {
     const auto [von, bis] = index.Erste.equal_range(streuwert);
     const auto treffer = std::find_if(von, bis, [&](const auto& paar) {
         return Verweise(mengen[static_cast<std::size_t>(paar.second)]) == verweise;
@@ -51,8 +51,8 @@ void Nachfuehren(VerweisIndex& index, const std::vector<MengeEintrag>& mengen) {
         index.Erste.reserve(mengen.size());
     }
     for (; index.Gelesen < mengen.size(); ++index.Gelesen) {
-        const std::array<TextSicht, 9> verweise = Verweise(mengen[index.Gelesen]);
-        const std::size_t streuwert = Streuwert(verweise);
+        const std::array<Feldsicht, 9> verweise = Verweise(mengen[index.Gelesen]);
+        const std::uint64_t streuwert = Streuwert(verweise);
         if (Finde(index, mengen, streuwert, verweise) == -1) {
             index.Erste.emplace(streuwert, static_cast<std::int32_t>(index.Gelesen));
         }
@@ -63,13 +63,13 @@ void Nachfuehren(VerweisIndex& index, const std::vector<MengeEintrag>& mengen) {
 
 // The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
 // express. Old interface: its digits behind a 1, which keeps leading zeros apart; other texts equal no digits.
-std::optional<std::size_t> LaufnummerPlatz(TextSicht nummer) {
+std::optional<std::size_t> LaufnummerPlatz(Feldsicht nummer) {
     constexpr std::size_t Grenze = 10'000'000; // the field has seven columns
     if (nummer.empty()) {
         return std::nullopt;
     }
     if (NeueSchnittstelle()) {
-        const double wert = ZahlAmAnfang(nummer);
+        const double wert = ZahlAmAnfang(Text(nummer));
         const bool ganz = wert >= 0 && wert < static_cast<double>(Grenze) && wert == static_cast<std::int32_t>(wert);
         return ganz ? std::optional(static_cast<std::size_t>(wert)) : std::nullopt;
     }
@@ -77,8 +77,8 @@ std::optional<std::size_t> LaufnummerPlatz(TextSicht nummer) {
         return std::nullopt;
     }
     std::size_t platz = 1;
-    for (const char16_t ziffer : nummer) {
-        platz = platz * 10 + (ziffer - u'0');
+    for (std::size_t i = 0; i < nummer.size(); ++i) {
+        platz = platz * 10 + (nummer[i] - u'0');
     }
     return platz;
 }
@@ -86,9 +86,9 @@ std::optional<std::size_t> LaufnummerPlatz(TextSicht nummer) {
 // --- Structure tables
 
 template <class Eintrag>
-bool CodeGefunden(const CodeListe<Eintrag>& tabelle, TextSicht code) {
+bool CodeGefunden(const CodeListe<Eintrag>& tabelle, Feldsicht code) {
     const std::size_t joker = code.find(u'*');
-    if (joker == TextSicht::npos) {
+    if (joker == Feldsicht::npos) {
         return tabelle.Finde(code) != -1;
     }
     return joker == 0 || tabelle.HatAnfang(code.substr(0, joker));
@@ -135,7 +135,7 @@ std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const Menge
     }
     const std::vector<MengeEintrag>& mengen = Position(kapitel, position).Mengen;
     Nachfuehren(index, mengen);
-    const std::array<TextSicht, 9> texte = Verweise(verweise);
+    const std::array<Feldsicht, 9> texte = Verweise(verweise);
     return Finde(index, mengen, Streuwert(texte), texte);
 }
 
@@ -147,7 +147,7 @@ void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
     position.Reihenfolgen.set(static_cast<std::size_t>(reihenfolge));
 }
 
-bool LaufnummerVergeben(TextSicht nummer) {
+bool LaufnummerVergeben(Feldsicht nummer) {
     const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
     if (!platz) {
         return false;
@@ -156,66 +156,66 @@ bool LaufnummerVergeben(TextSicht nummer) {
     return seite != sia451Datei.Laufnummern.end() && seite->second[*platz % 1024];
 }
 
-void LaufnummerMerken(TextSicht nummer) {
+void LaufnummerMerken(Feldsicht nummer) {
     if (const std::optional<std::size_t> platz = LaufnummerPlatz(nummer)) {
         sia451Datei.Laufnummern[*platz / 1024].set(*platz % 1024);
     }
 }
 
-bool OGLGefunden(TextSicht code) {
+bool OGLGefunden(Feldsicht code) {
     return sia451Datei.OGLVorhanden && CodeGefunden(sia451Datei.OGLTabelle, code);
 }
 
-bool KAGGefunden(TextSicht code) {
+bool KAGGefunden(Feldsicht code) {
     return sia451Datei.KAGVorhanden && CodeGefunden(sia451Datei.KAGTabelle, code);
 }
 
-bool EKGGefunden(TextSicht code) {
+bool EKGGefunden(Feldsicht code) {
     return sia451Datei.EKGVorhanden && CodeGefunden(sia451Datei.EKGTabelle, code);
 }
 
-bool VariantengruppeGefunden(TextSicht code) {
+bool VariantengruppeGefunden(Feldsicht code) {
     return sia451Datei.VariantenVorhanden && CodeGefunden(sia451Datei.VariantenTabelle, code);
 }
 
-bool EinrichtungGefunden(TextSicht code) {
+bool EinrichtungGefunden(Feldsicht code) {
     return sia451Datei.EinrichtungVorhanden && CodeGefunden(sia451Datei.EinrichtungTabelle, code);
 }
 
-bool PSLGefunden(TextSicht ogl, TextSicht psl) {
+bool PSLGefunden(Feldsicht ogl, Feldsicht psl) {
     const std::int32_t index = sia451Datei.OGLVorhanden ? sia451Datei.OGLTabelle.Finde(ogl) : -1;
     return index != -1 && CodeGefunden(sia451Datei.OGLTabelle[index].PSLListe, psl);
 }
 
-bool VarianteGefunden(TextSicht gruppe, TextSicht variante) {
+bool VarianteGefunden(Feldsicht gruppe, Feldsicht variante) {
     const std::int32_t index = sia451Datei.VariantenVorhanden ? sia451Datei.VariantenTabelle.Finde(gruppe) : -1;
     return index != -1 && CodeGefunden(sia451Datei.VariantenTabelle[index].Varianten, variante);
 }
 
-bool NutzungGefunden(TextSicht code) {
+bool NutzungGefunden(Feldsicht code) {
     return sia451Datei.NutzungVorhanden && sia451Datei.NutzungTabelle.Finde(code) != -1;
 }
 
-bool RaumGefunden(TextSicht code) {
+bool RaumGefunden(Feldsicht code) {
     return sia451Datei.RaumVorhanden && sia451Datei.RaumTabelle.Finde(code) != -1;
 }
 
-bool KapitelGefunden(TextSicht kapitel) {
+bool KapitelGefunden(Feldsicht kapitel) {
     Kapitelnummerntexte& index = sia451Datei.TexteDerKapitel;
     for (; index.Gelesen < sia451Datei.DokumentKapitel.size(); ++index.Gelesen) {
         index.Texte.insert(ZahlText(sia451Datei.DokumentKapitel[index.Gelesen].Nummer));
     }
     const std::size_t joker = kapitel.find(u'*');
-    if (joker == TextSicht::npos) {
-        return index.Texte.contains(kapitel);
+    if (joker == Feldsicht::npos) {
+        return index.Texte.contains(Text(kapitel));
     }
-    const TextSicht anfang = kapitel.substr(0, joker);
+    const Text anfang = kapitel.substr(0, joker);
     const auto treffer = index.Texte.lower_bound(anfang);
     return joker == 0 || (treffer != index.Texte.end() && treffer->starts_with(anfang));
 }
 
-bool HatJoker(TextSicht text) {
-    return text.find(u'*') != TextSicht::npos;
+bool HatJoker(Feldsicht text) {
+    return text.find(u'*') != Feldsicht::npos;
 }
 
 bool IstReserveKapitel(std::int32_t nummer) {

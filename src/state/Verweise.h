@@ -5,7 +5,6 @@
 #pragma once
 
 #include "state/SIA451Datei.h"
-#include "support/Text.h"
 
 namespace zepholt {
 
@@ -30,35 +29,35 @@ void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge);
 
 // True when a quantity that LaufnummerMerken has seen bears the running number `nummer`, which must be digits only. In
 // the new interface numbers are equal by their value, in the old one by their text.
-bool LaufnummerVergeben(TextSicht nummer);
+bool LaufnummerVergeben(Feldsicht nummer);
 
 // To be called with the running number of each quantity that enters the tree; empty texts and texts that no running
 // number of digits can equal are passed over.
-void LaufnummerMerken(TextSicht nummer);
+void LaufnummerMerken(Feldsicht nummer);
 
 // --- Structure tables. The text before the first '*' of a code is a prefix; what follows the '*' is ignored, and '*'
 // at the first place matches everything, an empty table too. A structure that no B0 announced has no entries that
 // count.
 
-bool OGLGefunden(TextSicht code);
-bool KAGGefunden(TextSicht code);
-bool EKGGefunden(TextSicht code);
-bool VariantengruppeGefunden(TextSicht code);
-bool EinrichtungGefunden(TextSicht code);
+bool OGLGefunden(Feldsicht code);
+bool KAGGefunden(Feldsicht code);
+bool EKGGefunden(Feldsicht code);
+bool VariantengruppeGefunden(Feldsicht code);
+bool EinrichtungGefunden(Feldsicht code);
 
 // Two levels: the first argument is matched exactly, a '*' in it too; the second takes a joker.
-bool PSLGefunden(TextSicht ogl, TextSicht psl);
-bool VarianteGefunden(TextSicht gruppe, TextSicht variante);
+bool PSLGefunden(Feldsicht ogl, Feldsicht psl);
+bool VarianteGefunden(Feldsicht gruppe, Feldsicht variante);
 
 // Exact only: '*' is an ordinary character.
-bool NutzungGefunden(TextSicht code);
-bool RaumGefunden(TextSicht code);
+bool NutzungGefunden(Feldsicht code);
+bool RaumGefunden(Feldsicht code);
 
 // A chapter as text, joker permitted, against the decimal text of the document's chapters without leading zeros.
-bool KapitelGefunden(TextSicht kapitel);
+bool KapitelGefunden(Feldsicht kapitel);
 
 // True when the text holds a '*'.
-bool HatJoker(TextSicht text);
+bool HatJoker(Feldsicht text);
 
 // --- Numbers: pure arithmetic on digits.
 

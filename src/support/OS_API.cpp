@@ -1,6 +1,8 @@
 // What the platform's door needs no platform for.
 #include "support/OS_API.h"
 
+#include <algorithm>
+
 namespace zepholt {
 
 namespace {
@@ -15,6 +17,12 @@ AusgabeDatei::AusgabeDatei(const Text& pfad) {
     m_puffer.reserve(PufferGroesse);
     m_platz = Anlegen(pfad);
     m_gut = m_platz != nullptr;
+}
+
+Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
+    Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(anzahl, m_groesse - std::min(m_groesse, stelle))));
+    bytes.Kuerzen(Lies(stelle, std::span(bytes.data(), bytes.size())));
+    return bytes;
 }
 
 void AusgabeDatei::Schreiben(std::string_view bytes) {

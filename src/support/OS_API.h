@@ -72,6 +72,9 @@ public:
     // Up to `anzahl` bytes from the offset `stelle` (from 0) on, fewer where the file ends before.
     Bytes Lies(std::uint64_t stelle, std::size_t anzahl);
 
+    // The same into memory of the caller's; returns the number of bytes read.
+    std::size_t Lies(std::uint64_t stelle, std::span<unsigned char> ziel);
+
 private:
     std::intptr_t m_griff = -1;
     std::uint64_t m_groesse = 0;

@@ -184,13 +184,11 @@ LeseDatei::~LeseDatei() {
     close(static_cast<int>(m_griff));
 }
 
-Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
-    const std::uint64_t rest = m_groesse - std::min(m_groesse, stelle);
-    Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(anzahl, rest)));
+std::size_t LeseDatei::Lies(std::uint64_t stelle, std::span<unsigned char> ziel) {
     std::size_t gelesen = 0;
-    while (gelesen < bytes.size()) {
+    while (gelesen < ziel.size()) {
         const ssize_t stueck = Wiederholt([&] {
-            return pread(static_cast<int>(m_griff), bytes.data() + gelesen, bytes.size() - gelesen,
+            return pread(static_cast<int>(m_griff), ziel.data() + gelesen, ziel.size() - gelesen,
                          static_cast<off_t>(stelle + gelesen));
         });
         if (stueck < 0) {
@@ -201,8 +199,7 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
         }
         gelesen += static_cast<std::size_t>(stueck);
     }
-    bytes.Kuerzen(gelesen);
-    return bytes;
+    return gelesen;
 }
 
 Zeitpunkt Jetzt() {

@@ -263,17 +263,15 @@ LeseDatei::~LeseDatei() {
     CloseHandle(Griff(m_griff));
 }
 
-Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
-    const std::uint64_t rest = m_groesse - std::min(m_groesse, stelle);
-    Bytes bytes(static_cast<std::size_t>(std::min<std::uint64_t>(anzahl, rest)));
+std::size_t LeseDatei::Lies(std::uint64_t stelle, std::span<unsigned char> ziel) {
     std::size_t gelesen = 0;
-    while (gelesen < bytes.size()) {
+    while (gelesen < ziel.size()) {
         OVERLAPPED ort{};
         ort.Offset = static_cast<DWORD>((stelle + gelesen) & 0xFFFFFFFFU);
         ort.OffsetHigh = static_cast<DWORD>((stelle + gelesen) >> 32U);
         DWORD stueck = 0;
-        const auto soll = static_cast<DWORD>(std::min(bytes.size() - gelesen, GroesstesStueck));
-        if (ReadFile(Griff(m_griff), bytes.data() + gelesen, soll, &stueck, &ort) == 0 &&
+        const auto soll = static_cast<DWORD>(std::min(ziel.size() - gelesen, GroesstesStueck));
+        if (ReadFile(Griff(m_griff), ziel.data() + gelesen, soll, &stueck, &ort) == 0 &&
             GetLastError() != ERROR_HANDLE_EOF) {
             throw LaufzeitFehler("file can't be read");
         }
@@ -282,8 +280,7 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
         }
         gelesen += stueck;
     }
-    bytes.Kuerzen(gelesen);
-    return bytes;
+    return gelesen;
 }
 
 struct AusgabeDatei::Platz {

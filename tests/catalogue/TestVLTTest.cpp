@@ -272,7 +272,7 @@ TEST_F(TestVLTTest, AnAlternativeCodeNeedsAnAlternativeVariable) { // 6306
     const auto codes = [this](std::int32_t variable, TextSicht code) {
         return Codes(Neu, 211002, [&] {
             Variable(variable);
-            LetztePosition().Variablen.back().AlternativCode = code;
+            LetztePosition().Variablen.back().AlternativCode = Feldsicht(code);
         });
     };
     EXPECT_EQ(codes(5, u"+"), CodesListe{6306}); // no record test lets it come to this
@@ -428,7 +428,7 @@ TEST_F(TestVLTTest, TheAlternativeCodeOfARecordIsDropped) { // 6306
         BeginneMitKapitel(revision);
         Position(211001);
         const Text satz = Zeile(u"G3", {{2, u"241"}, {8, u"211001"}, {14, u"0101"}, {135, u"+"}});
-        testDaten.Record = satz;
+        testDaten.Record = Feldsicht(satz);
         PruefeG3();
         ASSERT_EQ(LetztePosition().Variablen.size(), 1U);
         EXPECT_EQ(Rufe(TesteKatalog), Stempelfunde());

@@ -12,7 +12,7 @@ SIA451Datei& Datei() {
     return sia451Datei;
 }
 
-template <TextSicht SIA451Datei::*Feld>
+template <auto Feld>
 Text Kopf() {
     return Text(sia451Datei.*Feld);
 }

@@ -21,7 +21,7 @@ protected:
 
 TEST_F(FeldpruefungTest, FeldLeerCountsOnlyTheBlankU0020) {
     const auto leer = [](TextSicht record) {
-        testDaten.Record = record;
+        testDaten.Record = Feldsicht(record);
         return FeldLeer(2, 3);
     };
     EXPECT_TRUE(leer(u"G   x"));

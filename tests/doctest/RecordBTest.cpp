@@ -344,7 +344,7 @@ TEST_F(RecordBTest, B0SetsTheFlagOfItsStructureOnly) {
 }
 
 TEST_F(RecordBTest, B0KeepsItsHeadText) {
-    const std::pair<TextSicht, TextSicht SIA451Datei::*> faelle[] = {
+    const std::pair<TextSicht, Feldsicht SIA451Datei::*> faelle[] = {
         {u"001", &SIA451Datei::KAGKopfText},       {u"002", &SIA451Datei::OGLKopfText},
         {u"003", &SIA451Datei::EKGKopfText},       {u"004", &SIA451Datei::EinrichtungKopfText},
         {u"005", &SIA451Datei::VariantenKopfText}, {u"007", &SIA451Datei::NutzungKopfText},

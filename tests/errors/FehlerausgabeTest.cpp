@@ -3,6 +3,7 @@
 
 #include "errors/FehlerERL.h"
 #include "hilfen/Zeilenbau.h"
+#include "hilfen/Zeilenpuffer.h"
 #include "state/TestDaten.h"
 #include "support/tqXML.h"
 
@@ -22,9 +23,9 @@ protected:
         testDaten.Sprache = 1;
         testDaten.Revision = 21;
         testDaten.IstE1S = true;
+        m_puffer.Beginne();
         for (const Text& zeile : m_zeilen) {
-            testDaten.Zeilen.push_back(zeile);
-            testDaten.ZeilenNummern.push_back(testDaten.ZeilenAnzahl++);
+            m_puffer.Anfuegen(zeile);
         }
     }
     ~FehlerausgabeTest() override { testDaten = {}; }
@@ -32,6 +33,7 @@ protected:
     std::int32_t Zeilen() const { return testDaten.ZeilenAnzahl; }
 
 private:
+    Zeilenpuffer m_puffer;
     const std::vector<Text> m_zeilen = {
         Zeile(u"A", {{42, u"1"}}),
         Zeile(u"B9", {}), // no layout

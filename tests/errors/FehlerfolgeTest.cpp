@@ -3,6 +3,7 @@
 
 #include "errors/TestFehler.h"
 #include "hilfen/Zeilenbau.h"
+#include "hilfen/Zeilenpuffer.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
@@ -26,10 +27,9 @@ protected:
     FehlerfolgeTest() {
         testDaten = {};
         FehlerLoeschen();
-        testDaten.ZeilenNummern.resize(Zeilen); // only their number counts here
-        testDaten.Zeilen.assign(Zeilen, u"B");
-        for (std::size_t i = 0; i < Zeilen; i += 2) {
-            testDaten.Zeilen[i] = u"G";
+        m_zeilen.Beginne();
+        for (std::int32_t i = 0; i < static_cast<std::int32_t>(Zeilen); ++i) {
+            m_zeilen.Anfuegen(i % 2 == 0 ? u"G" : u"B");
         }
     }
     ~FehlerfolgeTest() override {
@@ -57,6 +57,9 @@ protected:
         }
         return {Einer(codes, zufall), Einer(zeilen, zufall), 0, 0, 0};
     }
+
+private:
+    Zeilenpuffer m_zeilen{3 * Zeilen};
 };
 
 // --- A key as a number against the same key as a text ----------------------------------------------------------------

@@ -5,13 +5,12 @@
 #include "errors/TestFehler.h"
 #include "hilfen/Testordner.h"
 #include "hilfen/Zeilenbau.h"
+#include "hilfen/Zeilenpuffer.h"
 #include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
-
-#include <deque>
 
 namespace zepholt {
 namespace {
@@ -22,6 +21,7 @@ class ProtokollTest : public ::testing::Test {
 protected:
     ProtokollTest() {
         NeuerLauf();
+        m_zeilen.Beginne();
         testDaten.Uhr = [] { return Zeitpunkt{2026, 1, 2, 3, 4}; };
         testDaten.Version = u"4.0";
         testDaten.Sprache = 1;
@@ -32,10 +32,7 @@ protected:
         testDaten.Fehlerdatei = m_ordner.TextPfad("p.xml");
     }
 
-    void FuegeZeileAn(Text zeile) {
-        testDaten.Zeilen.push_back(m_zeilen.emplace_back(std::move(zeile)));
-        testDaten.ZeilenNummern.push_back(testDaten.ZeilenAnzahl++);
-    }
+    void FuegeZeileAn(TextSicht zeile) { m_zeilen.Anfuegen(zeile); }
 
     static void Melde(FehlerEintrag eintrag) { fehlerSpeicher.FehlerListe.push_back(eintrag); }
 
@@ -63,7 +60,7 @@ protected:
     Testordner m_ordner;
 
 private:
-    std::deque<Text> m_zeilen;
+    Zeilenpuffer m_zeilen;
 };
 
 // --- The head --------------------------------------------------------------------------------------------------------
@@ -332,7 +329,7 @@ TEST_F(ProtokollTest, EqualKeysComeOutAsTheDefinedSortGivesThem) {
 TEST_F(ProtokollTest, LinesFrom100000OnAreComparedAsText) {
     // Keys: "100000" shifts the rest by one column, and "99999" stands behind it, since '9' is above '1'. A finding
     // without a line orders as line 99999.
-    testDaten.ZeilenNummern.clear();
+    testDaten.ZeilenNummeriert = false;
     Melde({4101, 99999, 1, 0, 0});
     Melde({4101, 100000, 2, 0, 0});
     Melde({4101, 20000, 3, 0, 0});

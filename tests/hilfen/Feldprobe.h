@@ -50,7 +50,7 @@ struct Satzprobe {
     friend void PrintTo(const Satzprobe& probe, std::ostream* aus) { *aus << probe.Name; }
 };
 
-inline Text AlsText(TextSicht text) {
+inline Text AlsText(Feldsicht text) {
     return Text(text);
 }
 

@@ -7,14 +7,13 @@
 #include "errors/TestFehler.h"
 #include "hilfen/Funde.h"
 #include "hilfen/Zeilenbau.h"
+#include "hilfen/Zeilenpuffer.h"
 #include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
 
 #include <gtest/gtest.h>
 
-#include <deque>
-#include <utility>
 #include <vector>
 
 namespace zepholt::hilfen {
@@ -39,7 +38,7 @@ protected:
     // A fresh run of the given interface.
     void Beginne(std::int32_t revision) {
         NeuerLauf();
-        m_saetze.clear();
+        m_zeilen.Beginne();
         testDaten.Revision = revision;
         testDaten.IstE1S = revision >= 12;
     }
@@ -47,11 +46,9 @@ protected:
     // Puts `satz` behind the lines so far (the first is line 0), makes it the current record and calls its test.
     // Returns what the test reported, in the order of reporting.
     template <class Test>
-    Funde Pruefe(Test test, Text satz) {
-        testDaten.Record = m_saetze.emplace_back(std::move(satz));
-        testDaten.ZeilenNr = testDaten.ZeilenAnzahl++;
-        testDaten.Zeilen.push_back(testDaten.Record);
-        testDaten.ZeilenNummern.push_back(testDaten.ZeilenNr);
+    Funde Pruefe(Test test, TextSicht satz) {
+        testDaten.ZeilenNr = testDaten.ZeilenAnzahl;
+        testDaten.Record = m_zeilen.Anfuegen(satz);
         return Rufe(test);
     }
 
@@ -63,8 +60,7 @@ protected:
         return FundeAb(bisher);
     }
 
-private:
-    std::deque<Text> m_saetze;
+    Zeilenpuffer m_zeilen;
 };
 
 } // namespace zepholt::hilfen

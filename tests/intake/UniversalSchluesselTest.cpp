@@ -83,15 +83,36 @@ TEST_F(Keys, ZeilenOhneSchluessel) {
 
 // --- The lines of a file against the definition, with all texts built ------------------------------------------------
 
+// The lines of a file with these texts.
+struct Zeilen {
+    explicit Zeilen(const std::vector<Text>& texte) {
+        for (const Text& text : texte) {
+            m_puffer.append(text).append(u"\r\n");
+        }
+        Liste = Zeilenliste(m_puffer.data());
+        std::size_t ende = 0;
+        for (const Text& text : texte) {
+            Liste.Anfuegen(ende += text.size() + Zeilenliste::Zeilenende);
+        }
+    }
+
+    Zeilenliste Liste;
+
+private:
+    Text m_puffer;
+};
+
+using Folge = std::vector<std::uint32_t>;
+
 struct Ergebnis {
     std::int32_t Doppelt = -1;
     std::int32_t ErsteZuNiedrige = -1;
-    std::vector<TextSicht> Sortiert;
+    Folge Sortiert;
 
     bool operator==(const Ergebnis&) const = default;
 };
 
-Ergebnis NachDefinition(const std::vector<TextSicht>& zeilen) {
+Ergebnis NachDefinition(const std::vector<Text>& zeilen) {
     const std::size_t breite = testDaten.Revision >= 12 ? 88 : 56;
     std::vector<Text> schluessel;
     std::vector<Text> nummern;
@@ -111,7 +132,7 @@ Ergebnis NachDefinition(const std::vector<TextSicht>& zeilen) {
     std::vector<Text> folge = nummern;
     Sortieren(sortierschluessel, folge);
     for (const Text& nummer : folge) {
-        ergebnis.Sortiert.push_back(zeilen[static_cast<std::size_t>(GanzzahlAmAnfang(nummer))]);
+        ergebnis.Sortiert.push_back(static_cast<std::uint32_t>(GanzzahlAmAnfang(nummer)));
     }
     for (std::size_t k = 1; k < zeilen.size() && ergebnis.ErsteZuNiedrige < 0; ++k) {
         const auto fuenfzehn = [&](std::size_t i) { return schluessel[i].substr(0, 10) + schluessel[i].substr(45, 5); };
@@ -128,17 +149,14 @@ Ergebnis NachDefinition(const std::vector<TextSicht>& zeilen) {
     return ergebnis;
 }
 
-Ergebnis Ermittle(std::vector<TextSicht> zeilen) {
-    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen);
+Ergebnis Ermittle(const std::vector<Text>& texte) {
+    const Zeilen zeilen(texte);
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen.Liste);
     Ergebnis ergebnis;
-    ergebnis.Doppelt = DoppelterSchluessel(zeilen, reihenfolge);
+    ergebnis.Doppelt = DoppelterSchluessel(zeilen.Liste, reihenfolge);
     ergebnis.ErsteZuNiedrige = reihenfolge.ErsteZuNiedrige;
-    const std::vector<TextSicht> vorher = zeilen;
-    ZeilenSortieren(zeilen);
-    if (reihenfolge.IstSortiert) {
-        EXPECT_EQ(zeilen, vorher);
-    }
-    ergebnis.Sortiert = zeilen;
+    ergebnis.Sortiert = SortierteFolge(zeilen.Liste);
+    EXPECT_EQ(reihenfolge.IstSortiert, std::ranges::is_sorted(ergebnis.Sortiert));
     return ergebnis;
 }
 
@@ -168,8 +186,7 @@ TEST_F(Keys, ZufallGegenDieDefinition) {
     int ohneFehler = 0;
     for (int lauf = 0; lauf < 3000; ++lauf) {
         Revision(lauf % 2 == 0 ? 11 : 21);
-        const std::vector<Text> texte = ZufaelligeZeilen(zufall, zufall() % 25, lauf % 3 != 0);
-        const std::vector<TextSicht> zeilen(texte.begin(), texte.end());
+        const std::vector<Text> zeilen = ZufaelligeZeilen(zufall, zufall() % 25, lauf % 3 != 0);
         const Ergebnis soll = NachDefinition(zeilen);
         const Ergebnis ist = Ermittle(zeilen);
         ASSERT_EQ(ist.Doppelt, soll.Doppelt) << lauf;
@@ -191,15 +208,14 @@ TEST_F(Keys, VieleZeilenGegenDieDefinition) {
         const std::int64_t wert = static_cast<std::int64_t>(zufall() % 1'000'000);
         texte.push_back(Zeile(u"G6", {{18, ZahlText(wert)}, {24, ZahlText(i % 5)}}));
     }
-    const std::vector<TextSicht> zeilen(texte.begin(), texte.end());
-    const Ergebnis soll = NachDefinition(zeilen);
+    const Ergebnis soll = NachDefinition(texte);
     EXPECT_GT(soll.Doppelt, 0);
     EXPECT_EQ(soll.ErsteZuNiedrige, -1);
-    EXPECT_EQ(Ermittle(zeilen), soll);
+    EXPECT_EQ(Ermittle(texte), soll);
 }
 
 std::int32_t Doppelt(const std::vector<Text>& texte) {
-    return Ermittle({texte.begin(), texte.end()}).Doppelt;
+    return Ermittle(texte).Doppelt;
 }
 
 TEST_F(Keys, DasPaarMitDemNiedrigstenSchluessel) {
@@ -247,66 +263,69 @@ TEST_F(Keys, RevisionEntscheidetUeberDieSpaltenAb168) {
 
 constexpr std::size_t Million = 1'000'000;
 
-// Line k as the k-th unit of one text: tells the lines apart by their place in memory.
-std::vector<TextSicht> LauterZeilen(const Text& zeichen) {
-    std::vector<TextSicht> zeilen;
-    for (std::size_t k = 0; k < zeichen.size(); ++k) {
-        zeilen.push_back(TextSicht(zeichen).substr(k, 1));
-    }
-    return zeilen;
-}
-
-std::size_t Nummer(const Text& zeichen, TextSicht zeile) {
-    return static_cast<std::size_t>(zeile.data() - zeichen.data());
+std::vector<Text> LauterZeilen(std::size_t anzahl) {
+    return std::vector<Text>(anzahl, u"E");
 }
 
 TEST_F(Keys, GleicheZeilenUeberEinerMillion) {
     Revision(21);
-    const Text zeichen(Million + 2, u'E');
-    std::vector<TextSicht> zeilen = LauterZeilen(zeichen);
-    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen);
+    const Zeilen zeilen(LauterZeilen(Million + 2));
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(zeilen.Liste);
     EXPECT_EQ(reihenfolge.ErsteZuNiedrige, -1);
     EXPECT_FALSE(reihenfolge.IstSortiert);
-    EXPECT_EQ(DoppelterSchluessel(zeilen, reihenfolge), -1);
+    EXPECT_EQ(DoppelterSchluessel(zeilen.Liste, reihenfolge), -1);
 
     // " 99999", "100000", "1000000", "1000001", "100001"
-    ZeilenSortieren(zeilen);
-    EXPECT_EQ(Nummer(zeichen, zeilen[99'999]), 99'999U);
-    EXPECT_EQ(Nummer(zeichen, zeilen[100'000]), 100'000U);
-    EXPECT_EQ(Nummer(zeichen, zeilen[100'001]), Million);
-    EXPECT_EQ(Nummer(zeichen, zeilen[100'002]), Million + 1);
-    EXPECT_EQ(Nummer(zeichen, zeilen[100'003]), 100'001U);
-    EXPECT_EQ(Nummer(zeichen, zeilen.back()), Million - 1);
+    const Folge folge = SortierteFolge(zeilen.Liste);
+    EXPECT_EQ(folge[99'999], 99'999U);
+    EXPECT_EQ(folge[100'000], 100'000U);
+    EXPECT_EQ(folge[100'001], Million);
+    EXPECT_EQ(folge[100'002], Million + 1);
+    EXPECT_EQ(folge[100'003], 100'001U);
+    EXPECT_EQ(folge.back(), Million - 1);
 }
 
 TEST_F(Keys, BisZurMillionBleibtDieReihenfolge) {
     Revision(21);
-    const Text zeichen(Million, u'E');
-    EXPECT_TRUE(ReihenfolgeErmitteln(LauterZeilen(zeichen)).IstSortiert);
+    EXPECT_TRUE(ReihenfolgeErmitteln(Zeilen(LauterZeilen(Million)).Liste).IstSortiert);
 }
 
 TEST_F(Keys, InDerAltenTrenntDieMillionSelbst) {
     // The number of an E line reaches column 50 of its key: "1" there is higher than the blank before.
-    const Text zeichen(2 * Million + 1, u'E');
-    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(LauterZeilen(zeichen));
+    const Reihenfolge reihenfolge = ReihenfolgeErmitteln(Zeilen(LauterZeilen(2 * Million + 1)).Liste);
     EXPECT_EQ(reihenfolge.ErsteZuNiedrige, -1);
     EXPECT_TRUE(reihenfolge.IstSortiert);
-    ASSERT_EQ(reihenfolge.Gleiche.size(), 2U);
-    EXPECT_EQ(reihenfolge.Gleiche[0].Bis, Million);
-    EXPECT_EQ(reihenfolge.Gleiche[1].Bis, 2 * Million);
 }
 
 TEST_F(Keys, DoppelteUeberEinerMillion) {
-    Text zeichen(Million + 1, u'E');
+    std::vector<Text> texte = LauterZeilen(Million + 1);
     // The later of the first two, by the texts of their numbers.
-    zeichen[200'000] = u'X';
-    zeichen[Million] = u'X';
-    std::vector<TextSicht> zeilen = LauterZeilen(zeichen);
-    EXPECT_EQ(DoppelterSchluessel(zeilen, ReihenfolgeErmitteln(zeilen)), 200'000);
+    texte[200'000] = u"X";
+    texte[Million] = u"X";
+    EXPECT_EQ(Ermittle(texte).Doppelt, 200'000);
 
-    zeichen[5] = u'X'; // "     5", "1000000", "200000"
-    zeilen = LauterZeilen(zeichen);
-    EXPECT_EQ(DoppelterSchluessel(zeilen, ReihenfolgeErmitteln(zeilen)), static_cast<std::int32_t>(Million));
+    texte[5] = u"X"; // "     5", "1000000", "200000"
+    EXPECT_EQ(Ermittle(texte).Doppelt, static_cast<std::int32_t>(Million));
+}
+
+// --- Stretches of equal order: those whose keys ascend need no search ------------------------------------------------
+
+TEST_F(Keys, NurWasNichtAufsteigtWirdDurchsucht) {
+    const auto menge = [](TextSicht kapitel, TextSicht kag, TextSicht ogl) {
+        return Zeile(u"G6", {{2, kapitel}, {18, ogl}, {82, kag}});
+    };
+    const auto strecken = [](const std::vector<Text>& texte) {
+        return ReihenfolgeErmitteln(Zeilen(texte).Liste).Gleiche;
+    };
+    using Strecken = std::vector<Strecke>;
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"a"), menge(u"1", u"1", u"b"), menge(u"1", u"2", u"a")}), Strecken{});
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"b"), menge(u"1", u"1", u"a")}), (Strecken{{0, 2}}));
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"a"), menge(u"1", u"1", u"A")}), (Strecken{{0, 2}})); // upper case is equal
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"B"), menge(u"1", u"1", u"c")}), Strecken{});         // and orders
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"a"), menge(u"2", u"2", u"a"), menge(u"2", u"1", u"a")}),
+              (Strecken{{1, 3}}));
+    EXPECT_EQ(strecken({menge(u"1", u"1", u"\u00E4"), menge(u"1", u"1", u"\u00C4")}), (Strecken{{0, 2}}));
+    EXPECT_EQ(strecken({u"E", u"E"}), Strecken{});
 }
 
 } // namespace

@@ -27,7 +27,7 @@ struct Zeichentest : ::testing::Test {
         FehlerLoeschen();
         testDaten.UndefinierterRecordTyp = false;
         m_record = std::move(record);
-        testDaten.Record = m_record;
+        testDaten.Record = Feldsicht(m_record);
         RecordZeichenTest();
         return FundeAb(0);
     }
@@ -42,10 +42,7 @@ const Funde Keine;
 const Funde Spalte93 = {{2031, 7, 93}};
 
 Text AusOem(int byte) {
-    const unsigned char bytes[] = {static_cast<unsigned char>(byte)};
-    Text text(1, u'?');
-    OemNachAnsi(bytes, text.data());
-    return text;
+    return Text(1, Codeseite850().Zeichen[static_cast<std::size_t>(byte)]);
 }
 
 TEST_F(Zeichentest, ErlaubteZeichenNachCode) {
@@ -192,7 +189,7 @@ TEST_F(Zeichentest, LangeFormVonG6NurInDerNeuen) {
 
 TEST_F(Zeichentest, FeldFuerFeld) {
     m_record = u"ab\tdefg";
-    testDaten.Record = m_record;
+    testDaten.Record = Feldsicht(m_record);
     FeldZeichenTest(1, 1);
     EXPECT_EQ(testDaten.NaechsteSpalte, 2);
     FeldZeichenTest(3, 2);

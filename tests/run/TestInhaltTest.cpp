@@ -14,18 +14,13 @@ protected:
     // The findings on a document whose lines between A and Z are `mitte`, in file order.
     Funde PruefeDokument(std::int32_t revision, std::vector<Text> mitte, std::initializer_list<Feldwert> inA = {}) {
         Beginne(revision);
-        m_zeilen = std::move(mitte);
-        m_zeilen.insert(m_zeilen.begin(), SatzA(revision, inA));
-        m_zeilen.push_back(SatzZ(m_zeilen.size() + 1));
-        for (const Text& zeile : m_zeilen) {
-            testDaten.ZeilenNummern.push_back(testDaten.ZeilenAnzahl++);
-            testDaten.Zeilen.push_back(zeile);
+        mitte.insert(mitte.begin(), SatzA(revision, inA));
+        mitte.push_back(SatzZ(mitte.size() + 1));
+        for (const Text& zeile : mitte) {
+            m_zeilen.Anfuegen(zeile);
         }
         return Rufe(DokumentTesten);
     }
-
-private:
-    std::vector<Text> m_zeilen;
 };
 
 TEST_F(TestInhaltTest, HeaderAndClosingRecordAlone) {

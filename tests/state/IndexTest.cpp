@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <limits>
 #include <random>
 
@@ -175,7 +176,7 @@ TEST_F(IndexTest, StructureCodes) {
 // The searches go from position to position and back, which no sorted file does.
 TEST_F(IndexTest, QuantitiesByTheirNineReferences) {
     const auto bezuege = [](const MengeEintrag& m) {
-        return std::array<TextSicht, 9>{m.OGL,      m.PSL,     m.KAG, m.Element, m.Einrichtungstyp, m.Variantengruppe,
+        return std::array<Feldsicht, 9>{m.OGL,      m.PSL,     m.KAG, m.Element, m.Einrichtungstyp, m.Variantengruppe,
                                         m.Variante, m.Nutzung, m.Raum};
     };
     const auto zufallsmenge = [this] {
@@ -185,9 +186,9 @@ TEST_F(IndexTest, QuantitiesByTheirNineReferences) {
              {&MengeEintrag::OGL, &MengeEintrag::PSL, &MengeEintrag::KAG, &MengeEintrag::Element,
               &MengeEintrag::Einrichtungstyp, &MengeEintrag::Variantengruppe, &MengeEintrag::Variante,
               &MengeEintrag::Nutzung, &MengeEintrag::Raum}) {
-            menge.*feld = Zahl(0, 3) == 0 ? Zufallstext(u"a", 1) : TextSicht();
+            menge.*feld = Zahl(0, 3) == 0 ? Feldsicht(Zufallstext(u"a", 1)) : Feldsicht();
         }
-        menge.Mengenart = Zufallstext(u"AB", 1); // has no say
+        menge.Mengenart = Feldsicht(Zufallstext(u"AB", 1)); // has no say
         return menge;
     };
     for (std::int32_t runde = 0; runde < 10; ++runde) {

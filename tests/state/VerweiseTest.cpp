@@ -74,7 +74,7 @@ TEST_F(StrukturTest, CaseAndBlanksCount) {
 
 TEST_F(StrukturTest, EverySearchNeedsItsB0) {
     struct {
-        bool (*Gefunden)(TextSicht);
+        bool (*Gefunden)(Feldsicht);
         bool SIA451Datei::*Vorhanden;
         bool Joker;
     } const suchen[] = {
@@ -98,7 +98,7 @@ TEST_F(StrukturTest, EverySearchNeedsItsB0) {
 
 TEST_F(StrukturTest, EverySearchLooksIntoItsOwnTable) {
     struct {
-        bool (*Gefunden)(TextSicht);
+        bool (*Gefunden)(Feldsicht);
         TextSicht Code;
         bool SIA451Datei::*Vorhanden;
     } const suchen[] = {

@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# Processor time and memory of two programs on large files of each shape of bench/erzeugen.py, side by side: MB/s, and peak
+# memory in times the file. The runs alternate; of each program the least of several counts.
+#
+#     bench/tabelle.sh OLD NEW [RUNS [PART]]
+#
+# RUNS is 7. PART makes every file smaller: 10 for a tenth.
+set -euo pipefail
+alt=$(realpath "${1:?the program to compare with}")
+neu=$(realpath "${2:?the program}")
+laeufe=${3:-7}
+teil=${4:-1}
+cd "$(dirname "$0")/.."
+ordner=$(mktemp -d)
+trap 'rm -rf "$ordner"' EXIT
+mkdir "$ordner/leer"
+
+# One run: processor seconds and memory in kB.
+lauf() {
+    rm -f "$ordner/p.xml"
+    /usr/bin/time -f '%U %S %M' -o "$ordner/zeit" "$1" "file=$2" dialog=de- "errorfile=$ordner/p.xml" "catalog=$ordner/leer"
+    cat "$ordner/zeit"
+}
+
+# The runs of both programs on a file, as "old s, old kB, new s, new kB".
+messe() {
+    for ((i = 0; i < laeufe; i++)); do
+        echo "1 $(lauf "$alt" "$1")"
+        echo "2 $(lauf "$neu" "$1")"
+    done | awk '{ t = $2 + $3; if (!($1 in zeit) || t < zeit[$1]) zeit[$1] = t; if ($4 > mem[$1]) mem[$1] = $4 }
+                END { print zeit[1], mem[1], zeit[2], mem[2] }'
+}
+
+printf '%-18s %-4s %-6s %6s %9s %9s %7s %7s %7s\n' shape kind records MB 'old MB/s' 'new MB/s' factor 'old x' 'new x'
+while read -r form n arten falsch; do
+    for art in ${arten//,/ }; do
+        datei=$ordner/a.$art
+        # shellcheck disable=SC2086
+        bench/erzeugen.py "$form" "$datei" $((n / teil)) $falsch
+        read -r alt_s alt_kb neu_s neu_kb < <(messe "$datei")
+        awk -v b="$(stat -c %s "$datei")" -v f="$form" -v a="$art" -v w="${falsch:-clean}" -v s="$alt_s" -v k="$alt_kb" \
+            -v t="$neu_s" -v l="$neu_kb" 'BEGIN { if (!s) s = .001; if (!t) t = .001
+                printf "%-18s %-4s %-6s %6.1f %9.0f %9.0f %7.2f %7.2f %7.2f\n", f, a, w == "clean" ? w : "wrong", b / 1e6,
+                       b / 1e6 / s, b / 1e6 / t, s / t, k * 1024 / b, l * 1024 / b }'
+        rm "$datei"
+    done
+done <<TXT
+dokument 100 01S,E1S
+umlaute 60000 01S,E1S
+schriften 60000 E1S
+dokument 100 01S,E1S --falsch
+zeichen 1000000 01S,E1S
+nur_g2 500000 01S
+nur_g3 800000 01S
+nur_p 1000000 E1S
+nur_u 800000 01S
+mengen_allein 500000 01S
+mengen 300000 E1S
+laufnummern 900000 01S
+konditionen 300000 01S
+objekte 200000 01S
+objekte_gemischt 900000 01S
+doppelte 900000 01S
+leer 5000000 01S
+TXT

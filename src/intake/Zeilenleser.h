@@ -1,0 +1,46 @@
+// From the bytes of the file to its lines.
+#pragma once
+
+#include "intake/Dateibytes.h"
+#include "state/Zeilenliste.h"
+
+namespace zepholt {
+
+// Takes the lines of testDaten.Puffer one by one, as Utf8Modus tells: one byte a column, each line where it stands.
+//
+// A 451-92 file is code page 850 as it is; a line is cut at its first zero byte. A file in UTF-8 gets a code page of
+// its own, character by character as they come: its lines of ASCII are not touched, the others are written anew over
+// their own bytes. When a file has more than 128 characters beyond ASCII, its columns move to BreiterPuffer, 16 bits
+// each.
+class Zeilenleser {
+public:
+    // The first line begins at the byte `erste` (from 0). The file must have passed CrLfPruefen.
+    explicit Zeilenleser(std::size_t erste);
+
+    bool AmEnde() const { return m_stelle == m_puffer.size(); }
+
+    // Offset in the file, from 0, of the line that comes next.
+    std::size_t Position() const { return m_stelle; }
+
+    // Takes the next line.
+    void Naechste();
+
+    Zeilenliste& Zeilen() { return m_zeilen; } // those taken so far
+
+private:
+    void CodesAufbauen();
+    void SchmalSchreiben(std::span<unsigned char> zeile);
+    void BreitSchreiben(std::size_t von, std::size_t bis);
+    void Verbreitern(std::size_t bis);
+    bool CodeVergeben(char16_t zeichen);
+
+    std::span<unsigned char> m_puffer;
+    std::size_t m_stelle;
+    std::size_t m_besondere; // the next byte that a line can't keep as it is
+    Zeilenliste m_zeilen;
+    std::vector<unsigned char> m_codes; // the code of each character in the file's own code page, 0 for none yet
+    std::size_t m_vergeben = 0x80;      // codes that are taken
+    std::vector<char16_t> m_zeichen;    // room for the line in hand
+};
+
+} // namespace zepholt

@@ -1,0 +1,155 @@
+// Columns of the exchange file: a view of a record or of a field, one column a character.
+//
+// The file is kept as it came, one byte a column, wherever 256 characters are enough for it; Codeseite tells which
+// character a byte stands for. A file with more of them has columns of 16 bits, and so has every text of the program's
+// own. A view knows its width: whoever reads it gets characters, and never asks which of the two it is.
+#pragma once
+
+#include "support/Streuwert.h"
+#include "support/Text.h"
+
+#include <array>
+#include <cassert>
+#include <compare>
+#include <cstring>
+
+namespace zepholt {
+
+// The characters of the file in hand. Bytes up to 127 are ASCII in every file; no character stands twice.
+struct Codeseite {
+    std::array<char16_t, 256> Zeichen = {};
+};
+
+// ASCII, and nothing from 128 on.
+constexpr Codeseite AsciiSeite() {
+    Codeseite seite;
+    for (std::size_t byte = 0; byte < 0x80; ++byte) {
+        seite.Zeichen[byte] = static_cast<char16_t>(byte);
+    }
+    return seite;
+}
+
+// Written by the intake.
+inline Codeseite codeseite;
+
+class Feldsicht {
+public:
+    static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+
+    constexpr Feldsicht() = default;
+    constexpr Feldsicht(const unsigned char* bytes, std::size_t laenge) : m_bytes(bytes), m_mass(laenge * 2) {}
+
+    // Columns of 16 bits. Implicit, so that a field is compared with a text as it stands.
+    constexpr Feldsicht(TextSicht text) : m_zeichen(text.data()), m_mass(text.size() * 2 + 1) {}
+    constexpr Feldsicht(const char16_t* text) : Feldsicht(TextSicht(text)) {}
+    Feldsicht(const Text& text) : Feldsicht(TextSicht(text)) {}
+
+    constexpr std::size_t size() const { return m_mass / 2; }
+    constexpr bool empty() const { return m_mass < 2; }
+    constexpr bool IstBreit() const { return m_mass % 2 != 0; } // 16 bits a column
+
+    // The columns as they are kept; the one that fits the width.
+    const unsigned char* Bytes() const { return m_bytes; }
+    const char16_t* Zeichen() const { return m_zeichen; }
+
+    char16_t operator[](std::size_t i) const { return IstBreit() ? m_zeichen[i] : codeseite.Zeichen[m_bytes[i]]; }
+    char16_t front() const { return (*this)[0]; }
+    char16_t back() const { return (*this)[size() - 1]; }
+
+    constexpr Feldsicht substr(std::size_t ab, std::size_t laenge = npos) const {
+        assert(ab <= size());
+        return Ausschnitt(ab, laenge < size() - ab ? laenge : size() - ab);
+    }
+
+    // Columns of the buffer that this view lies in, counted from the view's beginning; they may lie behind its end.
+    constexpr Feldsicht Ausschnitt(std::size_t ab, std::size_t laenge) const {
+        return IstBreit() ? Feldsicht(TextSicht(m_zeichen + ab, laenge)) : Feldsicht(m_bytes + ab, laenge);
+    }
+
+    // The first place at or behind `ab` that holds `zeichen`; npos for none.
+    std::size_t find(char16_t zeichen, std::size_t ab = 0) const {
+        while (ab < size() && (*this)[ab] != zeichen) {
+            ++ab;
+        }
+        return ab < size() ? ab : npos;
+    }
+
+    bool starts_with(char16_t zeichen) const { return !empty() && front() == zeichen; }
+    bool starts_with(Feldsicht anfang) const { return anfang.size() <= size() && substr(0, anfang.size()) == anfang; }
+
+    // The columns as a text of their own. Implicit, so that a field is kept as it is read.
+    operator Text() const {
+        Text text(size(), u'\0');
+        for (std::size_t i = 0; i < size(); ++i) {
+            text[i] = (*this)[i];
+        }
+        return text;
+    }
+
+    friend bool operator==(Feldsicht links, Feldsicht rechts) {
+        if (links.size() != rechts.size()) {
+            return false;
+        }
+        if (!links.IstBreit() && !rechts.IstBreit()) { // the same bytes, since no character has two
+            return links.empty() || std::memcmp(links.m_bytes, rechts.m_bytes, links.size()) == 0;
+        }
+        std::size_t i = 0;
+        while (i < links.size() && links[i] == rechts[i]) {
+            ++i;
+        }
+        return i == links.size();
+    }
+
+    // By the characters, 16 bits each.
+    friend std::strong_ordering operator<=>(Feldsicht links, Feldsicht rechts) {
+        const std::size_t gemeinsam = links.size() < rechts.size() ? links.size() : rechts.size();
+        for (std::size_t i = 0; i < gemeinsam; ++i) {
+            if (links[i] != rechts[i]) {
+                return links[i] <=> rechts[i];
+            }
+        }
+        return links.size() <=> rechts.size();
+    }
+
+private:
+    union {
+        const unsigned char* m_bytes = nullptr;
+        const char16_t* m_zeichen;
+    };
+    std::size_t m_mass = 0; // twice the length, one more for columns of 16 bits
+};
+
+// The columns without the blanks (U+0020 only) at their right end.
+inline Feldsicht OhneLeerzeichenRechts(Feldsicht spalten) {
+    std::size_t laenge = spalten.size();
+    while (laenge > 0 && spalten[laenge - 1] == u' ') {
+        --laenge;
+    }
+    return spalten.substr(0, laenge);
+}
+
+// The same for equal views, whatever their width.
+inline std::uint64_t Streuwert(Feldsicht spalten) {
+    Streuer streuer;
+    std::uint64_t wort = spalten.size();
+    for (std::size_t i = 0; i < spalten.size(); ++i) {
+        if (i % 4 == 0) {
+            streuer.Nimm(wort);
+            wort = 0;
+        }
+        wort = wort << 16 | spalten[i];
+    }
+    streuer.Nimm(wort);
+    return streuer.Wert();
+}
+
+// True when there are columns, and digits in all of them.
+inline bool NurZiffern(Feldsicht spalten) {
+    std::size_t i = 0;
+    while (i < spalten.size() && spalten[i] >= u'0' && spalten[i] <= u'9') {
+        ++i;
+    }
+    return i > 0 && i == spalten.size();
+}
+
+} // namespace zepholt

@@ -1,0 +1,43 @@
+// The record in hand: its columns, and three sets of them that its tests ask for again and again. They are made once,
+// when the record comes in hand; of a record longer than 256 columns they know the first 256.
+#pragma once
+
+#include "state/Feldsicht.h"
+#include "state/Spaltenmenge.h"
+
+namespace zepholt {
+
+struct Spaltenarten {
+    Spaltenmenge Gefuellt;   // no blank (U+0020)
+    Spaltenmenge Ziffern;    // 0 to 9
+    Spaltenmenge Besonderes; // no printable ASCII
+};
+
+// The columns of a record by their kind. The second is the plain way to the same result, column by column.
+Spaltenarten SpaltenartenVon(Feldsicht record);
+Spaltenarten SpaltenartenEinzeln(Feldsicht record);
+
+class Satz : public Feldsicht {
+public:
+    Satz() = default;
+    Satz(Feldsicht record) : Feldsicht(record), m_arten(SpaltenartenVon(record)) {} // a record becomes the one in hand
+
+    // Fields are named by their first column (from 1) and their length; what lies behind the record is blank.
+    bool IstLeer(std::int32_t spalte, std::int32_t laenge) const { return m_arten.Gefuellt.Erste(spalte, laenge) == 0; }
+    bool NurZiffern(std::int32_t spalte, std::int32_t laenge) const { return m_arten.Ziffern.Alle(spalte, laenge); }
+
+    // The field without trailing blanks.
+    Feldsicht Feld(std::int32_t spalte, std::int32_t laenge) const {
+        const std::int32_t letzte = m_arten.Gefuellt.Letzte(spalte, laenge);
+        return letzte == 0
+                   ? Feldsicht()
+                   : substr(static_cast<std::size_t>(spalte - 1), static_cast<std::size_t>(letzte - spalte + 1));
+    }
+
+    const Spaltenarten& Arten() const { return m_arten; }
+
+private:
+    Spaltenarten m_arten;
+};
+
+} // namespace zepholt

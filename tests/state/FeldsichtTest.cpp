@@ -1,0 +1,136 @@
+// Columns of one byte and of 16 bits answer alike, and the sets of a record's columns are those of the plain way.
+#include "intake/UTF8_Speicherung.h"
+#include "state/Satz.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+namespace zepholt {
+namespace {
+
+// The same columns in both widths, under code page 850.
+struct Paar {
+    explicit Paar(std::vector<unsigned char> ausBytes) : Bytes(std::move(ausBytes)) {
+        codeseite = Codeseite850();
+        for (const unsigned char byte : Bytes) {
+            Zeichen.push_back(codeseite.Zeichen[byte]);
+        }
+    }
+    Feldsicht Schmal() const { return {Bytes.data(), Bytes.size()}; }
+    Feldsicht Breit() const { return Zeichen; }
+
+    std::vector<unsigned char> Bytes;
+    Text Zeichen;
+};
+
+// Few distinct bytes, so that equal views and prefixes are frequent.
+std::vector<unsigned char> Zufallsbytes(std::mt19937& zufall, std::size_t laenge) {
+    constexpr unsigned char Vorrat[] = {'A', 'B', '*', ' ', '0', '9', 0x81, 0xE1, 0x9B, '\t'};
+    std::vector<unsigned char> bytes(laenge);
+    std::ranges::generate(bytes, [&] { return Vorrat[zufall() % std::size(Vorrat)]; });
+    return bytes;
+}
+
+TEST(FeldsichtTest, BothWidthsAnswerAlike) {
+    std::mt19937 zufall(451);
+    for (int runde = 0; runde < 5000; ++runde) {
+        const Paar a(Zufallsbytes(zufall, zufall() % 5));
+        const Paar b(Zufallsbytes(zufall, zufall() % 5));
+        const TextSicht za = a.Zeichen;
+        const TextSicht zb = b.Zeichen;
+        ASSERT_EQ(Text(a.Schmal()), za);
+        ASSERT_EQ(Text(a.Breit()), za);
+        for (const Feldsicht links : {a.Schmal(), a.Breit()}) {
+            for (const Feldsicht rechts : {b.Schmal(), b.Breit()}) {
+                ASSERT_EQ(links == rechts, za == zb);
+                ASSERT_EQ(links <=> rechts, za <=> zb);
+                ASSERT_EQ(links.starts_with(rechts), za.starts_with(zb));
+            }
+            ASSERT_EQ(links.find(u'*'), za.find(u'*'));
+            ASSERT_EQ(links.find(u'\u00FC', 1), za.find(u'\u00FC', 1));
+            ASSERT_EQ(links.empty(), za.empty());
+            ASSERT_EQ(OhneLeerzeichenRechts(links).size(), za.find_last_not_of(u' ') + 1);
+            const std::size_t ab = zufall() % (za.size() + 1);
+            ASSERT_EQ(Text(links.substr(ab, 2)), za.substr(ab, 2));
+        }
+        ASSERT_EQ(Streuwert(a.Schmal()), Streuwert(a.Breit()));
+        ASSERT_EQ(Streuwert(a.Schmal()) == Streuwert(b.Schmal()), za == zb);
+    }
+}
+
+TEST(FeldsichtTest, DigitsInAllColumns) {
+    EXPECT_TRUE(NurZiffern(u"0123456789"));
+    EXPECT_FALSE(NurZiffern(u""));
+    EXPECT_FALSE(NurZiffern(u"/0"));
+    EXPECT_FALSE(NurZiffern(u"0:"));
+}
+
+// --- The record in hand
+
+void ErwarteGleich(const Spaltenarten& ist, const Spaltenarten& soll, std::size_t laenge) {
+    EXPECT_EQ(ist.Gefuellt.Worte, soll.Gefuellt.Worte) << laenge;
+    EXPECT_EQ(ist.Ziffern.Worte, soll.Ziffern.Worte) << laenge;
+    EXPECT_EQ(ist.Besonderes.Worte, soll.Besonderes.Worte) << laenge;
+}
+
+TEST(SatzTest, ColumnsOfEveryByte) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const Paar satz(std::vector<unsigned char>(20, static_cast<unsigned char>(byte)));
+        const Spaltenarten arten = SpaltenartenVon(satz.Schmal());
+        EXPECT_EQ(arten.Gefuellt.Letzte(1, 256), byte == ' ' ? 0 : 20);
+        EXPECT_EQ(arten.Gefuellt.Alle(1, 20), byte != ' ');
+        EXPECT_EQ(arten.Ziffern.Letzte(1, 256), byte >= '0' && byte <= '9' ? 20 : 0);
+        EXPECT_EQ(arten.Ziffern.Alle(1, 20), byte >= '0' && byte <= '9');
+        EXPECT_FALSE(arten.Ziffern.Alle(1, 21));
+        EXPECT_EQ(arten.Besonderes.Letzte(1, 256), byte >= 32 && byte <= 126 ? 0 : 20);
+        EXPECT_EQ(arten.Besonderes.Alle(1, 20), byte < 32 || byte > 126);
+    }
+}
+
+TEST(SatzTest, TheFastWayIsThePlainWayAtEveryLength) {
+    std::mt19937 zufall(815);
+    for (std::size_t laenge = 0; laenge < 300; ++laenge) {
+        const Paar satz(Zufallsbytes(zufall, laenge));
+        ErwarteGleich(SpaltenartenVon(satz.Schmal()), SpaltenartenEinzeln(satz.Breit()), laenge);
+        ErwarteGleich(SpaltenartenEinzeln(satz.Schmal()), SpaltenartenEinzeln(satz.Breit()), laenge);
+    }
+}
+
+TEST(SatzTest, FieldsAtEveryPlace) {
+    std::mt19937 zufall(16);
+    for (int runde = 0; runde < 3000; ++runde) {
+        const Paar paar(Zufallsbytes(zufall, zufall() % 300));
+        const Satz satz = paar.Schmal();
+        const auto spalte = static_cast<std::int32_t>(1 + zufall() % 256);
+        const auto laenge = static_cast<std::int32_t>(1 + zufall() % static_cast<unsigned>(257 - spalte));
+        const auto ab = static_cast<std::size_t>(spalte - 1);
+        Text feld = ab < paar.Zeichen.size() ? paar.Zeichen.substr(ab, static_cast<std::size_t>(laenge)) : Text();
+        const bool ziffern = feld.size() == static_cast<std::size_t>(laenge) && NurZiffern(feld);
+        feld.resize(feld.find_last_not_of(u' ') + 1);
+        ASSERT_EQ(Text(satz.Feld(spalte, laenge)), feld);
+        ASSERT_EQ(satz.IstLeer(spalte, laenge), feld.empty());
+        ASSERT_EQ(satz.NurZiffern(spalte, laenge), ziffern);
+    }
+}
+
+TEST(SatzTest, SetsAtTheBordersOfTheirWords) {
+    for (const std::int32_t spalte : {1, 63, 64, 65, 128, 129, 192, 193, 255, 256}) {
+        Spaltenmenge menge;
+        menge.SetzeBereich(spalte, 1);
+        EXPECT_EQ(menge.Erste(1, 256), spalte);
+        EXPECT_EQ(menge.Letzte(1, 256), spalte);
+        EXPECT_EQ(menge.Erste(spalte, 1), spalte);
+        EXPECT_EQ(menge.Erste(spalte + 1, 256 - spalte), 0);
+        EXPECT_EQ(menge.Letzte(1, spalte - 1), 0);
+        EXPECT_TRUE(menge.Alle(spalte, 1));
+        EXPECT_EQ(menge.Alle(spalte, 2), false);
+        EXPECT_TRUE(menge.Ohne(menge).empty());
+        EXPECT_FALSE(menge.empty());
+    }
+}
+
+} // namespace
+} // namespace zepholt

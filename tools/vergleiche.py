@@ -1,0 +1,202 @@
+#!/usr/bin/env python3
+"""Compares the protocols of two programs on random exchange files, byte for byte but for date and time.
+
+    tools/vergleiche.py OLD NEW N [--saat S] [--katalog FOLDER]
+
+Of the N files each second is an E1S file. Their records are filled from short lists of good and bad values, so that
+numbers, codes and running numbers meet often; then some are spoiled: bytes changed, cut or put in, lines doubled,
+swapped or made longer, characters of every kind put into fields, line ends broken. The first file that makes a
+difference is kept and named; the exit status is then 1.
+"""
+import argparse
+import pathlib
+import random
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+from concurrent.futures import ThreadPoolExecutor
+
+# Column and length of the fields of each type, with the values that they get.
+ZAHL = ["", "0", "01", "1", "12", "123", "99", "9", "x", " 1", "000001"]
+CODE = ["", "A", "B", "AB", "A*", "*", "A B", " A", "ab", "\u00e4", "\u00c4", "ZZZZZZ", "V1", "V2"]
+TEXT = ["", "Text", "  eingerückt", "Beton, Ortbeton", "\u00e9\u00e8\u00e0", "x" * 30, "\t", "\u2122", "\u0159", "\u4e2d"]
+BETRAG = ["", "0", "00000000012500", "000000001250", "0000000000000", "-1", "12a"]
+FELDER = {
+    "B0": [(2, 3, "G"), (6, 2, ZAHL), (36, 6, CODE), (63, 12, TEXT), (75, 7, ZAHL)],
+    "B1": [(2, 3, ["001"]), (82, 5, CODE), (93, 30, TEXT), (138, 30, TEXT), (208, 16, CODE)],
+    "B2": [(2, 3, ["002"]), (18, 6, CODE), (24, 6, CODE), (75, 7, ZAHL), (93, 30, TEXT)],
+    "B3": [(2, 3, ["003"]), (59, 2, ["m2", ""]), (87, 6, CODE), (93, 30, TEXT), (208, 16, CODE)],
+    "B4": [(2, 3, ["004"]), (75, 7, ZAHL), (93, 30, TEXT), (129, 6, CODE)],
+    "B5": [(2, 3, ["005"]), (30, 3, CODE), (75, 7, ZAHL), (93, 30, TEXT), (135, 3, CODE)],
+    "B6": [(2, 3, ["005"]), (30, 3, CODE), (33, 3, CODE), (75, 7, ZAHL), (93, 30, TEXT)],
+    "B7": [(2, 3, ["007"]), (93, 30, TEXT), (168, 16, CODE)],
+    "B8": [(2, 3, ["008"]), (93, 30, TEXT), (188, 16, CODE)],
+    "C0": [(2, 3, ["000", "001"]), (45, 1, ["+", "-", "", "x"]), (46, 15, BETRAG)],
+    "C1": [(2, 3, ["001", "002", "003"]), (5, 1, ["1", "2", "3", "7"]), (6, 2, ["01", "02", "03"]), (16, 2, ["00", "01"]),
+           (36, 6, ["", "000030"]), (44, 1, ["%", "", "A"]), (45, 1, ["+", "-", ""]), (46, 15, BETRAG),
+           (61, 1, ["", "+", "x"]), (62, 1, ["+", ""]), (63, 12, BETRAG), (75, 1, ["+", ""]), (76, 6, ["000200", ""])],
+    "C5": [(2, 3, ["001", "002", "004"]), (8, 3, ["", "111", "1*", "999"]), (18, 6, CODE), (24, 6, CODE), (30, 3, CODE),
+           (33, 3, CODE), (82, 5, CODE), (87, 6, CODE), (129, 6, CODE), (136, 2, ["", "01", "02"])],
+    "G1": [(2, 3, "K"), (6, 2, ["13", "99", "20", "x"]), (93, 30, TEXT), (138, 30, TEXT)],
+    "G2": [(2, 3, "K"), (8, 6, "P"), (43, 1, ["", "E", "x"]), (93, 30, TEXT)],
+    "G3": [(2, 3, "K"), (8, 6, "P"), (14, 2, ["00", "01", "02"]), (16, 2, ["01", "02", "03"]), (43, 1, ["", "e"]),
+           (93, 30, TEXT), (135, 1, ["", "A"]), (136, 2, ["", "05", "31"])],
+    "G4": [(2, 3, "K"), (8, 6, "P"), (18, 6, CODE), (24, 6, CODE), (30, 3, CODE), (33, 3, CODE), (82, 5, CODE),
+           (87, 6, CODE), (129, 6, CODE), (135, 1, ["", "*", "x"]), (136, 2, ["", "01", "02"]), (168, 16, CODE),
+           (188, 16, CODE)],
+    "G5": [(2, 3, "K"), (8, 6, "P"), (59, 2, ["m2", "St", "zz", "", "Pr"]), (61, 1, ["", "A", "F", "Z"]),
+           (62, 1, ["", "+", "-", "x"]), (63, 12, BETRAG)],
+    "G6": [(2, 3, "K"), (8, 6, "P"), (14, 2, ["", "", "", "01"]), (16, 2, ["", "", "", "01"]), (18, 6, CODE), (24, 6, CODE),
+           (30, 3, CODE), (33, 3, CODE), (36, 6, ["", "ABC"]), (44, 1, list("ABCJKLMQRSUWX")), (45, 1, ["+", "-", ""]),
+           (46, 13, ["0000000012500", "", "0000000000000", "12"]), (61, 1, ["", "A", "Z"]), (62, 1, ["", "+"]),
+           (63, 12, BETRAG), (75, 7, ["", "", "0000000", "0000017", "0000024", "24", "x"]), (82, 5, CODE), (87, 6, CODE),
+           (93, 30, ["", "", "Text"]), (123, 6, ["", "", "000100", "111001"]), (129, 6, CODE),
+           (136, 2, ["", "01", "02"]), (138, 30, ["", "", "Text"]), (168, 16, CODE), (188, 16, CODE),
+           (208, 30, ["", "", "Text"])],
+    "X4": [(2, 3, "K"), (8, 6, "P"), (14, 2, ["", "01", "00"]), (16, 2, ["01", ""]), (93, 164, TEXT)],
+    "P1": [(2, 3, "K"), (8, 6, "P"), (14, 2, ["", "01", "00"]), (43, 1, ["", "0", "1", "2"]), (93, 164, TEXT)],
+    "P3": [(2, 3, "K"), (8, 6, "P"), (14, 2, ["", "01"]), (16, 2, ["01", ""]), (93, 164, TEXT)],
+    "E1": [(2, 3, ZAHL), (93, 30, TEXT)],
+    "U1": [(2, 3, ZAHL), (93, 30, TEXT)],
+    "G7": [(2, 3, "K")],
+}
+KAPITEL = ["111", "112", "119", "241", "990", "000"]
+POSITIONEN = ["000000", "000100", "100000", "110000", "111000", "111001", "111002", "111100", "119000", "119001", "200000",
+              "211000", "211111", "xxxxxx", ""]
+ZEICHEN = [chr(c) for c in (*range(0x20, 0x7F), *range(0xA0, 0x180), *range(0x400, 0x460), 0x4E2D, 0x20AC, 0x7F, 0x85, 0, 9)]
+
+
+def satz(zufall, art):
+    zeile = [art[0]] + [" "] * 40 + [art[1]]
+    for spalte, laenge, werte in FELDER[art]:
+        if werte == "K":
+            werte = KAPITEL if zufall.random() < 0.1 else KAPITEL[:2]
+        elif werte == "P":
+            werte = POSITIONEN if zufall.random() < 0.2 else POSITIONEN[4:7]
+        elif werte == "G":
+            werte = ["001", "002", "003", "004", "005", "007", "008"] if zufall.random() < 0.9 else ["000", "006", "x"]
+        wert = zufall.choice(werte)[:laenge]
+        zeile += [" "] * (spalte - 1 + len(wert) - len(zeile))
+        zeile[spalte - 1:spalte - 1 + len(wert)] = wert
+    return "".join(zeile).rstrip() if zufall.random() < 0.9 else "".join(zeile).ljust(256)
+
+
+def ordnung(zeile):
+    zeile = zeile.ljust(50)
+    return zeile[0:4] + zeile[7:13] + zeile[41] + zeile[13:17]
+
+
+def dokument(zufall, neu):
+    arten = list(FELDER) if neu or zufall.random() < 0.1 else [a for a in FELDER if a[0] not in "XP" and a not in ("B7", "B8")]
+    gewichte = [8 if a in ("G2", "G5", "G6") else 5 if a == "B0" else 1 if a[0] in "EUG" and a in ("E1", "U1", "G7") else 3
+                for a in arten]
+    zeilen = [satz(zufall, a) for a in zufall.choices(arten, gewichte, k=zufall.choice((3, 20, 60, 150)))]
+    if zufall.random() < 0.95:
+        zeilen.sort(key=ordnung)
+    if zufall.random() < 0.9:  # what stands first of a key stays
+        schluessel, rest = set(), []
+        for z in zeilen:
+            k = z.ljust(256)
+            k = (ordnung(z), *(k[a - 1:b].upper() for a, b in ((82, 86), (18, 35), (87, 92), (129, 134), (123, 128))),
+                 k[167:203].upper() if neu else "", z if z[0] in "EDU" else "")
+            if k not in schluessel:
+                schluessel.add(k)
+                rest.append(z)
+        zeilen = rest
+    a = f"A211126{'QVMX1721' if neu else '451-9211'}".ljust(29) + "Bauherr"
+    a = a.ljust(41) + "1 AA".ljust(21) + "000000000001"
+    a = a.ljust(81) + "P-1".ljust(11) + "Schulhaus \u00fc".ljust(30) + "D-1".ljust(15) + "Baumeister".ljust(30) + "Muster AG"
+    a = a.ljust(187) + "Bern".ljust(20) + "Ausmass"
+    z = "Z211126".ljust(17) + "Ersteller".ljust(28) + f"{len(zeilen) + 2:013}".ljust(16) + "-000000000001"
+    z = z.ljust(137) + "Baumeister".ljust(30) + "Muster AG".ljust(20) + "Bern"
+    return [a, *zeilen, z]
+
+
+def verderben(zufall, zeilen):
+    """Changes lines here and there, characters of any kind among them."""
+    for _ in range(zufall.choice((0, 0, 1, 3, 30))):
+        i = zufall.randrange(len(zeilen))
+        zeile = zeilen[i]
+        stelle = zufall.choice((0, 13, 41, 42, 63, 64, 65, 92, 100, 150, 199, 254, 255, 256, 257, 300))
+        art = zufall.randrange(5)
+        if art == 0:
+            zeilen[i] = zeile[:stelle]
+        elif art == 1:
+            zeilen[i] = zeile.ljust(stelle) + "x"
+        elif art == 2:
+            zeilen[i] = zeile.ljust(stelle + 1)[:stelle] + zufall.choice(ZEICHEN) + zeile[stelle + 1:]
+        elif art == 3:
+            zeilen[i] = zeile[:92].ljust(92) + "".join(zufall.choices(ZEICHEN, k=30)) + zeile[122:]
+        else:
+            zeilen[i] = zeile.ljust(zufall.choice((255, 256, 257, 300)))
+
+
+def als_bytes(zufall, zeilen, neu):
+    text = "".join(zeile + "\r\n" for zeile in zeilen)
+    inhalt = text.encode("utf-8") if neu else text.encode("cp850", "replace")
+    if neu and zufall.random() < 0.2:
+        inhalt = b"\xef\xbb\xbf" + inhalt
+    for _ in range(zufall.choice((0, 0, 0, 0, 0, 1, 5))):  # hostile bytes
+        i = zufall.randrange(len(inhalt))
+        stueck = zufall.choice((b"", b"\0", b"\xff", b"\r", b"\n", b"\r\n", b"\xc3", b"\xe4\xb8\xad", b"\xf0\x9f\x98\x80",
+                                b"\xc2\x80", b"\xb0", b"*", b" "))
+        inhalt = inhalt[:i] + stueck + inhalt[i + zufall.randrange(2):]
+    return inhalt
+
+
+def protokoll(programm, datei, ordner, katalog, modus):
+    ziel = ordner / "p.xml"
+    ziel.unlink(missing_ok=True)
+    subprocess.run([programm, f"file={datei}", "dialog=" + modus[0], f"errorfile={ziel}", f"catalog={katalog}"] + modus[1:],
+                   check=False, capture_output=True)
+    if not ziel.exists():
+        return b"no protocol"
+    return re.sub(rb"<(Date|Time)>[^<]*", rb"<\1>", ziel.read_bytes())
+
+
+def vergleiche(nummer, wahl, grund):
+    zufall = random.Random(f"{wahl.saat}-{nummer}")
+    neu = nummer % 2 == 1
+    zeilen = dokument(zufall, neu)
+    verderben(zufall, zeilen)
+    ordner = grund / str(nummer)
+    (ordner / "alt").mkdir(parents=True)
+    (ordner / "neu").mkdir()
+    (ordner / "leer").mkdir()
+    datei = ordner / ("a.E1S" if neu else "a.01S")
+    datei.write_bytes(als_bytes(zufall, zeilen, neu))
+    modus = [zufall.choice(("de-", "fr-", "it-"))] + zufall.choice(([], [], ["mode=I"]))
+    katalog = wahl.katalog or ordner / "leer"
+    gleich = (protokoll(wahl.alt, datei, ordner / "alt", katalog, modus) ==
+              protokoll(wahl.neu, datei, ordner / "neu", katalog, modus))
+    codes = set(re.findall(rb' N="(\d{4})"', (ordner / "neu" / "p.xml").read_bytes())) if gleich else set()
+    if gleich:
+        shutil.rmtree(ordner)
+    return ordner if not gleich else codes
+
+
+def main():
+    eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    eingabe.add_argument("alt")
+    eingabe.add_argument("neu")
+    eingabe.add_argument("n", type=int)
+    eingabe.add_argument("--saat", default="1")
+    eingabe.add_argument("--katalog")
+    wahl = eingabe.parse_args()
+    grund = pathlib.Path(tempfile.mkdtemp())
+    codes = {}
+    with ThreadPoolExecutor(2) as arbeiter:
+        for ergebnis in arbeiter.map(lambda nummer: vergleiche(nummer, wahl, grund), range(wahl.n)):
+            if isinstance(ergebnis, pathlib.Path):
+                print(f"different: {ergebnis}")
+                arbeiter.shutdown(cancel_futures=True)
+                sys.exit(1)
+            for code in ergebnis:
+                codes[code] = codes.get(code, 0) + 1
+    shutil.rmtree(grund)
+    print(f"{wahl.n} files, no difference; codes met: {len(codes)}")
+
+
+main()
