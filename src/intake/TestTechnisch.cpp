@@ -41,12 +41,17 @@ void DateiartBestimmen() {
     testDaten.Dateiformat = testDaten.IstE1S ? u"E1S" : u"01S";
 }
 
+// The first line doesn't name the interface of its kind of file.
+bool FalscheKennung() {
+    return Ablehnen(testDaten.IstE1S ? 2004 : 2002);
+}
+
 // The decoded first line against the kind of file.
-bool KopfPruefen(TextSicht kopf) {
+bool PruefeKopf(TextSicht kopf) {
     const bool istE1S = testDaten.IstE1S;
     const TextSicht id = Feld(kopf, 8, 6);
     if (id != (istE1S ? u"QVMX17" : u"451-92")) {
-        return istE1S ? Ablehnen(2004) : Ablehnen(2002);
+        return FalscheKennung();
     }
     testDaten.SchnittstellenId = id;
 
@@ -72,7 +77,7 @@ bool KopfPruefen(TextSicht kopf) {
 }
 
 // The tests on the bytes of the whole file.
-bool BytesPruefen(ByteSicht bytes) {
+bool PruefeBytes(ByteSicht bytes) {
     if (CrLfPruefen(bytes) != 0) { // an empty file too
         return Ablehnen(2001);
     }
@@ -102,7 +107,7 @@ bool Einlesen() {
     DateiartBestimmen();
     testDaten.Puffer = DateiBytesLesen(testDaten.Austauschdatei);
     const ByteSicht bytes = testDaten.Puffer.Rohbytes();
-    if (!BytesPruefen(bytes)) {
+    if (!PruefeBytes(bytes)) {
         return false;
     }
     ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(bytes.size()));
@@ -112,10 +117,10 @@ bool Einlesen() {
     Zeilenleser leser(bytes);
     ByteSicht kopf = leser.Naechste();
     if (!Utf8KopfPruefen(kopf)) {
-        return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
+        return FalscheKennung();
     }
     zeilen.push_back(ZeileDekodieren(kopf));
-    if (!KopfPruefen(zeilen[0])) {
+    if (!PruefeKopf(zeilen[0])) {
         return false;
     }
     ZeilenLesen(leser, bytes.size(), zeilen);
@@ -125,7 +130,7 @@ bool Einlesen() {
 }
 
 // First and last record, and what they say of the file.
-bool RahmenPruefen() {
+bool PruefeRahmen() {
     if (testDaten.ZeilenAnzahl < 1) {
         return Ablehnen(2011);
     }
@@ -151,7 +156,7 @@ bool RahmenPruefen() {
 
 // Doubled keys and the order of the lines. The lines are sorted in any case; in a file without a fault that leaves them
 // as they are, apart from files of more than a million lines, see ZeilenSortieren.
-bool SchluesselPruefen() {
+bool PruefeSchluessel() {
     const Reihenfolge reihenfolge = ReihenfolgeErmitteln(testDaten.Zeilen);
     const std::int32_t doppelt = DoppelterSchluessel(testDaten.Zeilen, reihenfolge);
     if (!reihenfolge.IstSortiert) {
@@ -171,7 +176,7 @@ bool SchluesselPruefen() {
     return true;
 }
 
-void ZeichenPruefen() {
+void PruefeZeichen() {
     ErlaubteZeichenAufbauen();
     testDaten.UndefinierterRecordTyp = false;
     for (std::size_t k = 0; k < testDaten.Zeilen.size(); ++k) {
@@ -191,10 +196,10 @@ void ZeichenPruefen() {
 } // namespace
 
 bool DateiTesten() {
-    if (!DateiEinlesen() || !RahmenPruefen() || !SchluesselPruefen()) {
+    if (!DateiEinlesen() || !PruefeRahmen() || !PruefeSchluessel()) {
         return false;
     }
-    ZeichenPruefen();
+    PruefeZeichen();
     return true;
 }
 

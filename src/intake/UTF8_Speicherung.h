@@ -27,8 +27,8 @@ TextSicht ZeileDekodieren(ByteSicht zeile);
 // From code page 850: each byte its own Unicode character, control bytes stay. The line is cut at its first zero byte.
 char16_t* OemNachAnsi(ByteSicht zeile, char16_t* ziel);
 
-// From UTF-8. Where the bytes are no UTF-8, each longest beginning of a sequence, or
-// else each byte, becomes U+FFFD; a character above U+FFFF becomes a surrogate pair.
+// From UTF-8. Where the bytes are no UTF-8, each longest beginning of a sequence, or else each byte, becomes U+FFFD; a
+// character above U+FFFF becomes a surrogate pair.
 char16_t* Utf8NachUnicode(ByteSicht zeile, char16_t* ziel);
 
 } // namespace zepholt

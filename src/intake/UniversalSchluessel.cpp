@@ -222,35 +222,29 @@ Text UniversalSchluessel(TextSicht zeile) {
 
 Reihenfolge ReihenfolgeErmitteln(std::span<const TextSicht> zeilen) {
     Reihenfolge ergebnis;
-    if (zeilen.empty()) {
-        return ergebnis;
-    }
-    Ordnung vorige = OrdnungVon(zeilen[0], 0);
-    Strecke gleiche = {0, 1};
-    const auto streckeAblegen = [&] {
-        if (gleiche.Bis - gleiche.Von > 1) {
-            ergebnis.Gleiche.push_back(gleiche);
-        }
-    };
-    for (std::size_t k = 1; k < zeilen.size(); ++k) {
-        BedieneFenster();
-        const Ordnung ordnung = OrdnungVon(zeilen[k], k);
-        if (ordnung == vorige) {
-            gleiche.Bis = k + 1;
-            ergebnis.IstSortiert &= Textrang(k - 1) < Textrang(k);
-            continue;
-        }
-        if (ordnung < vorige) {
-            ergebnis.IstSortiert = false;
-            if (ergebnis.ErsteZuNiedrige < 0) {
-                ergebnis.ErsteZuNiedrige = static_cast<std::int32_t>(k);
+    Ordnung ordnung = zeilen.empty() ? Ordnung() : OrdnungVon(zeilen[0], 0);
+    for (std::size_t von = 0; von < zeilen.size();) {
+        std::size_t bis = von + 1;
+        Ordnung naechste = ordnung;
+        for (; bis < zeilen.size(); ++bis) { // as far as the lines are equal
+            BedieneFenster();
+            naechste = OrdnungVon(zeilen[bis], bis);
+            if (naechste != ordnung) {
+                break;
             }
+            ergebnis.IstSortiert &= Textrang(bis - 1) < Textrang(bis);
         }
-        streckeAblegen();
-        gleiche = {k, k + 1};
-        vorige = ordnung;
+        if (bis - von > 1) {
+            ergebnis.Gleiche.push_back({von, bis});
+        }
+        if (bis < zeilen.size() && naechste < ordnung) {
+            ergebnis.IstSortiert = false;
+            ergebnis.ErsteZuNiedrige =
+                ergebnis.ErsteZuNiedrige < 0 ? static_cast<std::int32_t>(bis) : ergebnis.ErsteZuNiedrige;
+        }
+        ordnung = naechste;
+        von = bis;
     }
-    streckeAblegen();
     return ergebnis;
 }
 

@@ -62,7 +62,7 @@ bool NurLeerzeichen(TextSicht text) {
 
 // Reports each character of a field that `erlaubt` refuses.
 template <class Regel>
-void ZeichenPruefen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
+void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
     const TextSicht feld = Feld(testDaten.Record, spalte, laenge);
     if (NurDruckbaresAscii(feld)) {
         return;
@@ -76,15 +76,15 @@ void ZeichenPruefen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
 }
 
 // A record E, D or U: no layout, and any code that one byte of text can have.
-void FreieZeichenPruefen() {
+void PruefeFreieZeichen() {
     if (!InUtf8()) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
-        ZeichenPruefen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
+        PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
     }
 }
 
 // What stands between the last field tested and `spalte` must be blank.
-void LueckePruefen(std::int32_t spalte) {
+void PruefeLuecke(std::int32_t spalte) {
     const TextSicht luecke = Feld(testDaten.Record, testDaten.NaechsteSpalte, spalte - testDaten.NaechsteSpalte);
     if (!NurLeerzeichen(luecke)) {
         const auto stelle = static_cast<std::int32_t>(luecke.find_first_not_of(u' '));
@@ -93,12 +93,12 @@ void LueckePruefen(std::int32_t spalte) {
 }
 
 // The test of a field whose characters are known to be good: only the gap before it.
-void NurLueckePruefen(std::int32_t spalte, std::int32_t laenge) {
+void PruefeNurLuecke(std::int32_t spalte, std::int32_t laenge) {
     if (spalte == 1) {
         testDaten.NaechsteSpalte = 1;
     }
     if (spalte > testDaten.NaechsteSpalte) {
-        LueckePruefen(spalte);
+        PruefeLuecke(spalte);
     }
     testDaten.NaechsteSpalte = spalte + laenge;
 }
@@ -127,7 +127,7 @@ void RecordZeichenTest() {
         FehlerHinzufuegen(2032, Recordlaenge + 1);
     }
     if (IstEDURecord(testDaten.Record)) {
-        FreieZeichenPruefen();
+        PruefeFreieZeichen();
         return;
     }
     const std::span<const RecordLayout> layouts = LayoutsVon(testDaten.Record);
@@ -135,7 +135,7 @@ void RecordZeichenTest() {
         testDaten.UndefinierterRecordTyp = true;
         return;
     }
-    const auto feldtest = NurDruckbaresAscii(testDaten.Record) ? NurLueckePruefen : FeldZeichenTest;
+    const auto feldtest = NurDruckbaresAscii(testDaten.Record) ? PruefeNurLuecke : FeldZeichenTest;
     for (const RecordLayout& layout : layouts) {
         feldtest(layout.Spalte, layout.Laenge);
     }
@@ -143,16 +143,16 @@ void RecordZeichenTest() {
 }
 
 void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    NurLueckePruefen(spalte, laenge);
+    PruefeNurLuecke(spalte, laenge);
     if (InUtf8()) {
         UnicodeZeichenTest(spalte, laenge);
     } else {
-        ZeichenPruefen(spalte, laenge, [](char16_t zeichen) { return testDaten.IstErlaubt.test(zeichen); });
+        PruefeZeichen(spalte, laenge, [](char16_t zeichen) { return testDaten.IstErlaubt.test(zeichen); });
     }
 }
 
 void UnicodeZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    ZeichenPruefen(spalte, laenge, [](char16_t zeichen) {
+    PruefeZeichen(spalte, laenge, [](char16_t zeichen) {
         const bool steuerzeichen = zeichen < 32 || (zeichen >= 127 && zeichen <= 159);
         const bool in1252 = zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos;
         return !steuerzeichen && (testDaten.IstE1S || in1252);

@@ -2,7 +2,7 @@
 // stamped with.
 //
 // One instance in a process. Who may write: the parameter test its own members, the intake those of the file, the
-// driver and the passes behind it the current place, the entry and the cancel button those of the run.
+// intake, the driver and the passes behind it the current place, the entry and the cancel button those of the run.
 #pragma once
 
 #include "state/Dateitext.h"
