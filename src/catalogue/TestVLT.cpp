@@ -31,22 +31,16 @@ private:
     std::int32_t m_position = 0; // 0 for the chapter itself
 };
 
-bool IstLeer(Feldsicht text) {
-    return OhneLeerzeichenRechts(text).empty();
-}
-
 // Before the insertion point of the catalogue's text the lines must be blank: from there on the text is the user's.
 // `einfuegepunkt` counts from 1 through the lines.
-void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t einfuegepunkt, Befunde& befunde) {
-    const std::int32_t zeile = (einfuegepunkt - 1) / Zeilenbreite + 1;
+void TesteTextVorEinfuegepunkt(const Kette& zeilen, std::int32_t einfuegepunkt, Befunde& befunde) {
+    const std::int32_t grenze = (einfuegepunkt - 1) / Zeilenbreite + 1;
     const std::int32_t spalte = (einfuegepunkt - 1) % Zeilenbreite + 1;
-    for (std::size_t i = 0; i < variable.ZeilenNrn.size(); ++i) {
-        const std::int32_t nummer = variable.ZeilenNrn[i];
-        const Feldsicht text = variable.ZeilenTexte[i];
-        const bool davor = nummer < zeile;
-        const bool angeschnitten = nummer == zeile && spalte >= 2;
-        if ((davor && !IstLeer(text)) ||
-            (angeschnitten && !IstLeer(text.substr(0, static_cast<std::size_t>(spalte - 1))))) {
+    for (const VariablenzeileEintrag& zeile : sia451Datei.Variablenzeilen.Von(zeilen)) {
+        const Feldsicht text = TextVon(zeile);
+        const Feldsicht davor = text.substr(0, std::min(text.size(), static_cast<std::size_t>(spalte - 1)));
+        if ((zeile.Nummer < grenze && !text.empty()) ||
+            (zeile.Nummer == grenze && !OhneLeerzeichenRechts(davor).empty())) {
             befunde.Melden(6303);
         }
     }
@@ -55,21 +49,19 @@ void TesteTextVorEinfuegepunkt(const VariableEintrag& variable, std::int32_t ein
 // Judges a variable whose counterpart is the current V.
 void TesteVariable(const VariableEintrag& variable, Befunde& befunde) {
     const std::int32_t einfuegepunkt = EinfuegepunktImKatalog();
+    const auto hatText = [](const VariablenzeileEintrag& zeile) { return !TextVon(zeile).empty(); };
     if (einfuegepunkt != 0) {
-        TesteTextVorEinfuegepunkt(variable, einfuegepunkt, befunde);
-    } else if (!std::ranges::all_of(variable.ZeilenTexte, IstLeer)) {
+        TesteTextVorEinfuegepunkt(variable.Zeilen, einfuegepunkt, befunde);
+    } else if (std::ranges::any_of(sia451Datei.Variablenzeilen.Von(variable.Zeilen), hatText)) {
         befunde.Melden(6302);
     }
 
     if (variable.Einfuegepunkt > 0) { // of the last line
-        const std::int32_t wert = (variable.LetzteZeile - 1) * Zeilenbreite + variable.Einfuegepunkt;
+        const std::int32_t letzte = sia451Datei.Variablenzeilen.LetztesVon(variable.Zeilen).Nummer;
+        const std::int32_t wert = (letzte - 1) * Zeilenbreite + variable.Einfuegepunkt;
         if (einfuegepunkt == 0 || wert < einfuegepunkt) {
             befunde.Melden(6304);
         }
-    }
-
-    if (!variable.AlternativCode.empty() && AlternativGruppe() == 0) { // never: PruefeG3 drops every code
-        befunde.Melden(6306);
     }
 }
 
@@ -84,7 +76,7 @@ void TesteAlternativen(const std::vector<std::int32_t>& alternativen, std::int32
 
 void TesteVariablen(const PositionEintrag& position, Befunde& befunde) {
     std::vector<std::int32_t> alternativen; // numbers of variables have two digits: no more than a hundred
-    for (const VariableEintrag& variable : position.Variablen) {
+    for (const VariableEintrag& variable : sia451Datei.Variablen.Von(position.Variablen)) {
         if (!FindeV(variable.Nummer)) {
             befunde.Melden(6301);
             continue;
@@ -101,7 +93,7 @@ void TestePosition(const PositionEintrag& position, Befunde& befunde) {
         befunde.Melden(6202);
     }
     TesteVariablen(position, befunde);
-    if (!position.Zuordnungen.empty() && !IstEndknoten(position.Nummer)) {
+    if (position.HatZuordnungen && !IstEndknoten(position.Nummer)) {
         befunde.Melden(6401);
     }
 }

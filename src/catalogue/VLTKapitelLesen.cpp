@@ -103,7 +103,7 @@ void LiesVariablen(const Elemente& elemente, KapitelDaten& kapitel) {
         gruppen.push_back(merkmale.Wert(u'A'));
         kapitel.KapitelVListe.push_back(v);
     }
-    if (!std::ranges::all_of(gruppen, &TextSicht::empty)) {
+    if (std::ranges::any_of(gruppen, [](TextSicht gruppe) { return !gruppe.empty(); })) {
         NummeriereGruppen(std::span(kapitel.KapitelVListe).subspan(erstes), gruppen);
     }
 }

@@ -62,11 +62,10 @@ std::int32_t SucheU(const HEintrag& h, std::int32_t nummer) {
 // than something only when it is greater than all before it, so those alone are searched: in a list that ascends they
 // are all entries.
 std::size_t ErsterEndknotenHinter(std::int32_t position) {
-    const std::vector<std::int32_t>& endknoten = kapitelDaten.Endknoten;
-    const auto stufe = std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {}, [](std::int32_t i) {
-        return kapitelDaten.Endknoten[static_cast<std::size_t>(i)];
-    });
-    return stufe == kapitelDaten.EndknotenStufen.end() ? endknoten.size() : static_cast<std::size_t>(*stufe);
+    const auto endknoten = [](std::int32_t i) { return kapitelDaten.Endknoten[static_cast<std::size_t>(i)]; };
+    const auto stufe = std::ranges::upper_bound(kapitelDaten.EndknotenStufen, position, {}, endknoten);
+    return stufe == kapitelDaten.EndknotenStufen.end() ? kapitelDaten.Endknoten.size()
+                                                       : static_cast<std::size_t>(*stufe);
 }
 
 // --- Where a position is found

@@ -22,22 +22,19 @@ Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32
     return {vorzeichen, DezimalFeld(spalte, laenge, stellen), FeldLeer(spalte, laenge)};
 }
 
-double MitVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {
+void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {
     if (betrag.Vorzeichen.empty()) {
         if (!betrag.Leer) {
             FehlerMelden(codes.VorzeichenFehlt);
         }
-        return betrag.Wert;
+        return;
     }
-
     if (betrag.Vorzeichen != u"-" && betrag.Vorzeichen != u"+") {
         FehlerMelden(codes.Unzulaessig);
     }
     if (betrag.Leer) {
         FehlerMelden(codes.BetragFehlt);
-        return betrag.Wert;
     }
-    return betrag.Vorzeichen == u"-" ? -betrag.Wert : betrag.Wert;
 }
 
 } // namespace zepholt

@@ -27,7 +27,7 @@ struct VorzeichenCodes {
     std::int32_t VorzeichenFehlt; // an amount without a sign
 };
 
-// The amount with its sign; it stays positive behind a bad sign or none.
-double MitVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes);
+// The sign of an amount. What it makes of the amount is asked by no check.
+void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes);
 
 } // namespace zepholt

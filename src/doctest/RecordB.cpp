@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <array>
+#include <type_traits>
+#include <utility>
 
 namespace zepholt {
 
@@ -18,42 +20,21 @@ namespace {
 
 // --- B0
 
-struct Gliederungskopf {
-    Feldsicht StandardName;        // B0:10
-    std::int32_t StandardJahr = 0; // B0:2c
-    Feldsicht Text;                // B0:19
-};
-
-// Where the head of a structure is kept. Only cost types and elements follow a standard.
+// Where it is kept that a structure was announced.
 struct Gliederungsplatz {
     std::int32_t Nummer;
+    bool HatStandard; // only cost types and elements follow a standard
     bool SIA451Datei::*Vorhanden;
-    Feldsicht SIA451Datei::*KopfText;
-    Feldsicht SIA451Datei::*StandardName = nullptr;
-    std::int32_t SIA451Datei::*StandardJahr = nullptr;
-
-    bool HatStandard() const { return StandardName != nullptr; }
 };
 constexpr std::array<Gliederungsplatz, 7> Gliederungen = {{
-    {1, &SIA451Datei::KAGVorhanden, &SIA451Datei::KAGKopfText, &SIA451Datei::KAGStandardName,
-     &SIA451Datei::KAGStandardJahr},
-    {2, &SIA451Datei::OGLVorhanden, &SIA451Datei::OGLKopfText},
-    {3, &SIA451Datei::EKGVorhanden, &SIA451Datei::EKGKopfText, &SIA451Datei::EKGStandardName,
-     &SIA451Datei::EKGStandardJahr},
-    {4, &SIA451Datei::EinrichtungVorhanden, &SIA451Datei::EinrichtungKopfText},
-    {5, &SIA451Datei::VariantenVorhanden, &SIA451Datei::VariantenKopfText},
-    {7, &SIA451Datei::NutzungVorhanden, &SIA451Datei::NutzungKopfText},
-    {8, &SIA451Datei::RaumVorhanden, &SIA451Datei::RaumKopfText},
+    {1, true, &SIA451Datei::KAGVorhanden},
+    {2, false, &SIA451Datei::OGLVorhanden},
+    {3, true, &SIA451Datei::EKGVorhanden},
+    {4, false, &SIA451Datei::EinrichtungVorhanden},
+    {5, false, &SIA451Datei::VariantenVorhanden},
+    {7, false, &SIA451Datei::NutzungVorhanden},
+    {8, false, &SIA451Datei::RaumVorhanden},
 }};
-
-void KopfAblegen(const Gliederungsplatz& platz, const Gliederungskopf& kopf) {
-    sia451Datei.*platz.Vorhanden = true;
-    sia451Datei.*platz.KopfText = kopf.Text;
-    if (platz.HatStandard()) {
-        sia451Datei.*platz.StandardName = kopf.StandardName;
-        sia451Datei.*platz.StandardJahr = kopf.StandardJahr;
-    }
-}
 
 // --- What B1 to B8 share
 
@@ -80,7 +61,7 @@ bool GehoertDazu(std::int32_t nummer, const Zugehoerigkeit& struktur) {
 // False, with `codeDoppelt`, when an entry has the same code. Before that `reihenfolgeDoppelt` comes once for each
 // entry in front of it that has the same order, or for each of all entries when none has the same code.
 template <class Eintrag>
-bool Eindeutig(const CodeListe<Eintrag>& liste, const Eintrag& eintrag, std::int32_t codeDoppelt,
+bool Eindeutig(const CodeListe<Eintrag>& liste, const std::type_identity_t<Eintrag>& eintrag, std::int32_t codeDoppelt,
                [[maybe_unused]] std::int32_t reihenfolgeDoppelt = 0) {
     const std::int32_t gleicher = liste.Finde(eintrag.Code);
     if constexpr (requires { eintrag.Reihenfolge; }) {
@@ -93,6 +74,14 @@ bool Eindeutig(const CodeListe<Eintrag>& liste, const Eintrag& eintrag, std::int
         FehlerMelden(codeDoppelt);
     }
     return gleicher < 0;
+}
+
+template <class Eintrag>
+void AnfuegenWennEindeutig(CodeListe<Eintrag>& liste, std::type_identity_t<Eintrag> eintrag, std::int32_t codeDoppelt,
+                           std::int32_t reihenfolgeDoppelt = 0) {
+    if (Eindeutig(liste, eintrag, codeDoppelt, reihenfolgeDoppelt)) {
+        liste.Anfuegen(std::move(eintrag));
+    }
 }
 
 // Only the new interface wants extended codes to be unique. Notes the code of an entry that is about to be appended.
@@ -143,12 +132,9 @@ bool ReihenfolgeDoppelt(std::vector<std::int32_t> reihenfolgen) {
 
 void PruefeB0() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B0:2a
-    Gliederungskopf kopf;
-    kopf.StandardJahr = ZahlFeld(6, 2, Freiwillig);  // B0:2c
-    kopf.StandardName = TextFeld(36, 6, Freiwillig); // B0:10
-    kopf.Text = TextFeld(63, 12, Freiwillig);        // B0:19
-    const bool hatName = !kopf.StandardName.empty();
-    const bool hatJahr = !TextFeld(6, 2, Freiwillig).empty();     // B0:2c
+    ZahlFeld(6, 2, Freiwillig);                           // B0:2c
+    const bool hatJahr = !FeldLeer(6, 2);
+    const bool hatName = !FeldLeer(36, 6);                        // B0:10
     const std::int32_t reihenfolge = ZahlFeld(75, 7, Freiwillig); // B0:20
 
     const auto* const platz = std::ranges::find(Gliederungen, nummer, &Gliederungsplatz::Nummer);
@@ -156,53 +142,42 @@ void PruefeB0() {
         return FehlerMelden(3201);
     }
 
-    if (platz->HatStandard()) {
-        if (NeueSchnittstelle() && hatName != hatJahr) {
-            FehlerMelden(3203);
-        }
-        if (hatName) {
-            kopf.StandardJahr += kopf.StandardJahr >= 89 ? 1900 : 2000;
-        }
-    } else if (hatName || hatJahr) {
+    if (!platz->HatStandard && (hatName || hatJahr)) {
         FehlerMelden(3202);
     }
+    if (platz->HatStandard && NeueSchnittstelle() && hatName != hatJahr) {
+        FehlerMelden(3203);
+    }
 
-    KopfAblegen(*platz, kopf);
-    sia451Datei.GliederungNummern.push_back(nummer);
+    sia451Datei.*platz->Vorhanden = true;
     sia451Datei.GliederungReihenfolgen.push_back(reihenfolge); // kept in the new interface too: 3205
 }
 
 void PruefeB1() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);               // B1:2a
-    const KAGEintrag eintrag{.Code = TextFeld(82, 5, Zwingend),         // B1:21
-                             .Bezeichnung = TextFeld(93, 30, Erwartet), // B1:23
-                             .Text = TextFeld(138, 30, Freiwillig),     // B1:24e
-                             .ECode = TextFeld(208, 16, Freiwillig)};   // B1:24h
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);  // B1:2a
+    const Feldsicht code = TextFeld(82, 5, Zwingend);      // B1:21
+    TextFeld(93, 30, Erwartet);                            // B1:23
+    const Feldsicht ecode = TextFeld(208, 16, Freiwillig); // B1:24h
 
     if (GehoertDazu(nummer, {1, 3221, sia451Datei.KAGVorhanden, 3222}) &&
-        Eindeutig(sia451Datei.KAGTabelle, eintrag, 3223) &&
-        ECodeEindeutig(sia451Datei.KAGECodes, eintrag.ECode, 3226)) {
-        sia451Datei.KAGTabelle.Anfuegen(eintrag);
+        Eindeutig(sia451Datei.KAGTabelle, {code}, 3223) && ECodeEindeutig(sia451Datei.KAGECodes, ecode, 3226)) {
+        sia451Datei.KAGTabelle.Anfuegen({code});
     }
 }
 
 void PruefeB2() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);     // B2:2a
-    const Feldsicht ogl = TextFeld(18, 6, Zwingend);          // B2:6
-    const Feldsicht psl = TextFeld(24, 6, Freiwillig);        // B2:7
-    const Feldsicht bezeichnung = TextFeld(93, 30, Erwartet); // B2:23
-    const Feldsicht text = TextFeld(138, 30, Freiwillig);     // B2:24e
-    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);  // B2:20
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);    // B2:2a
+    const Feldsicht ogl = TextFeld(18, 6, Zwingend);         // B2:6
+    const Feldsicht psl = TextFeld(24, 6, Freiwillig);       // B2:7
+    TextFeld(93, 30, Erwartet);                              // B2:23
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7); // B2:20
 
     if (!GehoertDazu(nummer, {2, 3211, sia451Datei.OGLVorhanden, 3212})) {
         return;
     }
 
     if (psl.empty()) {
-        const OGLEintrag eintrag{ogl, bezeichnung, text, reihenfolge, {}};
-        if (Eindeutig(sia451Datei.OGLTabelle, eintrag, 3213, 3219)) {
-            sia451Datei.OGLTabelle.Anfuegen(eintrag);
-        }
+        AnfuegenWennEindeutig(sia451Datei.OGLTabelle, {ogl, reihenfolge, {}}, 3213, 3219);
         return;
     }
 
@@ -210,64 +185,50 @@ void PruefeB2() {
     if (index < 0) {
         return FehlerMelden(3214);
     }
-
-    CodeListe<PSLEintrag>& liste = sia451Datei.OGLTabelle[index].PSLListe;
-    const PSLEintrag eintrag{psl, bezeichnung, text, reihenfolge};
-    if (Eindeutig(liste, eintrag, 3215, 3219)) {
-        liste.Anfuegen(eintrag);
-    }
+    AnfuegenWennEindeutig(sia451Datei.OGLTabelle[index].PSLListe, {psl, reihenfolge}, 3215, 3219);
 }
 
 void PruefeB3() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                  // B3:2a
-    const EKGEintrag eintrag{.Code = TextFeld(87, 6, Zwingend),            // B3:22
-                             .Bezeichnung = TextFeld(93, 30, Erwartet),    // B3:23
-                             .Text = TextFeld(138, 30, Freiwillig),        // B3:24e
-                             .Mengeneinheit = TextFeld(59, 2, Freiwillig), // B3:16
-                             .ECode = TextFeld(208, 16, Freiwillig)};      // B3:24h
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);  // B3:2a
+    const Feldsicht code = TextFeld(87, 6, Zwingend);      // B3:22
+    TextFeld(93, 30, Erwartet);                            // B3:23
+    const Feldsicht ecode = TextFeld(208, 16, Freiwillig); // B3:24h
 
     if (GehoertDazu(nummer, {3, 3231, sia451Datei.EKGVorhanden, 3232}) &&
-        Eindeutig(sia451Datei.EKGTabelle, eintrag, 3233) &&
-        ECodeEindeutig(sia451Datei.EKGECodes, eintrag.ECode, 3236)) {
-        sia451Datei.EKGTabelle.Anfuegen(eintrag);
+        Eindeutig(sia451Datei.EKGTabelle, {code}, 3233) && ECodeEindeutig(sia451Datei.EKGECodes, ecode, 3236)) {
+        sia451Datei.EKGTabelle.Anfuegen({code});
     }
 }
 
 void PruefeB4() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                       // B4:2a
-    const EinrichtungEintrag eintrag{.Code = TextFeld(129, 6, Zwingend),        // B4:24b
-                                     .Bezeichnung = TextFeld(93, 30, Erwartet), // B4:23
-                                     .Text = TextFeld(138, 30, Freiwillig),     // B4:24e
-                                     .Reihenfolge = ReihenfolgeFeld(75, 7)};    // B4:20
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);    // B4:2a
+    const Feldsicht code = TextFeld(129, 6, Zwingend);       // B4:24b
+    TextFeld(93, 30, Erwartet);                              // B4:23
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7); // B4:20
 
-    if (GehoertDazu(nummer, {4, 3261, sia451Datei.EinrichtungVorhanden, 3262}) &&
-        Eindeutig(sia451Datei.EinrichtungTabelle, eintrag, 3263, 3269)) {
-        sia451Datei.EinrichtungTabelle.Anfuegen(eintrag);
+    if (GehoertDazu(nummer, {4, 3261, sia451Datei.EinrichtungVorhanden, 3262})) {
+        AnfuegenWennEindeutig(sia451Datei.EinrichtungTabelle, {code, reihenfolge}, 3263, 3269);
     }
 }
 
 void PruefeB5() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                               // B5:2a
-    const VariantengruppeEintrag eintrag{.Code = TextFeld(30, 3, Zwingend),             // B5:8
-                                         .Bezeichnung = TextFeld(93, 30, Erwartet),     // B5:23
-                                         .Text = TextFeld(138, 30, Freiwillig),         // B5:24e
-                                         .Primaervariante = TextFeld(135, 3, Zwingend), // B5:24c-d
-                                         .Reihenfolge = ReihenfolgeFeld(75, 7),         // B5:20
-                                         .Varianten = {}};
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);         // B5:2a
+    const Feldsicht code = TextFeld(30, 3, Zwingend);             // B5:8
+    TextFeld(93, 30, Erwartet);                                   // B5:23
+    const Feldsicht primaervariante = TextFeld(135, 3, Zwingend); // B5:24c-d
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7);      // B5:20
 
-    if (GehoertDazu(nummer, {5, 3241, sia451Datei.VariantenVorhanden, 3242}) &&
-        Eindeutig(sia451Datei.VariantenTabelle, eintrag, 3243, 3249)) {
-        sia451Datei.VariantenTabelle.Anfuegen(eintrag);
+    if (GehoertDazu(nummer, {5, 3241, sia451Datei.VariantenVorhanden, 3242})) {
+        AnfuegenWennEindeutig(sia451Datei.VariantenTabelle, {code, primaervariante, reihenfolge, {}}, 3243, 3249);
     }
 }
 
 void PruefeB6() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                    // B6:2a
-    const Feldsicht gruppe = TextFeld(30, 3, Zwingend);                      // B6:8
-    const VarianteEintrag eintrag{.Code = TextFeld(33, 3, Zwingend),         // B6:9
-                                  .Bezeichnung = TextFeld(93, 30, Erwartet), // B6:23
-                                  .Text = TextFeld(138, 30, Freiwillig),     // B6:24e
-                                  .Reihenfolge = ReihenfolgeFeld(75, 7)};    // B6:20
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);    // B6:2a
+    const Feldsicht gruppe = TextFeld(30, 3, Zwingend);      // B6:8
+    const Feldsicht code = TextFeld(33, 3, Zwingend);        // B6:9
+    TextFeld(93, 30, Erwartet);                              // B6:23
+    const std::int32_t reihenfolge = ReihenfolgeFeld(75, 7); // B6:20
 
     // Variants carry the number of the structure of their groups; there is no structure 6.
     if (nummer != 5) {
@@ -279,34 +240,26 @@ void PruefeB6() {
     if (index < 0) {
         return FehlerMelden(3252);
     }
-
-    CodeListe<VarianteEintrag>& liste = sia451Datei.VariantenTabelle[index].Varianten;
-    if (Eindeutig(liste, eintrag, 3253, 3259)) {
-        liste.Anfuegen(eintrag);
-    }
+    AnfuegenWennEindeutig(sia451Datei.VariantenTabelle[index].Varianten, {code, reihenfolge}, 3253, 3259);
 }
 
 void PruefeB7() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                   // B7:2a
-    const NutzungEintrag eintrag{.Code = TextFeld(168, 16, Zwingend),       // B7:24f
-                                 .Bezeichnung = TextFeld(93, 30, Erwartet), // B7:23
-                                 .Text = TextFeld(138, 30, Freiwillig)};    // B7:24e
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B7:2a
+    const Feldsicht code = TextFeld(168, 16, Zwingend);   // B7:24f
+    TextFeld(93, 30, Erwartet);                           // B7:23
 
-    if (GehoertDazu(nummer, {7, 3292, sia451Datei.NutzungVorhanden, 3293}) &&
-        Eindeutig(sia451Datei.NutzungTabelle, eintrag, 3294)) {
-        sia451Datei.NutzungTabelle.Anfuegen(eintrag);
+    if (GehoertDazu(nummer, {7, 3292, sia451Datei.NutzungVorhanden, 3293})) {
+        AnfuegenWennEindeutig(sia451Datei.NutzungTabelle, {code}, 3294);
     }
 }
 
 void PruefeB8() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);                // B8:2a
-    const RaumEintrag eintrag{.Code = TextFeld(188, 16, Zwingend),       // B8:24g
-                              .Bezeichnung = TextFeld(93, 30, Erwartet), // B8:23
-                              .Text = TextFeld(138, 30, Freiwillig)};    // B8:24e
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B8:2a
+    const Feldsicht code = TextFeld(188, 16, Zwingend);   // B8:24g
+    TextFeld(93, 30, Erwartet);                           // B8:23
 
-    if (GehoertDazu(nummer, {8, 3296, sia451Datei.RaumVorhanden, 3297}) &&
-        Eindeutig(sia451Datei.RaumTabelle, eintrag, 3298)) {
-        sia451Datei.RaumTabelle.Anfuegen(eintrag);
+    if (GehoertDazu(nummer, {8, 3296, sia451Datei.RaumVorhanden, 3297})) {
+        AnfuegenWennEindeutig(sia451Datei.RaumTabelle, {code}, 3298);
     }
 }
 

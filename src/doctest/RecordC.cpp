@@ -1,5 +1,5 @@
 // Records C0, C1 and C5: gross amount, conditions, and what restricts a condition to a part of the structures. Amounts
-// are kept, nothing is calculated.
+// are tested for their form and signs, nothing is calculated.
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
 #include "doctest/Records.h"
@@ -22,62 +22,66 @@ std::size_t Platz(std::int32_t zweistellig) {
 
 // --- C1
 
-struct Konditionsbetraege {
+struct Konditionssatz {
+    std::int32_t Nummer;
+    std::int32_t Stufe;
+    std::int32_t Bezugsstufe;
+    std::int32_t Konditionsart;
+    Feldsicht Berechnungsart;
+    Feldsicht Beruecksichtigt;
+    bool FristLeer; // C1:10
     Betrag Bezugsbetrag;
     Betrag Prozentwert;
     Betrag Konditionsbetrag;
-    bool FristLeer = true; // C1:10
 };
 
-KonditionEintrag LiesC1(Konditionsbetraege& betraege) {
-    KonditionEintrag kondition;
-    kondition.Nummer = ZahlFeld(2, 3, Zwingend);             // C1:2a
-    kondition.Stufe = ZahlFeld(6, 2, Zwingend);              // C1:2c
-    kondition.Bezugsstufe = ZahlFeld(16, 2, Freiwillig);     // C1:5
-    kondition.Konditionsart = ZahlFeld(5, 1, Zwingend);      // C1:2b
-    kondition.Berechnungsart = TextFeld(44, 1, Zwingend);    // C1:13
-    kondition.Beruecksichtigt = TextFeld(61, 1, Freiwillig); // C1:17
-    kondition.Zahlungsfrist = ZahlFeld(36, 6, Freiwillig);   // C1:10
-    betraege.FristLeer = FeldLeer(36, 6);                    // C1:10
-    betraege.Bezugsbetrag = BetragFeld(45, 46, 15, 5);       // C1:14, C1:15-16
-    betraege.Prozentwert = BetragFeld(75, 76, 6, 2);         // C1:20a, C1:20b
-    betraege.Konditionsbetrag = BetragFeld(62, 63, 12, 2);   // C1:18, C1:19
-    kondition.Bezeichnung = TextFeld(93, 30, Freiwillig);    // C1:23
-    kondition.Text = TextFeld(138, 30, Freiwillig);          // C1:24e
-    return kondition;
+Konditionssatz LiesC1() {
+    Konditionssatz satz = {};
+    satz.Nummer = ZahlFeld(2, 3, Zwingend);             // C1:2a
+    satz.Stufe = ZahlFeld(6, 2, Zwingend);              // C1:2c
+    satz.Bezugsstufe = ZahlFeld(16, 2, Freiwillig);     // C1:5
+    satz.Konditionsart = ZahlFeld(5, 1, Zwingend);      // C1:2b
+    satz.Berechnungsart = TextFeld(44, 1, Zwingend);    // C1:13
+    satz.Beruecksichtigt = TextFeld(61, 1, Freiwillig); // C1:17
+    ZahlFeld(36, 6, Freiwillig);                        // C1:10, period of payment
+    satz.FristLeer = FeldLeer(36, 6);                   // C1:10
+    satz.Bezugsbetrag = BetragFeld(45, 46, 15, 5);      // C1:14, C1:15-16
+    satz.Prozentwert = BetragFeld(75, 76, 6, 2);        // C1:20a, C1:20b
+    satz.Konditionsbetrag = BetragFeld(62, 63, 12, 2);  // C1:18, C1:19
+    return satz;
 }
 
-void PruefeNummerUndStufen(const KonditionEintrag& kondition) {
-    if (kondition.Nummer < 1 || kondition.Nummer > 999) {
+void PruefeNummerUndStufen(const Konditionssatz& satz) {
+    if (satz.Nummer < 1 || satz.Nummer > 999) {
         FehlerMelden(5202);
     }
-    if (sia451Datei.KonditionNachNummer.contains(kondition.Nummer)) {
+    if (sia451Datei.KonditionNachNummer.contains(satz.Nummer)) {
         FehlerMelden(5203);
     }
-    if (kondition.Stufe < 1 || kondition.Stufe > 99) {
+    if (satz.Stufe < 1 || satz.Stufe > 99) {
         FehlerMelden(5211);
     }
-    if (sia451Datei.KonditionStufen[Platz(kondition.Stufe)]) {
+    if (sia451Datei.KonditionStufen[Platz(satz.Stufe)]) {
         FehlerMelden(5212);
     }
-    if (kondition.Bezugsstufe < 0 || kondition.Bezugsstufe >= kondition.Stufe) {
+    if (satz.Bezugsstufe < 0 || satz.Bezugsstufe >= satz.Stufe) {
         FehlerMelden(5213);
     }
 }
 
-void PruefeArt(const KonditionEintrag& kondition, bool fristLeer) {
-    if (kondition.Konditionsart < 1 || kondition.Konditionsart > 5) {
+void PruefeArt(const Konditionssatz& satz) {
+    if (satz.Konditionsart < 1 || satz.Konditionsart > 5) {
         FehlerMelden(5221);
     }
-    if (kondition.Berechnungsart.empty()) {
+    if (satz.Berechnungsart.empty()) {
         FehlerMelden(5222);
     }
-    if (!kondition.Beruecksichtigt.empty() && kondition.Beruecksichtigt != u"-" && kondition.Beruecksichtigt != u"+") {
+    if (!satz.Beruecksichtigt.empty() && satz.Beruecksichtigt != u"-" && satz.Beruecksichtigt != u"+") {
         FehlerMelden(5223);
     }
-    if (kondition.Konditionsart == Skonto && fristLeer) {
+    if (satz.Konditionsart == Skonto && satz.FristLeer) {
         FehlerMelden(5224);
-    } else if (kondition.Konditionsart != Skonto && !fristLeer) {
+    } else if (satz.Konditionsart != Skonto && !satz.FristLeer) {
         FehlerMelden(5225);
     }
 }
@@ -93,14 +97,14 @@ std::int32_t LetzteStufeVorSteuer() {
     return erste > 0 ? tabelle[static_cast<std::size_t>(erste - 1)].Stufe : tabelle.back().Stufe;
 }
 
-void PruefeMehrwertsteuer(const KonditionEintrag& kondition) {
-    if (kondition.Berechnungsart != u"%") {
+void PruefeMehrwertsteuer(const Konditionssatz& satz) {
+    if (satz.Berechnungsart != u"%") {
         FehlerMelden(5261);
     }
-    if (kondition.Beruecksichtigt != u"+") {
+    if (satz.Beruecksichtigt != u"+") {
         FehlerMelden(5262);
     }
-    if (kondition.Bezugsstufe != LetzteStufeVorSteuer()) {
+    if (satz.Bezugsstufe != LetzteStufeVorSteuer()) {
         FehlerMelden(5263);
     }
     // Several tax conditions must follow one another directly.
@@ -109,28 +113,37 @@ void PruefeMehrwertsteuer(const KonditionEintrag& kondition) {
     }
 }
 
-void KonditionAnfuegen(const KonditionEintrag& kondition) {
+void KonditionAnfuegen(const Konditionssatz& satz) {
     const auto index = static_cast<std::int32_t>(sia451Datei.KonditionTabelle.size());
-    sia451Datei.KonditionNachNummer.emplace(kondition.Nummer, index); // a number that stands keeps its first entry
-    sia451Datei.KonditionStufen.set(Platz(kondition.Stufe));
-    if (kondition.Konditionsart == Mehrwertsteuer && sia451Datei.ErsteSteuerkondition < 0) {
+    sia451Datei.KonditionNachNummer.emplace(satz.Nummer, index); // a number that stands keeps its first entry
+    sia451Datei.KonditionStufen.set(Platz(satz.Stufe));
+    if (satz.Konditionsart == Mehrwertsteuer && sia451Datei.ErsteSteuerkondition < 0) {
         sia451Datei.ErsteSteuerkondition = index;
     }
-    sia451Datei.KonditionTabelle.push_back(kondition);
+    sia451Datei.KonditionTabelle.push_back({.Stufe = satz.Stufe, .Konditionsart = satz.Konditionsart});
 }
 
 // --- C5
 
-EinschraenkungEintrag LiesC5() {
-    return {.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig),              // C5:6
-            .PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig),              // C5:7
-            .KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig),              // C5:21
-            .Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig),          // C5:22
-            .Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig), // C5:24b
-            .Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig),  // C5:8
-            .Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig),         // C5:9
-            .Kapitelangabe = TextFeld(8, 3, Freiwillig),                        // C5:3a
-            .Reihenfolge = ReihenfolgeFeld(136, 2)};                            // C5:24d
+struct Einschraenkungssatz {
+    Verweissatz Verweise; // but for use and room
+    Feldsicht Kapitelangabe;
+    std::int32_t Reihenfolge; // 0 in the new interface
+};
+
+Einschraenkungssatz LiesC5() {
+    Einschraenkungssatz satz = {};
+    Verweissatz& verweise = satz.Verweise;
+    verweise.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig);              // C5:6
+    verweise.PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig);              // C5:7
+    verweise.KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig);              // C5:21
+    verweise.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);          // C5:22
+    verweise.Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig); // C5:24b
+    verweise.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig);  // C5:8
+    verweise.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);         // C5:9
+    satz.Kapitelangabe = TextFeld(8, 3, Freiwillig);                            // C5:3a
+    satz.Reihenfolge = ReihenfolgeFeld(136, 2);                                 // C5:24d
+    return satz;
 }
 
 // Notes the order of a restriction of the condition; 0 stands for none.
@@ -143,13 +156,11 @@ void PruefeReihenfolge(KonditionEintrag& kondition, std::int32_t reihenfolge) {
 }
 
 // The new interface restricts by object structure and cost type only, and without a joker.
-void PruefeNurOGLUndKAG(const EinschraenkungEintrag& einschraenkung) {
-    const bool nurOGLUndKAG = einschraenkung.PSL.empty() && einschraenkung.Element.empty() &&
-                              einschraenkung.Einrichtungstyp.empty() && einschraenkung.Variantengruppe.empty() &&
-                              einschraenkung.Variante.empty() && einschraenkung.Kapitelangabe.empty();
-    if (!nurOGLUndKAG) {
+void PruefeNurOGLUndKAG(const Einschraenkungssatz& satz) {
+    const Verweissatz nurOGLUndKAG = {.OGL = satz.Verweise.OGL, .KAG = satz.Verweise.KAG};
+    if (satz.Verweise != nurOGLUndKAG || !satz.Kapitelangabe.empty()) {
         FehlerMelden(5381);
-    } else if (HatJoker(einschraenkung.OGL) || HatJoker(einschraenkung.KAG)) {
+    } else if (HatJoker(satz.Verweise.OGL) || HatJoker(satz.Verweise.KAG)) {
         FehlerMelden(5382);
     }
 }
@@ -163,38 +174,32 @@ void PruefeC0() {
     if (nummer != 0) {
         FehlerMelden(5101);
     }
-    sia451Datei.Bruttobetrag =
-        MitVorzeichen(betrag, {.Unzulaessig = 5102, .BetragFehlt = 5103, .VorzeichenFehlt = 5104});
+    PruefeVorzeichen(betrag, {.Unzulaessig = 5102, .BetragFehlt = 5103, .VorzeichenFehlt = 5104});
     sia451Datei.BruttoVorhanden = true;
-    sia451Datei.BruttoRest = 0;
 }
 
 void PruefeC1() {
-    Konditionsbetraege betraege;
-    KonditionEintrag kondition = LiesC1(betraege);
+    const Konditionssatz satz = LiesC1();
 
     if (!sia451Datei.BruttoVorhanden) {
         FehlerMelden(5201);
     }
-    PruefeNummerUndStufen(kondition);
-    PruefeArt(kondition, betraege.FristLeer);
+    PruefeNummerUndStufen(satz);
+    PruefeArt(satz);
 
-    kondition.Bezugsbetrag =
-        MitVorzeichen(betraege.Bezugsbetrag, {.Unzulaessig = 5231, .BetragFehlt = 5232, .VorzeichenFehlt = 5233});
-    kondition.Prozentwert =
-        MitVorzeichen(betraege.Prozentwert, {.Unzulaessig = 5241, .BetragFehlt = 5242, .VorzeichenFehlt = 5243});
-    kondition.Konditionsbetrag =
-        MitVorzeichen(betraege.Konditionsbetrag, {.Unzulaessig = 5251, .BetragFehlt = 5252, .VorzeichenFehlt = 5253});
+    PruefeVorzeichen(satz.Bezugsbetrag, {.Unzulaessig = 5231, .BetragFehlt = 5232, .VorzeichenFehlt = 5233});
+    PruefeVorzeichen(satz.Prozentwert, {.Unzulaessig = 5241, .BetragFehlt = 5242, .VorzeichenFehlt = 5243});
+    PruefeVorzeichen(satz.Konditionsbetrag, {.Unzulaessig = 5251, .BetragFehlt = 5252, .VorzeichenFehlt = 5253});
 
-    if (NeueSchnittstelle() && kondition.Konditionsart == Mehrwertsteuer) {
-        PruefeMehrwertsteuer(kondition);
+    if (NeueSchnittstelle() && satz.Konditionsart == Mehrwertsteuer) {
+        PruefeMehrwertsteuer(satz);
     }
-    KonditionAnfuegen(kondition);
+    KonditionAnfuegen(satz);
 }
 
 void PruefeC5() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // C5:2a
-    const EinschraenkungEintrag einschraenkung = LiesC5();
+    const Einschraenkungssatz satz = LiesC5();
 
     const auto erste = sia451Datei.KonditionNachNummer.find(nummer);
     if (erste == sia451Datei.KonditionNachNummer.end()) {
@@ -202,19 +207,18 @@ void PruefeC5() {
     }
     KonditionEintrag& kondition = sia451Datei.KonditionTabelle[static_cast<std::size_t>(erste->second)];
 
-    PruefeVerweise(einschraenkung, {.OGL = 5311,
-                                    .PSL = {5312, 5313, 5314},
-                                    .KAG = 5321,
-                                    .Element = 5331,
-                                    .Variantengruppe = 5341,
-                                    .Variante = {5342, 5343, 5344}});
-    PruefeVerweis(einschraenkung.Einrichtungstyp, EinrichtungGefunden, 5351);
-    PruefeVerweis(einschraenkung.Kapitelangabe, KapitelGefunden, 5361);
-    PruefeReihenfolge(kondition, einschraenkung.Reihenfolge);
+    PruefeVerweise(satz.Verweise, {.OGL = 5311,
+                                   .PSL = {5312, 5313, 5314},
+                                   .KAG = 5321,
+                                   .Element = 5331,
+                                   .Variantengruppe = 5341,
+                                   .Variante = {5342, 5343, 5344}});
+    PruefeVerweis(satz.Verweise.Einrichtungstyp, EinrichtungGefunden, 5351);
+    PruefeVerweis(satz.Kapitelangabe, KapitelGefunden, 5361);
+    PruefeReihenfolge(kondition, satz.Reihenfolge);
     if (NeueSchnittstelle()) {
-        PruefeNurOGLUndKAG(einschraenkung);
+        PruefeNurOGLUndKAG(satz);
     }
-    kondition.Einschraenkungen.push_back(einschraenkung);
 }
 
 } // namespace zepholt

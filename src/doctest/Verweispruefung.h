@@ -46,15 +46,14 @@ inline void PruefeUnterverweis(Feldsicht oberer, Feldsicht code, bool (*gefunden
     }
 }
 
-// The six references of an entry.
-template <class Eintrag>
-void PruefeVerweise(const Eintrag& eintrag, const VerweisCodes& codes) {
-    PruefeVerweis(eintrag.OGL, OGLGefunden, codes.OGL);
-    PruefeUnterverweis(eintrag.OGL, eintrag.PSL, PSLGefunden, codes.PSL);
-    PruefeVerweis(eintrag.KAG, KAGGefunden, codes.KAG);
-    PruefeVerweis(eintrag.Element, EKGGefunden, codes.Element);
-    PruefeVerweis(eintrag.Variantengruppe, VariantengruppeGefunden, codes.Variantengruppe);
-    PruefeUnterverweis(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, codes.Variante);
+// The first six references of a record.
+inline void PruefeVerweise(const Verweissatz& verweise, const VerweisCodes& codes) {
+    PruefeVerweis(verweise.OGL, OGLGefunden, codes.OGL);
+    PruefeUnterverweis(verweise.OGL, verweise.PSL, PSLGefunden, codes.PSL);
+    PruefeVerweis(verweise.KAG, KAGGefunden, codes.KAG);
+    PruefeVerweis(verweise.Element, EKGGefunden, codes.Element);
+    PruefeVerweis(verweise.Variantengruppe, VariantengruppeGefunden, codes.Variantengruppe);
+    PruefeUnterverweis(verweise.Variantengruppe, verweise.Variante, VarianteGefunden, codes.Variante);
 }
 
 } // namespace zepholt

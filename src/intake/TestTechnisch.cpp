@@ -42,9 +42,9 @@ void DateiartBestimmen() {
     testDaten.Dateiformat = testDaten.IstE1S ? u"E1S" : u"01S";
 }
 
-// The first line names another interface than the file's name does, or is not encoded as it must be.
+// The first line doesn't name the interface of its kind of file, or is not encoded as it must be.
 bool FalscheKennung() {
-    return testDaten.IstE1S ? Ablehnen(2004) : Ablehnen(2002);
+    return Ablehnen(testDaten.IstE1S ? 2004 : 2002);
 }
 
 // The decoded first line against the kind of file.

@@ -2,6 +2,7 @@
 
 #include "intake/Dateibytes.h"
 #include "state/TestDaten.h"
+#include "support/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -35,7 +36,7 @@ constexpr std::array<char16_t, 128> Ab128 = {
 // clang-format on
 
 constexpr std::array<unsigned char, 3> Marke = {0xEF, 0xBB, 0xBF};
-constexpr char16_t Ersatzzeichen = 0xFFFD;
+constexpr char32_t Ersatzzeichen = 0xFFFD;
 
 // Copies the bytes up to 127 at the front and returns their number.
 std::size_t AsciiKopieren(ByteSicht bytes, char16_t* ziel) {
@@ -46,69 +47,11 @@ std::size_t AsciiKopieren(ByteSicht bytes, char16_t* ziel) {
     return ende;
 }
 
-// What a leading byte asks for: the length of its sequence, and the limits of the second byte, which keep out longer
-// forms than needed, surrogates and values above U+10FFFF.
-struct Fuehrung {
-    std::size_t Laenge;
-    unsigned char Von;
-    unsigned char Bis;
-};
-
-Fuehrung FuehrungVon(unsigned char byte) {
-    if (byte < 0xC2 || byte > 0xF4) {
-        return {1, 0, 0};
-    }
-    if (byte < 0xE0) {
-        return {2, 0x80, 0xBF};
-    }
-    if (byte < 0xF0) {
-        return {3, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
-                static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
-    }
-    return {4, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
-            static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
-}
-
-// The number of bytes at `stelle`, from 1 on, that are a sequence or the beginning of one.
-std::size_t Uebereinstimmung(ByteSicht bytes, std::size_t stelle, const Fuehrung& fuehrung) {
-    std::size_t anzahl = 1;
-    while (anzahl < fuehrung.Laenge && stelle + anzahl < bytes.size()) {
-        const unsigned char byte = bytes[stelle + anzahl];
-        const bool gut = anzahl == 1 ? byte >= fuehrung.Von && byte <= fuehrung.Bis : (byte & 0xC0) == 0x80;
-        if (!gut) {
-            break;
-        }
-        ++anzahl;
-    }
-    return anzahl;
-}
-
-char32_t Wert(ByteSicht sequenz) {
-    char32_t wert = sequenz[0] & (0x7FU >> sequenz.size());
-    for (const unsigned char byte : sequenz.subspan(1)) {
-        wert = wert << 6 | (byte & 0x3F);
-    }
-    return wert;
-}
-
-// Writes a character as one unit or as a surrogate pair and returns the place behind it.
-char16_t* Schreiben(char32_t zeichen, char16_t* ziel) {
-    if (zeichen > 0xFFFF) {
-        *ziel++ = static_cast<char16_t>(0xD7C0 + (zeichen >> 10));
-        zeichen = 0xDC00 | (zeichen & 0x3FF);
-    }
-    *ziel++ = static_cast<char16_t>(zeichen);
-    return ziel;
-}
-
 // Decodes the sequence at `stelle`, which it moves behind it, and returns the place behind what it wrote.
 char16_t* SequenzDekodieren(ByteSicht bytes, std::size_t& stelle, char16_t* ziel) {
-    const Fuehrung fuehrung = FuehrungVon(bytes[stelle]);
-    const std::size_t anzahl = Uebereinstimmung(bytes, stelle, fuehrung);
-    const bool ganz = fuehrung.Laenge > 1 && anzahl == fuehrung.Laenge;
-    ziel = Schreiben(ganz ? Wert(bytes.subspan(stelle, anzahl)) : Ersatzzeichen, ziel);
-    stelle += anzahl;
-    return ziel;
+    const Utf8Folge folge = Utf8Lesen(bytes.subspan(stelle));
+    stelle += folge.Laenge;
+    return Utf16Schreiben(ziel, folge.Gueltig ? folge.Codepunkt : Ersatzzeichen);
 }
 
 std::chrono::year_month_day Heute() {

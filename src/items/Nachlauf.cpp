@@ -41,7 +41,7 @@ void PruefeTitel(const KapitelEintrag& kapitel) {
         if (istTitel && position.Variablen.empty() && !IstReservePosition(nummer)) {
             MeldenAn(4711, kapitel, position);
         }
-        if (istTitel && !position.Zuordnungen.empty()) { // assignments belong to the end nodes
+        if (istTitel && position.HatZuordnungen) { // assignments belong to the end nodes
             MeldenAn(4731, kapitel, position);
         }
         naechste = nummer;
@@ -49,16 +49,16 @@ void PruefeTitel(const KapitelEintrag& kapitel) {
 }
 
 bool HatText(const VariableEintrag& variable) {
-    return variable.Einfuegepunkt >= 1 || std::ranges::any_of(variable.ZeilenTexte, [](const KurzText& text) {
-               return !OhneLeerzeichenRechts(text).empty();
-           });
+    return variable.Einfuegepunkt >= 1 ||
+           std::ranges::any_of(sia451Datei.Variablenzeilen.Von(variable.Zeilen),
+                               [](const VariablenzeileEintrag& zeile) { return !TextVon(zeile).empty(); });
 }
 
 void PruefeReservetext(const KapitelEintrag& kapitel) {
     const bool reserveKapitel = IstReserveKapitel(kapitel.Nummer);
     for (const PositionEintrag& position : kapitel.Positionen) {
         const bool reserve = reserveKapitel || IstReservePosition(position.Nummer);
-        if (reserve && std::ranges::none_of(position.Variablen, HatText)) {
+        if (reserve && std::ranges::none_of(sia451Datei.Variablen.Von(position.Variablen), HatText)) {
             MeldenAn(4721, kapitel, position);
         }
     }
@@ -69,7 +69,7 @@ void PruefeReservetext(const KapitelEintrag& kapitel) {
 void PruefeVorbemerkungen(std::int32_t index) {
     const KapitelEintrag& kapitel = Kapitel(index);
     for (const PositionEintrag& position : kapitel.Positionen) {
-        for (const MengeEintrag& menge : position.Mengen) {
+        for (const MengeEintrag& menge : sia451Datei.Mengen.Von(position.Mengen)) {
             const std::int32_t vorbemerkung = menge.Vorbemerkung;
             if (vorbemerkung == 0) {
                 continue;

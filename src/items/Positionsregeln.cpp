@@ -22,17 +22,14 @@ std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position
     return Positionsort{kapitelIndex, positionIndex};
 }
 
-double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt) {
+void PruefePreisvorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt) {
     if (preis.Vorzeichen.empty()) {
         if (!preis.Leer) {
             FehlerMelden(vorzeichenFehlt);
         }
-        return preis.Wert;
-    }
-    if (preis.Vorzeichen != u"-" && preis.Vorzeichen != u"+") {
+    } else if (preis.Vorzeichen != u"-" && preis.Vorzeichen != u"+") {
         FehlerMelden(unzulaessig);
     }
-    return preis.Vorzeichen == u"-" && !preis.Leer ? -preis.Wert : preis.Wert;
 }
 
 void PruefePreisart(Feldsicht preisart) {

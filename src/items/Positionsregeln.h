@@ -2,7 +2,7 @@
 #pragma once
 
 #include "doctest/Feldregeln.h"
-#include "state/SIA451Datei.h"
+#include "state/Verweise.h"
 #include "support/Text.h"
 
 #include <initializer_list>
@@ -16,8 +16,7 @@ struct Positionsort {
     std::int32_t Position;
 
     PositionEintrag& Eintrag() const {
-        auto& positionen = sia451Datei.DokumentKapitel[static_cast<std::size_t>(Kapitel)].Positionen;
-        return positionen[static_cast<std::size_t>(Position)];
+        return zepholt::Kapitel(Kapitel).Positionen[static_cast<std::size_t>(Position)];
     }
 };
 
@@ -26,9 +25,9 @@ struct Positionsort {
 std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position, std::int32_t kapitelFehlt,
                                      std::int32_t positionFehlt);
 
-// The price with its sign; positive behind a bad sign, which is reported as `unzulaessig`, or behind none, which is
-// reported as `vorzeichenFehlt` when there is a price. A sign without a price is no fault.
-double PreisMitVorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt);
+// The sign of a price: a bad one is reported as `unzulaessig`, a missing one as `vorzeichenFehlt` when there is a
+// price. A sign without a price is no fault.
+void PruefePreisvorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt);
 
 // The price kind of G5:17 and G6:17, which only the new interface tests: 4521.
 void PruefePreisart(Feldsicht preisart);

@@ -19,9 +19,9 @@ void PruefeG5(); // unit and price: 4501 to 4503 (each stops), 4504 to 4507, 451
 // 2032. `zeilenGruppeG6` tells whether a neighbouring line has a 6 in column 42; the test makes no use of it.
 void PruefeG6(bool zeilenGruppeG6);
 
-// The second half of a detail measurement line, for PruefeG6 only: reads the record anew and adds the line to the
-// quantity that it belongs to, whatever it reports: 4613 to 4615, 4693, 4694, 2032. The arguments are indices from 0.
-void PruefeDetailausmass(std::int32_t kapitel, std::int32_t position, std::int32_t menge);
+// The second half of a detail measurement line, for PruefeG6 only: reads the record anew. 4613 to 4615, 4693, 4694,
+// 2032. No check asks for the line again, so that none is kept.
+void PruefeDetailausmass();
 
 // The checks over the finished tree, run once behind the last G record: 4711, 4721, 4731, 4741, 4742. No line;
 // stamped with chapter and position. The stamps of the last finding stay: the records tested behind it have a line,

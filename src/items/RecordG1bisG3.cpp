@@ -54,15 +54,10 @@ void PruefeKennzeichnung(Feldsicht kennzeichnung) {
     }
 }
 
-// The variable of this number, made when it is the first time that a line names it. Index from 0.
-std::int32_t VariableAnlegen(const Positionsort& ort, std::int32_t nummer) {
-    const std::int32_t index = SucheVariable(ort.Kapitel, ort.Position, nummer);
-    if (index != -1) {
-        return index;
-    }
-    VariableEintrag& neue = ort.Eintrag().Variablen.emplace_back();
-    neue.Nummer = nummer;
-    return static_cast<std::int32_t>(ort.Eintrag().Variablen.size()) - 1;
+// The variable of this number, made when it is the first time that a line names it.
+VariableEintrag& VariableAnlegen(PositionEintrag& position, std::int32_t nummer) {
+    VariableEintrag* const vorhandene = SucheVariable(position, nummer);
+    return vorhandene != nullptr ? *vorhandene : sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = nummer});
 }
 
 // G3:24d. `variable` as it stands before this line.
@@ -86,7 +81,6 @@ struct Variablenzeile {
     std::int32_t Position;
     std::int32_t Variable;
     std::int32_t Zeile;
-    Feldsicht Text;
     Feldsicht AlternativCode;
     std::int32_t Einfuegepunkt;
     Feldsicht Kennzeichnung;
@@ -97,7 +91,6 @@ Variablenzeile LiesG3() {
             .Position = ZahlFeld(8, 6, Zwingend),           // G3:3
             .Variable = ZahlFeld(14, 2, Zwingend),          // G3:4
             .Zeile = ZahlFeld(16, 2, Zwingend),             // G3:5
-            .Text = TextFeld(93, 30, Freiwillig),           // G3:23
             .AlternativCode = TextFeld(135, 1, Freiwillig), // G3:24c
             .Einfuegepunkt = ZahlFeld(136, 2, Freiwillig),  // G3:24d
             .Kennzeichnung = TextFeld(43, 1, Freiwillig)};  // G3:12
@@ -106,10 +99,9 @@ Variablenzeile LiesG3() {
 } // namespace
 
 void PruefeG1() {
-    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);       // G1:2a
-    const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);         // G1:2c
-    const Feldsicht titel = TextFeld(93, 30, Erwartet);         // G1:23
-    const Feldsicht zusatztext = TextFeld(138, 30, Freiwillig); // G1:24e
+    const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // G1:2a
+    const std::int32_t jahr = ZahlFeld(6, 2, Zwingend);   // G1:2c
+    const Feldsicht titel = TextFeld(93, 30, Erwartet);   // G1:23
 
     if (!KapitelnummerErlaubt(nummer)) {
         return FehlerMelden(4101);
@@ -127,14 +119,11 @@ void PruefeG1() {
     KapitelEintrag& kapitel = sia451Datei.DokumentKapitel.emplace_back();
     kapitel.Nummer = nummer;
     kapitel.Versionsjahr = jahr >= 89 ? 1900 + jahr : 2000 + jahr;
-    kapitel.Titel = titel;
-    kapitel.Zusatztext = zusatztext;
 }
 
 void PruefeG2() {
     const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);       // G2:2a
     const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);        // G2:3
-    const Feldsicht text = TextFeld(93, 30, Freiwillig);         // G2:23
     const Feldsicht kennzeichnung = TextFeld(43, 1, Freiwillig); // G2:12
 
     const std::int32_t kapitelIndex = SucheKapitel(kapitel);
@@ -155,10 +144,7 @@ void PruefeG2() {
     }
     PruefeKennzeichnung(kennzeichnung);
 
-    auto& positionen = sia451Datei.DokumentKapitel[static_cast<std::size_t>(kapitelIndex)].Positionen;
-    PositionEintrag& position = positionen.emplace_back();
-    position.Nummer = nummer;
-    position.Text = text;
+    Kapitel(kapitelIndex).Positionen.emplace_back().Nummer = nummer;
 }
 
 void PruefeG3() {
@@ -173,12 +159,12 @@ void PruefeG3() {
     }
 
     // The variable stays, also when its line is refused.
-    const std::int32_t index = VariableAnlegen(*ort, satz.Variable);
-    VariableEintrag& variable = ort->Eintrag().Variablen[static_cast<std::size_t>(index)];
-    if (SucheZeile(ort->Kapitel, ort->Position, index, satz.Zeile) != -1) {
+    VariableEintrag& variable = VariableAnlegen(ort->Eintrag(), satz.Variable);
+    const auto zeile = static_cast<std::size_t>(satz.Zeile);
+    if (variable.Zeilennummern[zeile]) {
         return FehlerMelden(4303);
     }
-    if (satz.Zeile != 1 && SucheZeile(ort->Kapitel, ort->Position, index, 1) == -1) {
+    if (satz.Zeile != 1 && !variable.Zeilennummern[1]) {
         FehlerMelden(4304);
     }
     if (NeueSchnittstelle() && !satz.AlternativCode.empty()) {
@@ -187,11 +173,9 @@ void PruefeG3() {
     PruefeEinfuegepunkt(variable, satz.Einfuegepunkt);
     PruefeKennzeichnung(satz.Kennzeichnung);
 
-    variable.AlternativCode = {};                // obsolete: dropped in both interfaces
     variable.Einfuegepunkt = satz.Einfuegepunkt; // also with 0: the checks that follow see the last line only
-    variable.LetzteZeile = satz.Zeile;
-    variable.ZeilenTexte.push_back(satz.Text);
-    variable.ZeilenNrn.push_back(satz.Zeile);
+    variable.Zeilennummern.set(zeile);
+    sia451Datei.Variablenzeilen.Anfuegen(variable.Zeilen, {.Zeile = testDaten.ZeilenNr, .Nummer = satz.Zeile});
 }
 
 } // namespace zepholt

@@ -10,7 +10,6 @@
 #include "state/Verweise.h"
 
 #include <algorithm>
-#include <array>
 
 namespace zepholt {
 
@@ -19,26 +18,27 @@ namespace {
 struct Zuordnungssatz {
     std::int32_t Kapitel;
     std::int32_t Position;
+    Verweissatz Verweise;
     Feldsicht Spezifikation;
-    ZuordnungEintrag Eintrag;
+    std::int32_t Reihenfolge; // 0 in the new interface
 };
 
 Zuordnungssatz LiesG4() {
     Zuordnungssatz satz = {};
-    ZuordnungEintrag& eintrag = satz.Eintrag;
-    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                   // G4:2a
-    satz.Position = ZahlFeld(8, 6, Zwingend);                                  // G4:3
-    eintrag.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig);              // G4:6
-    eintrag.PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig);              // G4:7
-    eintrag.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig);  // G4:8
-    eintrag.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);         // G4:9
-    eintrag.KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig);              // G4:21
-    eintrag.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);          // G4:22
-    eintrag.Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig); // G4:24b
-    satz.Spezifikation = TextFeld(135, 1, Freiwillig);                         // G4:24c
-    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);        // G4:24f
-    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);           // G4:24g
-    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2);                             // G4:24d, 3208
+    Verweissatz& verweise = satz.Verweise;
+    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                    // G4:2a
+    satz.Position = ZahlFeld(8, 6, Zwingend);                                   // G4:3
+    verweise.OGL = SchluesselFeld(18, 6, JokerAmEnde, Freiwillig);              // G4:6
+    verweise.PSL = SchluesselFeld(24, 6, JokerAmEnde, Freiwillig);              // G4:7
+    verweise.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig);  // G4:8
+    verweise.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);         // G4:9
+    verweise.KAG = SchluesselFeld(82, 5, JokerAmEnde, Freiwillig);              // G4:21
+    verweise.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);          // G4:22
+    verweise.Einrichtungstyp = SchluesselFeld(129, 6, JokerAmEnde, Freiwillig); // G4:24b
+    satz.Spezifikation = TextFeld(135, 1, Freiwillig);                          // G4:24c
+    verweise.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);        // G4:24f
+    verweise.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);           // G4:24g
+    satz.Reihenfolge = ReihenfolgeFeld(136, 2);                                 // G4:24d, 3208
     return satz;
 }
 
@@ -59,40 +59,26 @@ void PruefeMitSpezifikation(Feldsicht code, bool (*gefunden)(Feldsicht), std::in
     }
 }
 
-void PruefeG4Verweise(const ZuordnungEintrag& eintrag, bool stern, bool einrichtungErlaubt) {
+void PruefeG4Verweise(const Verweissatz& verweise, bool stern, bool einrichtungErlaubt) {
     // The star belongs to the furnishing type: one without the other is a fault in a chapter that has no furnishing.
     const bool zuViel = stern && !einrichtungErlaubt;
     const bool zuWenig = !stern && !einrichtungErlaubt;
 
-    PruefeMitSpezifikation(eintrag.OGL, OGLGefunden, 4411, zuViel, 4412);
-    PruefeUnterverweis(eintrag.OGL, eintrag.PSL, PSLGefunden, {4413, 4414, 4415});
-    PruefeMitSpezifikation(eintrag.KAG, KAGGefunden, 4421, zuViel, 4422);
-    PruefeMitSpezifikation(eintrag.Element, EKGGefunden, 4431, zuViel, 4432);
-    PruefeMitSpezifikation(eintrag.Variantengruppe, VariantengruppeGefunden, 4441, zuViel, 4442);
-    PruefeUnterverweis(eintrag.Variantengruppe, eintrag.Variante, VarianteGefunden, {4443, 4444, 4445});
-    PruefeMitSpezifikation(eintrag.Einrichtungstyp, EinrichtungGefunden, 4451, zuWenig, 4452);
-    PruefeMitSpezifikation(eintrag.Nutzung, NutzungGefunden, 4491, zuViel, 4492);
-    PruefeMitSpezifikation(eintrag.Raum, RaumGefunden, 4495, zuViel, 4496);
-}
-
-bool HatVerweisMitJoker(const ZuordnungEintrag& eintrag) {
-    const std::array<Feldsicht, 9> verweise = {eintrag.OGL,
-                                               eintrag.PSL,
-                                               eintrag.KAG,
-                                               eintrag.Element,
-                                               eintrag.Variantengruppe,
-                                               eintrag.Variante,
-                                               eintrag.Einrichtungstyp,
-                                               eintrag.Nutzung,
-                                               eintrag.Raum};
-    return std::ranges::any_of(verweise, HatJoker);
+    PruefeMitSpezifikation(verweise.OGL, OGLGefunden, 4411, zuViel, 4412);
+    PruefeUnterverweis(verweise.OGL, verweise.PSL, PSLGefunden, {4413, 4414, 4415});
+    PruefeMitSpezifikation(verweise.KAG, KAGGefunden, 4421, zuViel, 4422);
+    PruefeMitSpezifikation(verweise.Element, EKGGefunden, 4431, zuViel, 4432);
+    PruefeMitSpezifikation(verweise.Variantengruppe, VariantengruppeGefunden, 4441, zuViel, 4442);
+    PruefeUnterverweis(verweise.Variantengruppe, verweise.Variante, VarianteGefunden, {4443, 4444, 4445});
+    PruefeMitSpezifikation(verweise.Einrichtungstyp, EinrichtungGefunden, 4451, zuWenig, 4452);
+    PruefeMitSpezifikation(verweise.Nutzung, NutzungGefunden, 4491, zuViel, 4492);
+    PruefeMitSpezifikation(verweise.Raum, RaumGefunden, 4495, zuViel, 4496);
 }
 
 } // namespace
 
 void PruefeG4() {
     const Zuordnungssatz satz = LiesG4();
-    const ZuordnungEintrag& eintrag = satz.Eintrag;
 
     const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4401, 4402);
     if (!ort) {
@@ -104,16 +90,16 @@ void PruefeG4() {
     PositionEintrag& position = ort->Eintrag();
 
     const bool stern = SternGesetzt(satz.Spezifikation);
-    PruefeG4Verweise(eintrag, stern, EinrichtungErlaubt(satz.Kapitel));
-    if (ReihenfolgeVergeben(position, eintrag.Reihenfolge)) {
+    PruefeG4Verweise(satz.Verweise, stern, EinrichtungErlaubt(satz.Kapitel));
+    if (ReihenfolgeVergeben(position, satz.Reihenfolge)) {
         FehlerMelden(4471);
     }
-    if (NeueSchnittstelle() && HatVerweisMitJoker(eintrag)) {
+    if (NeueSchnittstelle() && std::ranges::any_of(satz.Verweise.Alle(), HatJoker)) {
         FehlerMelden(4481);
     }
 
-    position.Zuordnungen.push_back(eintrag);
-    ReihenfolgeMerken(position, eintrag.Reihenfolge);
+    position.HatZuordnungen = true;
+    ReihenfolgeMerken(position, satz.Reihenfolge);
 }
 
 } // namespace zepholt

@@ -69,16 +69,14 @@ void PruefeG5() {
     }
     const KapitelEintrag& kapitelEintrag = Kapitel(ort->Kapitel);
     PruefeEinheit(einheit, kapitel, kapitelEintrag.Versionsjahr, nummer);
-    const double preisMitVorzeichen = PreisMitVorzeichen(preis, 4506, 4507);
+    PruefePreisvorzeichen(preis, 4506, 4507);
     PruefePreisart(preisart); // 4521
 
     // A second record of the same position takes the place of the first.
     PositionEintrag& position = ort->Eintrag();
     position.HatG5 = true;
-    position.Mengeneinheit = einheit;
-    position.Preis = preisMitVorzeichen;
+    position.HatPreisart = !preisart.empty();
     position.HatPreisVorzeichen = !preis.Vorzeichen.empty();
-    position.Preisart = preisart;
 }
 
 } // namespace zepholt

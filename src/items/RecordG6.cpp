@@ -13,8 +13,6 @@
 #include "state/Verweise.h"
 #include "support/HilfsFunktionen.h"
 
-#include <utility>
-
 namespace zepholt {
 
 namespace {
@@ -23,10 +21,14 @@ struct Mengensatz {
     std::int32_t Kapitel;
     std::int32_t Position;
     bool IstDetail; // a detail measurement line
+    Verweissatz Verweise;
+    Feldsicht Mengenart;
     Betrag Menge;
     Betrag Preis;
+    Feldsicht Laufnummer;
+    std::int32_t Vorbemerkung;
     Feldsicht Preisart;
-    MengeEintrag Eintrag; // but for Menge and Preis, which the tests give their signs
+    std::int32_t Reihenfolge; // 0 in the new interface
 };
 
 Feldsicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
@@ -35,27 +37,26 @@ Feldsicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
 
 Mengensatz LiesG6() {
     Mengensatz satz = {};
-    MengeEintrag& eintrag = satz.Eintrag;
-    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                      // G6:2a
-    satz.Position = ZahlFeld(8, 6, Zwingend);                                     // G6:3
-    satz.IstDetail = !FeldLeer(16, 2) || !FeldLeer(14, 2);                        // G6:5, G6:4
-    eintrag.OGL = Schluessel(18, 6);                                              // G6:6
-    eintrag.PSL = Schluessel(24, 6);                                              // G6:7
-    eintrag.Variantengruppe = Schluessel(30, 3);                                  // G6:8
-    eintrag.Variante = Schluessel(33, 3);                                         // G6:9
-    eintrag.Zusatzfeld = TextFeld(36, 6, Freiwillig);                             // G6:10
-    eintrag.Mengenart = satz.IstDetail ? Feldsicht() : TextFeld(44, 1, Zwingend); // G6:13
-    satz.Menge = BetragFeld(45, 46, 13, 3);                                       // G6:14, G6:15
-    satz.Preis = BetragFeld(62, 63, 12, 2);                                       // G6:18, G6:19
-    eintrag.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
-    eintrag.KAG = Schluessel(82, 5);                                              // G6:21
-    eintrag.Element = Schluessel(87, 6);                                          // G6:22
-    eintrag.Vorbemerkung = ZahlFeld(123, 6, Freiwillig);                          // G6:24a
-    eintrag.Einrichtungstyp = Schluessel(129, 6);                                 // G6:24b
-    satz.Preisart = TextFeld(61, 1, Freiwillig);                                  // G6:17
-    eintrag.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);           // G6:24f
-    eintrag.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);              // G6:24g
-    eintrag.Reihenfolge = ReihenfolgeFeld(136, 2);                                // G6:24d, 3208
+    Verweissatz& verweise = satz.Verweise;
+    satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                   // G6:2a
+    satz.Position = ZahlFeld(8, 6, Zwingend);                                  // G6:3
+    satz.IstDetail = !FeldLeer(16, 2) || !FeldLeer(14, 2);                     // G6:5, G6:4
+    verweise.OGL = Schluessel(18, 6);                                          // G6:6
+    verweise.PSL = Schluessel(24, 6);                                          // G6:7
+    verweise.Variantengruppe = Schluessel(30, 3);                              // G6:8
+    verweise.Variante = Schluessel(33, 3);                                     // G6:9
+    satz.Mengenart = satz.IstDetail ? Feldsicht() : TextFeld(44, 1, Zwingend); // G6:13
+    satz.Menge = BetragFeld(45, 46, 13, 3);                                    // G6:14, G6:15
+    satz.Preis = BetragFeld(62, 63, 12, 2);                                    // G6:18, G6:19
+    satz.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
+    verweise.KAG = Schluessel(82, 5);                                          // G6:21
+    verweise.Element = Schluessel(87, 6);                                      // G6:22
+    satz.Vorbemerkung = ZahlFeld(123, 6, Freiwillig);                          // G6:24a
+    verweise.Einrichtungstyp = Schluessel(129, 6);                             // G6:24b
+    satz.Preisart = TextFeld(61, 1, Freiwillig);                               // G6:17
+    verweise.Nutzung = SchluesselFeld(168, 16, JokerAmEnde, Freiwillig);       // G6:24f
+    verweise.Raum = SchluesselFeld(188, 16, JokerAmEnde, Freiwillig);          // G6:24g
+    satz.Reihenfolge = ReihenfolgeFeld(136, 2);                                // G6:24d, 3208
     return satz;
 }
 
@@ -79,25 +80,25 @@ bool IstPrimaervariante(Feldsicht gruppe, Feldsicht variante) {
     return index != -1 && sia451Datei.VariantenTabelle[index].Primaervariante == variante;
 }
 
-void PruefePrimaervariante(const MengeEintrag& menge) {
-    if (menge.Variante.empty() || !ArtIn(u"JKLMQRSU", menge.Mengenart)) {
+void PruefePrimaervariante(const Mengensatz& satz) {
+    const Verweissatz& verweise = satz.Verweise;
+    if (verweise.Variante.empty() || !ArtIn(u"JKLMQRSU", satz.Mengenart)) {
         return;
     }
-    const bool primaer = IstPrimaervariante(menge.Variantengruppe, menge.Variante);
-    if (!ArtIn(primaer ? u"JKLM" : u"QRSU", menge.Mengenart)) {
+    const bool primaer = IstPrimaervariante(verweise.Variantengruppe, verweise.Variante);
+    if (!ArtIn(primaer ? u"JKLM" : u"QRSU", satz.Mengenart)) {
         FehlerMelden(4612);
     }
 }
 
 // The price of a quantity that has one of its own.
-void PruefePreis(Mengensatz& satz) {
-    satz.Eintrag.Preis = PreisMitVorzeichen(satz.Preis, 4622, 4623);
+void PruefePreis(const Mengensatz& satz) {
+    PruefePreisvorzeichen(satz.Preis, 4622, 4623);
     PruefePreisart(satz.Preisart); // 4521
 }
 
-// A quantity of a position that has the price already. The price stays positive, whatever its sign.
-void PruefeOhnePreis(Mengensatz& satz) {
-    satz.Eintrag.Preis = satz.Preis.Wert;
+// A quantity of a position that has the price already.
+void PruefeOhnePreis(const Mengensatz& satz) {
     const bool mitPreis = !satz.Preis.Vorzeichen.empty() || !satz.Preis.Leer;
     if (NeueSchnittstelle()) {
         if (mitPreis || !satz.Preisart.empty()) {
@@ -109,70 +110,60 @@ void PruefeOhnePreis(Mengensatz& satz) {
 }
 
 // What only a plain quantity can have.
-void PruefeEinfacheMenge(Mengensatz& satz, const PositionEintrag& position) {
-    const MengeEintrag& menge = satz.Eintrag;
-    if (menge.Mengenart == u"W" && menge.Menge != 0) {
+void PruefeEinfacheMenge(const Mengensatz& satz, const PositionEintrag& position) {
+    if (satz.Mengenart == u"W" && satz.Menge.Wert != 0) {
         FehlerMelden(4616);
     }
-    if (position.Preisart.empty() && !position.HatPreisVorzeichen) {
+    if (!position.HatPreisart && !position.HatPreisVorzeichen) {
         PruefePreis(satz);
     } else {
         PruefeOhnePreis(satz);
     }
 }
 
-void PruefeG6Verweise(const MengeEintrag& menge) {
-    PruefeVerweise(menge, {.OGL = 4631,
-                           .PSL = {4632, 0, 4633},
-                           .KAG = 4641,
-                           .Element = 4651,
-                           .Variantengruppe = 4661,
-                           .Variante = {4662, 0, 4663}});
-    PruefeVerweis(menge.Einrichtungstyp, EinrichtungGefunden, 4671);
-    PruefeVerweis(menge.Nutzung, NutzungGefunden, 4674);
-    PruefeVerweis(menge.Raum, RaumGefunden, 4677);
+void PruefeG6Verweise(const Verweissatz& verweise) {
+    PruefeVerweise(verweise, {.OGL = 4631,
+                              .PSL = {4632, 0, 4633},
+                              .KAG = 4641,
+                              .Element = 4651,
+                              .Variantengruppe = 4661,
+                              .Variante = {4662, 0, 4663}});
+    PruefeVerweis(verweise.Einrichtungstyp, EinrichtungGefunden, 4671);
+    PruefeVerweis(verweise.Nutzung, NutzungGefunden, 4674);
+    PruefeVerweis(verweise.Raum, RaumGefunden, 4677);
 }
 
 // The running number, unique in the whole document. In the new interface a value of 0 counts as taken and leaves the
 // quantity without a number.
-void PruefeLaufnummer(MengeEintrag& menge) {
-    if (menge.Laufnummer.empty()) {
+void PruefeLaufnummer(Feldsicht& laufnummer) {
+    if (laufnummer.empty()) {
         return;
     }
-    if (NeueSchnittstelle() && GanzzahlAmAnfang(Text(Feldsicht(menge.Laufnummer))) == 0) {
-        menge.Laufnummer = {};
+    if (NeueSchnittstelle() && GanzzahlAmAnfang(Text(laufnummer)) == 0) {
+        laufnummer = {};
         return FehlerMelden(4682);
     }
-    if (!PruefzifferGueltig(menge.Laufnummer)) {
+    if (!PruefzifferGueltig(laufnummer)) {
         return FehlerMelden(4681);
     }
-    if (LaufnummerVergeben(menge.Laufnummer)) {
+    if (LaufnummerVergeben(laufnummer)) {
         FehlerMelden(4682);
     }
 }
 
-void PruefeKostenkonto(const MengeEintrag& menge) {
+void PruefeKostenkonto(const Verweissatz& verweise) {
     if (testDaten.Revision != 0 || sia451Datei.KostenkontoTabelle.empty()) {
         return;
     }
-    if (!KostenkontoGefunden(menge.OGL, menge.PSL, menge.KAG, menge.Element, menge.Variantengruppe, menge.Variante)) {
+    if (!KostenkontoGefunden(verweise)) {
         FehlerMelden(4691);
     }
-}
-
-void OrdneDetailZu(const Positionsort& ort, const MengeEintrag& verweise) {
-    const std::int32_t index = SucheMenge(ort.Kapitel, ort.Position, verweise);
-    if (index == -1) {
-        return FehlerMelden(4692);
-    }
-    PruefeDetailausmass(ort.Kapitel, ort.Position, index);
 }
 
 } // namespace
 
 void PruefeG6(bool /*zeilenGruppeG6*/) {
     Mengensatz satz = LiesG6();
-    MengeEintrag& menge = satz.Eintrag;
 
     const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4601, 4602);
     if (!ort) {
@@ -183,26 +174,26 @@ void PruefeG6(bool /*zeilenGruppeG6*/) {
         return FehlerMelden(4602); // a position without unit and price counts as missing
     }
 
-    PruefeMengenart(menge.Mengenart);
-    PruefePrimaervariante(menge);
-    menge.Menge = MitVorzeichen(satz.Menge, {4613, 4614, 4615});
+    PruefeMengenart(satz.Mengenart);
+    PruefePrimaervariante(satz);
+    PruefeVorzeichen(satz.Menge, {4613, 4614, 4615});
     if (!satz.IstDetail) {
         PruefeEinfacheMenge(satz, position);
     }
-    PruefeG6Verweise(menge);
-    PruefeLaufnummer(menge);
-    if (ReihenfolgeVergeben(position, menge.Reihenfolge)) {
+    PruefeG6Verweise(satz.Verweise);
+    PruefeLaufnummer(satz.Laufnummer);
+    if (ReihenfolgeVergeben(position, satz.Reihenfolge)) {
         FehlerMelden(4683);
     }
-    PruefeKostenkonto(menge);
+    PruefeKostenkonto(satz.Verweise);
     if (satz.IstDetail) {
-        return OrdneDetailZu(*ort, menge);
+        return HatMengeMit(ort->Kapitel, ort->Position, satz.Verweise) ? PruefeDetailausmass() : FehlerMelden(4692);
     }
 
     PruefeLeereFelder({{14, 2}, {16, 2}, {93, 30}, {138, 30}, {208, 30}}); // 2032; the first two decide the form
-    LaufnummerMerken(menge.Laufnummer);
-    ReihenfolgeMerken(position, menge.Reihenfolge);
-    position.Mengen.push_back(std::move(menge));
+    LaufnummerMerken(satz.Laufnummer);
+    ReihenfolgeMerken(position, satz.Reihenfolge);
+    sia451Datei.Mengen.Anfuegen(position.Mengen, {.Zeile = testDaten.ZeilenNr, .Vorbemerkung = satz.Vorbemerkung});
 }
 
 } // namespace zepholt

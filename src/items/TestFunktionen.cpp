@@ -1,6 +1,5 @@
 #include "items/TestFunktionen.h"
 
-#include "state/SIA451Datei.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
@@ -39,13 +38,12 @@ bool JokerGleich(Feldsicht wert, Feldsicht muster) {
     return joker == Feldsicht::npos ? wert == muster : wert.substr(0, joker) == muster.substr(0, joker);
 }
 
-bool KostenkontoGefunden(Feldsicht ogl, Feldsicht psl, Feldsicht kag, Feldsicht element, Feldsicht gruppe,
-                         Feldsicht variante) {
-    const Text objekt = Paar(ogl, 6, psl);
-    const Text kostenart = LinksBuendig(Text(kag), 5);
-    const Text bauteil = LinksBuendig(Text(element), 6);
-    const Text wahl = Paar(gruppe, 3, variante);
-    return std::ranges::any_of(sia451Datei.KostenkontoTabelle, [&](const KostenkontoEintrag& konto) {
+bool KostenkontoGefunden(const Verweissatz& verweise) {
+    const Text objekt = Paar(verweise.OGL, 6, verweise.PSL);
+    const Text kostenart = LinksBuendig(Text(verweise.KAG), 5);
+    const Text bauteil = LinksBuendig(Text(verweise.Element), 6);
+    const Text wahl = Paar(verweise.Variantengruppe, 3, verweise.Variante);
+    return std::ranges::any_of(sia451Datei.KostenkontoTabelle, [&](const Verweissatz& konto) {
         return JokerGleich(objekt, Paar(konto.OGL, 6, konto.PSL)) &&
                JokerGleich(kostenart, LinksBuendig(Text(konto.KAG), 5)) &&
                JokerGleich(bauteil, LinksBuendig(Text(konto.Element), 6)) &&

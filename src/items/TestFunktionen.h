@@ -1,7 +1,7 @@
 // Small rules on texts that the item records apply. No state, no reports.
 #pragma once
 
-#include "state/Feldsicht.h"
+#include "state/SIA451Datei.h"
 
 namespace zepholt {
 
@@ -16,8 +16,7 @@ bool JokerGleich(Feldsicht wert, Feldsicht muster);
 // True when a cost account (B9) covers these references: object structure with position location, cost type, element,
 // variant group with variant, each with the joker of the cost account. A joker in the first of a pair covers the second
 // too. Reached in no run, since B9 records are not read.
-bool KostenkontoGefunden(Feldsicht ogl, Feldsicht psl, Feldsicht kag, Feldsicht element, Feldsicht gruppe,
-                         Feldsicht variante);
+bool KostenkontoGefunden(const Verweissatz& verweise);
 
 // True when positions of the chapter may carry furnishing types: every chapter may. A chapter that may not would bind
 // the furnishing detail (G4:24c) to the furnishing type: 4412, 4422, 4432, 4442, 4452, 4492, 4496.

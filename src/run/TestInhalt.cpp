@@ -17,10 +17,6 @@ namespace zepholt {
 
 namespace {
 
-Feldsicht ZeileAn(std::int32_t index) {
-    return testDaten.Zeilen[static_cast<std::size_t>(index)];
-}
-
 // Column 42; 0 for a line that ends before it.
 char16_t Ziffer(Feldsicht zeile) {
     return zeile.size() >= 42 ? zeile[41] : u'\0';

@@ -1,17 +1,19 @@
 // What the tests keep of the exchange file: header fields, structure tables, conditions, and the tree of chapters and
-// positions.
+// positions; of each record what later checks ask for.
 //
 // One instance in a process; each table is filled by its one record test and only grows. Texts are views into the
-// decoded file, right-trimmed. Names in comments are the fields of the interface definition.
+// file, right-trimmed. Names in comments are the fields of the interface definition.
 #pragma once
 
 #include "state/CodeListe.h"
 #include "state/Feldsicht.h"
-#include "state/KurzText.h"
+#include "state/Kette.h"
 #include "state/NummernIndex.h"
 #include "support/Text.h"
 
+#include <array>
 #include <bitset>
+#include <deque>
 #include <functional>
 #include <map>
 #include <set>
@@ -20,199 +22,105 @@
 
 namespace zepholt {
 
-// --- Structure tables (records B1 to B9) -----------------------------------------------------------------------------
+// --- Structure tables (records B1 to B8) -----------------------------------------------------------------------------
 
-struct KAGEintrag {        // cost type
-    Feldsicht Code;        // B1:21
-    Feldsicht Bezeichnung; // B1:23
-    Feldsicht Text;        // B1:24e
-    Feldsicht ECode;       // B1:24h
+struct Codeeintrag {
+    Feldsicht Code; // cost type B1:21, element B3:22, use B7:24f, room B8:24g
 };
 
-struct PSLEintrag {               // position location below an object structure code
-    Feldsicht Code;               // B2:7
-    Feldsicht Bezeichnung;        // B2:23
-    Feldsicht Text;               // B2:24e
-    std::int32_t Reihenfolge = 0; // B2:20
+struct Reihencode {
+    Feldsicht Code;               // position location B2:7, furnishing type B4:24b, variant B6:9
+    std::int32_t Reihenfolge = 0; // B2:20, B4:20, B6:20
 };
 
 struct OGLEintrag {               // object structure
     Feldsicht Code;               // B2:6
-    Feldsicht Bezeichnung;        // B2:23
-    Feldsicht Text;               // B2:24e
     std::int32_t Reihenfolge = 0; // B2:20
-    CodeListe<PSLEintrag> PSLListe;
-};
-
-struct EKGEintrag {          // element
-    Feldsicht Code;          // B3:22
-    Feldsicht Bezeichnung;   // B3:23
-    Feldsicht Text;          // B3:24e
-    Feldsicht Mengeneinheit; // B3:16
-    Feldsicht ECode;         // B3:24h
-};
-
-struct EinrichtungEintrag {       // furnishing type
-    Feldsicht Code;               // B4:24b
-    Feldsicht Bezeichnung;        // B4:23
-    Feldsicht Text;               // B4:24e
-    std::int32_t Reihenfolge = 0; // B4:20
-};
-
-struct VarianteEintrag {
-    Feldsicht Code;               // B6:9
-    Feldsicht Bezeichnung;        // B6:23
-    Feldsicht Text;               // B6:24e
-    std::int32_t Reihenfolge = 0; // B6:20
+    CodeListe<Reihencode> PSLListe;
 };
 
 struct VariantengruppeEintrag {
     Feldsicht Code;               // B5:8
-    Feldsicht Bezeichnung;        // B5:23
-    Feldsicht Text;               // B5:24e
     Feldsicht Primaervariante;    // B5:24c-d
     std::int32_t Reihenfolge = 0; // B5:20
-    CodeListe<VarianteEintrag> Varianten;
+    CodeListe<Reihencode> Varianten;
 };
 
-struct NutzungEintrag {    // use
-    Feldsicht Code;        // B7:24f
-    Feldsicht Bezeichnung; // B7:23
-    Feldsicht Text;        // B7:24e
-};
+// --- References (records B9, C5, G4 and G6) --------------------------------------------------------------------------
 
-struct RaumEintrag {       // room
-    Feldsicht Code;        // B8:24g
-    Feldsicht Bezeichnung; // B8:23
-    Feldsicht Text;        // B8:24e
-};
+// The texts that a record refers to the structure tables by.
+struct Verweissatz {
+    Feldsicht OGL = {};             // field 6
+    Feldsicht PSL = {};             // 7
+    Feldsicht KAG = {};             // 21
+    Feldsicht Element = {};         // 22
+    Feldsicht Variantengruppe = {}; // 8
+    Feldsicht Variante = {};        // 9
+    Feldsicht Einrichtungstyp = {}; // 24b
+    Feldsicht Nutzung = {};         // 24f
+    Feldsicht Raum = {};            // 24g
 
-struct KostenkontoEintrag {    // cost account
-    Feldsicht OGL;             // B9:6
-    Feldsicht PSL;             // B9:7
-    Feldsicht KAG;             // B9:21
-    Feldsicht Element;         // B9:22
-    Feldsicht Variantengruppe; // B9:8
-    Feldsicht Variante;        // B9:9
-    double Menge = 0;          // B9:15 with the sign of B9:14
-    double Preis = 0;          // B9:19 with the sign of B9:18
+    std::array<Feldsicht, 9> Alle() const {
+        return {OGL, PSL, KAG, Element, Variantengruppe, Variante, Einrichtungstyp, Nutzung, Raum};
+    }
+    bool operator==(const Verweissatz&) const = default;
 };
 
 // --- Conditions (records C1 and C5) ----------------------------------------------------------------------------------
 
-struct EinschraenkungEintrag {
-    Feldsicht OGL;                // C5:6
-    Feldsicht PSL;                // C5:7
-    Feldsicht KAG;                // C5:21
-    Feldsicht Element;            // C5:22
-    Feldsicht Einrichtungstyp;    // C5:24b
-    Feldsicht Variantengruppe;    // C5:8
-    Feldsicht Variante;           // C5:9
-    Feldsicht Kapitelangabe;      // C5:3a
-    std::int32_t Reihenfolge = 0; // C5:24d
-};
-
 struct KonditionEintrag {
-    std::int32_t Nummer = 0;        // C1:2a, 1 to 999
-    std::int32_t Stufe = 0;         // C1:2c, 1 to 99: the order of calculation
-    std::int32_t Bezugsstufe = 0;   // C1:5
-    std::int32_t Konditionsart = 0; // C1:2b, 1 to 5: 2 is value added tax, 3 discount for early payment
-    Feldsicht Berechnungsart;       // C1:13, "%" for a percentage
-    Feldsicht Beruecksichtigt;      // C1:17
-    std::int32_t Zahlungsfrist = 0; // C1:10
-    double Bezugsbetrag = 0;        // C1:15-16 with the sign of C1:14
-    double Prozentwert = 0;         // C1:20b with the sign of C1:20a
-    double Konditionsbetrag = 0;    // C1:19 with the sign of C1:18
-    Feldsicht Bezeichnung;          // C1:23
-    Feldsicht Text;                 // C1:24e
-    std::vector<EinschraenkungEintrag> Einschraenkungen;
-    std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Einschraenkungen
+    std::int32_t Stufe = 0;             // C1:2c, 0 to 99: the order of calculation
+    std::int32_t Konditionsart = 0;     // C1:2b: 2 is value added tax
+    std::bitset<100> Reihenfolgen = {}; // the orders of its restrictions, C5:24d
 };
 
 // --- The tree (records G1 to G6) -------------------------------------------------------------------------------------
 
-struct DetailEintrag {            // detail measurement line, eG6
-    std::int32_t Gruppe = 0;      // G6:4, 1 to 99 when valid
-    std::int32_t DetailZeile = 0; // G6:5, 1 to 99 when valid
-    KurzText Text1;               // G6:23
-    KurzText Text2;               // G6:24e
-    KurzText Text3;               // G6:24h
-    double Menge = 0;             // G6:15 with the sign of G6:14
-};
+// Entries name the line that they came from, as index into testDaten.Zeilen: a field that is seldom asked for is read
+// from there again.
 
 struct MengeEintrag {              // quantity or partial quantity
-    KurzText Mengenart;            // G6:13
-    double Menge = 0;              // G6:15 with the sign of G6:14
-    double Preis = 0;              // G6:19 with the sign of G6:18
-    KurzText OGL;                  // G6:6
-    KurzText PSL;                  // G6:7
-    KurzText KAG;                  // G6:21
-    KurzText Element;              // G6:22
-    KurzText Variantengruppe;      // G6:8
-    KurzText Variante;             // G6:9
-    KurzText Einrichtungstyp;      // G6:24b
-    KurzText Nutzung;              // G6:24f
-    KurzText Raum;                 // G6:24g
+    std::int32_t Zeile = 0;        // its references: see VerweiseIn
     std::int32_t Vorbemerkung = 0; // G6:24a, position number of the preliminary remark, 0 for none
-    KurzText Laufnummer;           // G6:20, emptied when its value is 0
-    KurzText Zusatzfeld;           // G6:10, stored, not tested
-    std::int32_t Reihenfolge = 0;  // G6:24d, 0 in the new interface
-    std::vector<DetailEintrag> Details;
 };
 
-struct ZuordnungEintrag {         // preliminary-remark assignment
-    KurzText OGL;                 // G4:6
-    KurzText PSL;                 // G4:7
-    KurzText KAG;                 // G4:21
-    KurzText Element;             // G4:22
-    KurzText Variantengruppe;     // G4:8
-    KurzText Variante;            // G4:9
-    KurzText Einrichtungstyp;     // G4:24b
-    KurzText Nutzung;             // G4:24f
-    KurzText Raum;                // G4:24g
-    std::int32_t Reihenfolge = 0; // G4:24d
+struct VariablenzeileEintrag {
+    std::int32_t Zeile = 0;  // its text is G3:23
+    std::int32_t Nummer = 0; // G3:5, 0 to 99
 };
 
 struct VariableEintrag {
     std::int32_t Nummer = 0;             // G3:4, 0 is the fixed text of the position
-    std::vector<KurzText> ZeilenTexte;   // G3:23
-    std::vector<std::int32_t> ZeilenNrn; // G3:5, parallel to ZeilenTexte
     std::int32_t Einfuegepunkt = 0;      // G3:24d of the last stored line only
-    std::int32_t LetzteZeile = 0;        // G3:5 of the last stored line
-    KurzText AlternativCode;             // G3:24c, always empty
+    Kette Zeilen = {};                   // in sia451Datei.Variablenzeilen
+    std::bitset<100> Zeilennummern = {}; // the values of Nummer in Zeilen
 };
 
 struct PositionEintrag {
-    std::int32_t Nummer = 0; // G2:3, 0 to 999999
-    KurzText Text;           // G2:23
-    std::vector<VariableEintrag> Variablen;
-    std::vector<ZuordnungEintrag> Zuordnungen;
+    std::int32_t Nummer = 0;         // G2:3, 0 to 999999
+    bool HatZuordnungen = false;     // a G4 record was accepted
     bool HatG5 = false;              // a G5 record reached this position
-    KurzText Mengeneinheit;          // G5:16
-    double Preis = 0;                // G5:19 with the sign of G5:18
+    bool HatPreisart = false;        // G5:17 was not empty
     bool HatPreisVorzeichen = false; // G5:18 was not empty
-    KurzText Preisart;               // G5:17
-    std::vector<MengeEintrag> Mengen;
-    std::bitset<100> Reihenfolgen; // the values of Reihenfolge in Zuordnungen or Mengen; no position has both
+    Kette Variablen;                 // in sia451Datei.Variablen
+    Kette Mengen;                    // in sia451Datei.Mengen
+    std::bitset<100> Reihenfolgen;   // the orders of its assignments or quantities; no position has both
 };
 
 struct KapitelEintrag {
     std::int32_t Nummer = 0;       // G1:2a
     std::int32_t Versionsjahr = 0; // G1:2c widened to four digits
-    KurzText Titel;                // G1:23
-    KurzText Zusatztext;           // G1:24e
-    std::vector<PositionEintrag> Positionen;
+    std::deque<PositionEintrag> Positionen;
     NummernIndex PositionenNachNummer;
 };
 
 // The quantities of one position by their nine references. It belongs to the position that was asked for last: the
-// lines of a position stand together, so that a larger index would be of no use. The multimap holds the first quantity
-// of each nine texts under the hash of those.
+// lines of a position stand together, so that a larger index would be of no use.
 struct VerweisIndex {
     std::int32_t Kapitel = -1; // index
     std::int32_t Position = -1;
-    std::size_t Gelesen = 0; // quantities taken in
-    std::unordered_multimap<std::size_t, std::int32_t> Erste;
+    Kette Gelesen;                                              // the quantities taken in
+    std::unordered_multimap<std::uint64_t, std::int32_t> Erste; // hash of nine texts, line of a quantity that has them
 };
 
 // The chapter numbers as decimal texts.
@@ -259,50 +167,39 @@ struct SIA451Datei {
     TextSicht Einheiten;
     TextSicht PauschalEinheiten;
 
-    // B0: a structure was announced, and what its head says.
+    // B0: a structure was announced.
     bool KAGVorhanden = false;
-    Feldsicht KAGKopfText;
-    Feldsicht KAGStandardName;
-    std::int32_t KAGStandardJahr = 0;
     bool OGLVorhanden = false;
-    Feldsicht OGLKopfText;
     bool EKGVorhanden = false;
-    Feldsicht EKGKopfText;
-    Feldsicht EKGStandardName;
-    std::int32_t EKGStandardJahr = 0;
     bool EinrichtungVorhanden = false;
-    Feldsicht EinrichtungKopfText;
     bool VariantenVorhanden = false;
-    Feldsicht VariantenKopfText;
     bool NutzungVorhanden = false;
-    Feldsicht NutzungKopfText;
     bool RaumVorhanden = false;
-    Feldsicht RaumKopfText;
-    std::vector<std::int32_t> GliederungNummern;      // one entry per accepted B0
-    std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, parallel to GliederungNummern
+    std::vector<std::int32_t> GliederungReihenfolgen; // B0:20, one entry per accepted B0
 
-    CodeListe<KAGEintrag> KAGTabelle;
-    std::set<Feldsicht> KAGECodes; // in the new interface, the ECodes of KAGTabelle that are given
+    CodeListe<Codeeintrag> KAGTabelle;
+    std::set<Feldsicht> KAGECodes; // in the new interface, B1:24h of the entries of KAGTabelle where it is given
     CodeListe<OGLEintrag> OGLTabelle;
-    CodeListe<EKGEintrag> EKGTabelle;
-    std::set<Feldsicht> EKGECodes; // the same of EKGTabelle
-    CodeListe<EinrichtungEintrag> EinrichtungTabelle;
+    CodeListe<Codeeintrag> EKGTabelle;
+    std::set<Feldsicht> EKGECodes; // the same of EKGTabelle, B3:24h
+    CodeListe<Reihencode> EinrichtungTabelle;
     CodeListe<VariantengruppeEintrag> VariantenTabelle;
-    CodeListe<NutzungEintrag> NutzungTabelle;
-    CodeListe<RaumEintrag> RaumTabelle;
-    std::vector<KostenkontoEintrag> KostenkontoTabelle;
+    CodeListe<Codeeintrag> NutzungTabelle;
+    CodeListe<Codeeintrag> RaumTabelle;
+    std::vector<Verweissatz> KostenkontoTabelle; // cost accounts, B9
 
     // C0, C1, C5.
-    bool BruttoVorhanden = false; // a C0 was seen
-    double Bruttobetrag = 0;      // C0:15-16 with the sign of C0:14
-    double BruttoRest = 0;
+    bool BruttoVorhanden = false;                             // a C0 was seen
     std::vector<KonditionEintrag> KonditionTabelle;           // in file order
     std::map<std::int32_t, std::int32_t> KonditionNachNummer; // Nummer, index of its first condition
     std::bitset<100> KonditionStufen;                         // the values of Stufe that occur
     std::int32_t ErsteSteuerkondition = -1;                   // index of the first of Konditionsart 2
 
     // G1 to G6.
-    std::vector<KapitelEintrag> DokumentKapitel;
+    std::deque<KapitelEintrag> DokumentKapitel;
+    Kettenglieder<VariableEintrag> Variablen;
+    Kettenglieder<VariablenzeileEintrag> Variablenzeilen;
+    Kettenglieder<MengeEintrag> Mengen;
     NummernIndex KapitelNachNummer;
     Kapitelnummerntexte TexteDerKapitel;
     VerweisIndex MengenNachVerweis;

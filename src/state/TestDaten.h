@@ -2,7 +2,7 @@
 // stamped with.
 //
 // One instance in a process. Who may write: the parameter test its own members, the intake those of the file, the
-// driver and the passes behind it the current place, the entry and the cancel button those of the run.
+// intake, the driver and the passes behind it the current place, the entry and the cancel button those of the run.
 #pragma once
 
 #include "state/Satz.h"
@@ -61,6 +61,11 @@ struct TestDaten {
 };
 
 inline TestDaten testDaten;
+
+// The line of that number, from 0.
+inline Feldsicht ZeileAn(std::int32_t nummer) {
+    return testDaten.Zeilen[static_cast<std::size_t>(nummer)];
+}
 
 // True for a file of the new interface (E1S); false for one of the old interface, and as long as no file was read in.
 inline bool NeueSchnittstelle() {

@@ -1,62 +1,41 @@
 #include "state/Verweise.h"
 
+#include "state/SIA451Felder.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 
 namespace zepholt {
 
 namespace {
 
-PositionEintrag& Position(std::int32_t kapitel, std::int32_t index) {
-    return Kapitel(kapitel).Positionen[static_cast<std::size_t>(index)];
-}
-
-template <class Liste, class Praedikat>
-std::int32_t ErsterIndex(const Liste& liste, Praedikat praedikat) {
-    const auto treffer = std::ranges::find_if(liste, praedikat);
-    return treffer == liste.end() ? -1 : static_cast<std::int32_t>(treffer - liste.begin());
-}
-
 // --- References
 
-std::array<Feldsicht, 9> Verweise(const MengeEintrag& menge) {
-    return {menge.OGL,      menge.PSL,     menge.KAG, menge.Element, menge.Einrichtungstyp, menge.Variantengruppe,
-            menge.Variante, menge.Nutzung, menge.Raum};
-}
-
-std::uint64_t Streuwert(const std::array<Feldsicht, 9>& texte) {
+std::uint64_t Streuwert(const Verweissatz& verweise) {
     Streuer streuer;
-    for (const Feldsicht text : texte) {
+    for (const Feldsicht text : verweise.Alle()) {
         streuer.Nimm(text.empty() ? 0 : Streuwert(text));
     }
     return streuer.Wert();
 }
 
-// The quantity among those taken in; -1 for none.
-std::int32_t Finde(const VerweisIndex& index, const std::vector<MengeEintrag>& mengen, std::uint64_t streuwert,
-                   const std::array<Feldsicht, 9>& verweise) {
+// True when a quantity among those taken in has these references.
+bool Enthaelt(const VerweisIndex& index, std::uint64_t streuwert, const Verweissatz& verweise) {
     const auto [von, bis] = index.Erste.equal_range(streuwert);
-    const auto treffer = std::find_if(von, bis, [&](const auto& paar) {
-        return Verweise(mengen[static_cast<std::size_t>(paar.second)]) == verweise;
-    });
-    return treffer == bis ? -1 : treffer->second;
+    return std::any_of(von, bis, [&](const auto& paar) { return VerweiseIn(ZeileAn(paar.second)) == verweise; });
 }
 
-void Nachfuehren(VerweisIndex& index, const std::vector<MengeEintrag>& mengen) {
-    if (index.Gelesen == 0) { // mostly all that there will be: the details of a position stand behind its quantities
-        index.Erste.reserve(mengen.size());
-    }
-    for (; index.Gelesen < mengen.size(); ++index.Gelesen) {
-        const std::array<Feldsicht, 9> verweise = Verweise(mengen[index.Gelesen]);
+void Nachfuehren(VerweisIndex& index, const Kette& mengen) {
+    for (const MengeEintrag& menge : sia451Datei.Mengen.Seit(index.Gelesen, mengen)) {
+        const Verweissatz verweise = VerweiseIn(ZeileAn(menge.Zeile));
         const std::uint64_t streuwert = Streuwert(verweise);
-        if (Finde(index, mengen, streuwert, verweise) == -1) {
-            index.Erste.emplace(streuwert, static_cast<std::int32_t>(index.Gelesen));
+        if (!Enthaelt(index, streuwert, verweise)) {
+            index.Erste.emplace(streuwert, menge.Zeile);
         }
     }
+    index.Gelesen = mengen;
 }
 
 // --- Running numbers
@@ -117,26 +96,42 @@ std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer) {
     return eintrag.PositionenNachNummer.Finde(eintrag.Positionen, nummer);
 }
 
-// Variables and their lines have numbers of two digits: no more than a hundred of each, so these two scan.
-std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer) {
-    return ErsterIndex(Position(kapitel, position).Variablen,
-                       [nummer](const VariableEintrag& variable) { return variable.Nummer == nummer; });
+// The numbers of variables have two digits: a position has no more than a hundred, so this one scans.
+VariableEintrag* SucheVariable(const PositionEintrag& position, std::int32_t nummer) {
+    for (VariableEintrag& variable : sia451Datei.Variablen.Von(position.Variablen)) {
+        if (variable.Nummer == nummer) {
+            return &variable;
+        }
+    }
+    return nullptr;
 }
 
-std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile) {
-    return ErsterIndex(Position(kapitel, position).Variablen[static_cast<std::size_t>(variable)].ZeilenNrn,
-                       [zeile](std::int32_t nummer) { return nummer == zeile; });
+Feldsicht TextVon(const VariablenzeileEintrag& zeile) {
+    return OhneLeerzeichenRechts(Feld(ZeileAn(zeile.Zeile), 93, 30));
 }
 
-std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& verweise) {
+Verweissatz VerweiseIn(Feldsicht record) {
+    const auto feld = [record](std::int32_t spalte, std::int32_t laenge) {
+        return OhneLeerzeichenRechts(Feld(record, spalte, laenge));
+    };
+    return {.OGL = feld(18, 6),
+            .PSL = feld(24, 6),
+            .KAG = feld(82, 5),
+            .Element = feld(87, 6),
+            .Variantengruppe = feld(30, 3),
+            .Variante = feld(33, 3),
+            .Einrichtungstyp = feld(129, 6),
+            .Nutzung = feld(168, 16),
+            .Raum = feld(188, 16)};
+}
+
+bool HatMengeMit(std::int32_t kapitel, std::int32_t position, const Verweissatz& verweise) {
     VerweisIndex& index = sia451Datei.MengenNachVerweis;
     if (index.Kapitel != kapitel || index.Position != position) {
-        index = {kapitel, position, 0, {}};
+        index = {kapitel, position, {}, {}};
     }
-    const std::vector<MengeEintrag>& mengen = Position(kapitel, position).Mengen;
-    Nachfuehren(index, mengen);
-    const std::array<Feldsicht, 9> texte = Verweise(verweise);
-    return Finde(index, mengen, Streuwert(texte), texte);
+    Nachfuehren(index, Kapitel(kapitel).Positionen[static_cast<std::size_t>(position)].Mengen);
+    return Enthaelt(index, Streuwert(verweise), verweise);
 }
 
 bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge) {

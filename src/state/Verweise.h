@@ -14,11 +14,17 @@ KapitelEintrag& Kapitel(std::int32_t index);
 
 std::int32_t SucheKapitel(std::int32_t nummer);
 std::int32_t SuchePosition(std::int32_t kapitel, std::int32_t nummer);
-std::int32_t SucheVariable(std::int32_t kapitel, std::int32_t position, std::int32_t nummer);
-std::int32_t SucheZeile(std::int32_t kapitel, std::int32_t position, std::int32_t variable, std::int32_t zeile);
+// The variable of a position with this number; null for none.
+VariableEintrag* SucheVariable(const PositionEintrag& position, std::int32_t nummer);
 
-// The first quantity of a position whose nine references equal those of `verweise`, nothing else of which counts.
-std::int32_t SucheMenge(std::int32_t kapitel, std::int32_t position, const MengeEintrag& verweise);
+// The text of a variable's line, G3:23, right-trimmed.
+Feldsicht TextVon(const VariablenzeileEintrag& zeile);
+
+// The references of a record G4 or G6. Reports nothing.
+Verweissatz VerweiseIn(Feldsicht record);
+
+// True when a quantity of the position has the same nine references.
+bool HatMengeMit(std::int32_t kapitel, std::int32_t position, const Verweissatz& verweise);
 
 // True when an assignment or a quantity of the position that ReihenfolgeMerken has seen bears this order value, 1 to
 // 99; 0 stands for none and is never taken.

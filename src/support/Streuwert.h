@@ -51,4 +51,10 @@ private:
     std::uint64_t m_d = ProzessKeim().Zwei ^ 0x7465646279746573;
 };
 
+inline std::uint64_t Streuwert(std::uint64_t zahl) {
+    Streuer streuer;
+    streuer.Nimm(zahl);
+    return streuer.Wert();
+}
+
 } // namespace zepholt

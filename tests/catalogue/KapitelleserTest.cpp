@@ -7,6 +7,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <optional>
 #include <random>
 #include <tuple>
@@ -167,6 +171,17 @@ TEST_F(Kapitelleser, CutAtEveryByte) {
     for (std::size_t laenge = 0; laenge <= text.size(); ++laenge) {
         Vergleiche(Kapiteldatei("", std::string_view(text).substr(0, laenge)));
     }
+}
+
+// What the writer of chapter files makes, abbreviations and all.
+TEST_F(Kapitelleser, TheSamplesHaveTheUsualForm) {
+    int dateien = 0;
+    for (const auto& eintrag : std::filesystem::directory_iterator(ZEPHOLT_QUELLE "/samples/katalog")) {
+        std::ifstream datei(eintrag.path(), std::ios::binary);
+        EXPECT_TRUE(Vergleiche(std::string(std::istreambuf_iterator<char>(datei), {}))) << eintrag.path();
+        ++dateien;
+    }
+    EXPECT_GT(dateien, 0);
 }
 
 // --- At random -------------------------------------------------------------------------------------------------------

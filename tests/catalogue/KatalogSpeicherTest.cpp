@@ -30,6 +30,14 @@ void* operator new(std::size_t anzahl) {
     return stelle;
 }
 
+void* operator new(std::size_t anzahl, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(anzahl);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* stelle) noexcept {
     std::free(stelle);
 }

@@ -99,8 +99,8 @@ void MitGliederungen() {
     SIA451Datei& datei = Datei();
     datei.OGLVorhanden = datei.KAGVorhanden = datei.EKGVorhanden = datei.EinrichtungVorhanden = true;
     datei.VariantenVorhanden = datei.NutzungVorhanden = datei.RaumVorhanden = true;
-    datei.OGLTabelle.Anfuegen({u"A", u"", u"", 0, {}});
-    datei.VariantenTabelle.Anfuegen({u"G", u"", u"", u"", 0, {}});
+    datei.OGLTabelle.Anfuegen({u"A", 0, {}});
+    datei.VariantenTabelle.Anfuegen({u"G", u"", 0, {}});
 }
 
 template <auto Tabelle, auto Feld>
@@ -144,63 +144,47 @@ Feldprobe Nummer(const char* name) {
     return {name, 2, 3, Feldart::Zahl, Zwingend, Zwingend};
 }
 
-Feldprobe Bezeichnung(const char* name, Text (*behalten)()) {
-    return {name, 93, 30, Feldart::Frei, Erwartet, Erwartet, behalten};
-}
-
-Feldprobe Freitext(const char* name, Text (*behalten)()) {
-    return {name, 138, 30, Feldart::Frei, Freiwillig, Freiwillig, behalten};
+Feldprobe Bezeichnung(const char* name) {
+    return {name, 93, 30, Feldart::Frei, Erwartet, Erwartet};
 }
 
 const std::vector<Feldprobe> FelderB0 = {
     Nummer("B0:2a"),
-    // Widened with the name: 45 is 2045.
-    {"B0:2c", 6, 2, Feldart::Zahl, Freiwillig, Freiwillig, Kopfzahl<&SIA451Datei::KAGStandardJahr>, u"45", u"2045"},
-    {"B0:10", 36, 6, Feldart::Frei, Freiwillig, Freiwillig, Kopf<&SIA451Datei::KAGStandardName>},
-    {"B0:19", 63, 12, Feldart::Frei, Freiwillig, Freiwillig, Kopf<&SIA451Datei::KAGKopfText>},
+    {"B0:2c", 6, 2, Feldart::Zahl, Freiwillig, Freiwillig},
     {"B0:20", 75, 7, Feldart::Zahl, Freiwillig, Freiwillig, ReihenfolgeDesLetztenKopfs},
 };
 
 const std::vector<Feldprobe> FelderB1 = {
     Nummer("B1:2a"),
-    {"B1:21", 82, 5, Feldart::Frei, Zwingend, Zwingend, Letzter<KAG, &KAGEintrag::Code>},
-    Bezeichnung("B1:23", Letzter<KAG, &KAGEintrag::Bezeichnung>),
-    Freitext("B1:24e", Letzter<KAG, &KAGEintrag::Text>),
-    {"B1:24h", 208, 16, Feldart::Frei, Freiwillig, Freiwillig, Letzter<KAG, &KAGEintrag::ECode>},
+    {"B1:21", 82, 5, Feldart::Frei, Zwingend, Zwingend, Letzter<KAG, &Codeeintrag::Code>},
+    Bezeichnung("B1:23"),
 };
 
 const std::vector<Feldprobe> FelderB2 = {
     Nummer("B2:2a"),
     {"B2:6", 18, 6, Feldart::Frei, Zwingend, Zwingend},
     {"B2:20", 75, 7, Feldart::Reihenfolge, Freiwillig, Freiwillig, LetzteZahl<OGL, &OGLEintrag::Reihenfolge>},
-    Bezeichnung("B2:23", Letzter<OGL, &OGLEintrag::Bezeichnung>),
-    Freitext("B2:24e", Letzter<OGL, &OGLEintrag::Text>),
+    Bezeichnung("B2:23"),
 };
 
 // The first column of the location stands beside the last of the object structure, so that the record of a new object
 // structure tells the width of its code only while the location is blank.
 const std::vector<Feldprobe> FelderB2Ort = {
-    {"B2:7", 24, 6, Feldart::Frei, Freiwillig, Freiwillig, LetztePSL<&PSLEintrag::Code>, u"abcdef", {}, true},
-    Bezeichnung("B2:23", LetztePSL<&PSLEintrag::Bezeichnung>),
-    Freitext("B2:24e", LetztePSL<&PSLEintrag::Text>),
+    {"B2:7", 24, 6, Feldart::Frei, Freiwillig, Freiwillig, LetztePSL<&Reihencode::Code>, u"abcdef", {}, true},
+    Bezeichnung("B2:23"),
 };
 
 const std::vector<Feldprobe> FelderB3 = {
     Nummer("B3:2a"),
-    {"B3:16", 59, 2, Feldart::Frei, Freiwillig, Freiwillig, Letzter<EKG, &EKGEintrag::Mengeneinheit>},
-    {"B3:22", 87, 6, Feldart::Frei, Zwingend, Zwingend, Letzter<EKG, &EKGEintrag::Code>},
-    Bezeichnung("B3:23", Letzter<EKG, &EKGEintrag::Bezeichnung>),
-    Freitext("B3:24e", Letzter<EKG, &EKGEintrag::Text>),
-    {"B3:24h", 208, 16, Feldart::Frei, Freiwillig, Freiwillig, Letzter<EKG, &EKGEintrag::ECode>},
+    {"B3:22", 87, 6, Feldart::Frei, Zwingend, Zwingend, Letzter<EKG, &Codeeintrag::Code>},
+    Bezeichnung("B3:23"),
 };
 
 const std::vector<Feldprobe> FelderB4 = {
     Nummer("B4:2a"),
-    {"B4:20", 75, 7, Feldart::Reihenfolge, Freiwillig, Freiwillig,
-     LetzteZahl<Einrichtung, &EinrichtungEintrag::Reihenfolge>},
-    Bezeichnung("B4:23", Letzter<Einrichtung, &EinrichtungEintrag::Bezeichnung>),
-    {"B4:24b", 129, 6, Feldart::Frei, Zwingend, Zwingend, Letzter<Einrichtung, &EinrichtungEintrag::Code>},
-    Freitext("B4:24e", Letzter<Einrichtung, &EinrichtungEintrag::Text>),
+    {"B4:20", 75, 7, Feldart::Reihenfolge, Freiwillig, Freiwillig, LetzteZahl<Einrichtung, &Reihencode::Reihenfolge>},
+    Bezeichnung("B4:23"),
+    {"B4:24b", 129, 6, Feldart::Frei, Zwingend, Zwingend, Letzter<Einrichtung, &Reihencode::Code>},
 };
 
 const std::vector<Feldprobe> FelderB5 = {
@@ -208,32 +192,28 @@ const std::vector<Feldprobe> FelderB5 = {
     {"B5:8", 30, 3, Feldart::Frei, Zwingend, Zwingend, Letzter<Gruppe, &VariantengruppeEintrag::Code>},
     {"B5:20", 75, 7, Feldart::Reihenfolge, Freiwillig, Freiwillig,
      LetzteZahl<Gruppe, &VariantengruppeEintrag::Reihenfolge>},
-    Bezeichnung("B5:23", Letzter<Gruppe, &VariantengruppeEintrag::Bezeichnung>),
+    Bezeichnung("B5:23"),
     {"B5:24c-d", 135, 3, Feldart::Frei, Zwingend, Zwingend, Letzter<Gruppe, &VariantengruppeEintrag::Primaervariante>},
-    Freitext("B5:24e", Letzter<Gruppe, &VariantengruppeEintrag::Text>),
 };
 
 const std::vector<Feldprobe> FelderB6 = {
     Nummer("B6:2a"),
     {"B6:8", 30, 3, Feldart::Frei, Zwingend, Zwingend},
-    {"B6:9", 33, 3, Feldart::Frei, Zwingend, Zwingend, LetzteVariante<&VarianteEintrag::Code>, {}, {}, true},
+    {"B6:9", 33, 3, Feldart::Frei, Zwingend, Zwingend, LetzteVariante<&Reihencode::Code>, {}, {}, true},
     {"B6:20", 75, 7, Feldart::Reihenfolge},
-    Bezeichnung("B6:23", LetzteVariante<&VarianteEintrag::Bezeichnung>),
-    Freitext("B6:24e", LetzteVariante<&VarianteEintrag::Text>),
+    Bezeichnung("B6:23"),
 };
 
 const std::vector<Feldprobe> FelderB7 = {
     Nummer("B7:2a"),
-    Bezeichnung("B7:23", Letzter<Nutzung, &NutzungEintrag::Bezeichnung>),
-    Freitext("B7:24e", Letzter<Nutzung, &NutzungEintrag::Text>),
-    {"B7:24f", 168, 16, Feldart::Frei, Zwingend, Zwingend, Letzter<Nutzung, &NutzungEintrag::Code>},
+    Bezeichnung("B7:23"),
+    {"B7:24f", 168, 16, Feldart::Frei, Zwingend, Zwingend, Letzter<Nutzung, &Codeeintrag::Code>},
 };
 
 const std::vector<Feldprobe> FelderB8 = {
     Nummer("B8:2a"),
-    Bezeichnung("B8:23", Letzter<Raum, &RaumEintrag::Bezeichnung>),
-    Freitext("B8:24e", Letzter<Raum, &RaumEintrag::Text>),
-    {"B8:24g", 188, 16, Feldart::Frei, Zwingend, Zwingend, Letzter<Raum, &RaumEintrag::Code>},
+    Bezeichnung("B8:23"),
+    {"B8:24g", 188, 16, Feldart::Frei, Zwingend, Zwingend, Letzter<Raum, &Codeeintrag::Code>},
 };
 
 template <auto Feld>
@@ -242,31 +222,21 @@ Text Konto() {
 }
 
 const std::vector<Feldprobe> FelderB9 = {
-    {"B9:6", 18, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::OGL>},
-    {"B9:7", 24, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::PSL>},
-    {"B9:8", 30, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::Variantengruppe>},
-    {"B9:9", 33, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::Variante>},
-    {"B9:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.KostenkontoTabelle.back().Menge, 3); }},
-    {"B9:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.KostenkontoTabelle.back().Preis, 2); }},
-    {"B9:21", 82, 5, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::KAG>},
-    {"B9:22", 87, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&KostenkontoEintrag::Element>},
+    {"B9:6", 18, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::OGL>},
+    {"B9:7", 24, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::PSL>},
+    {"B9:8", 30, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::Variantengruppe>},
+    {"B9:9", 33, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::Variante>},
+    {"B9:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig},
+    {"B9:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig},
+    {"B9:21", 82, 5, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::KAG>},
+    {"B9:22", 87, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Konto<&Verweissatz::Element>},
 };
 
 // --- C
 
 void MitKondition() {
-    KonditionEintrag kondition;
-    kondition.Nummer = 1;
-    kondition.Stufe = 1;
-    Datei().KonditionTabelle.push_back(kondition);
+    Datei().KonditionTabelle.push_back({.Stufe = 1});
     Datei().KonditionNachNummer.emplace(1, 0);
-}
-
-template <auto Feld>
-Text Kondition() {
-    return Text(sia451Datei.KonditionTabelle.back().*Feld);
 }
 
 template <auto Feld>
@@ -274,51 +244,35 @@ Text Konditionszahl() {
     return ZahlText(sia451Datei.KonditionTabelle.back().*Feld);
 }
 
-template <auto Feld>
-Text Einschraenkung() {
-    const auto& alle = sia451Datei.KonditionTabelle.front().Einschraenkungen;
-    return alle.empty() ? Text(u"not kept") : Text(alle.back().*Feld);
-}
-
 // The amount has the first 13 of its field's 15 columns.
 const std::vector<Feldprobe> FelderC0 = {
     {"C0:2a", 2, 3, Feldart::Zahl, Zwingend, Zwingend},
-    {"C0:15-16", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.Bruttobetrag, 3); }},
+    {"C0:15-16", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig},
 };
 
 const std::vector<Feldprobe> FelderC1 = {
-    {"C1:2a", 2, 3, Feldart::Zahl, Zwingend, Zwingend, Konditionszahl<&KonditionEintrag::Nummer>},
+    {"C1:2a", 2, 3, Feldart::Zahl, Zwingend, Zwingend,
+     [] { return ZahlText(sia451Datei.KonditionNachNummer.begin()->first); }},
     {"C1:2b", 5, 1, Feldart::Zahl, Zwingend, Zwingend, Konditionszahl<&KonditionEintrag::Konditionsart>},
     {"C1:2c", 6, 2, Feldart::Zahl, Zwingend, Zwingend, Konditionszahl<&KonditionEintrag::Stufe>},
-    {"C1:5", 16, 2, Feldart::Zahl, Freiwillig, Freiwillig, Konditionszahl<&KonditionEintrag::Bezugsstufe>},
-    {"C1:10", 36, 6, Feldart::Zahl, Freiwillig, Freiwillig, Konditionszahl<&KonditionEintrag::Zahlungsfrist>},
-    {"C1:13", 44, 1, Feldart::Frei, Zwingend, Zwingend, Kondition<&KonditionEintrag::Berechnungsart>},
-    {"C1:15-16", 46, 15, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.KonditionTabelle.back().Bezugsbetrag, 5); }},
-    {"C1:17", 61, 1, Feldart::Frei, Freiwillig, Freiwillig, Kondition<&KonditionEintrag::Beruecksichtigt>},
-    {"C1:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.KonditionTabelle.back().Konditionsbetrag, 2); }},
-    {"C1:20b", 76, 6, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(sia451Datei.KonditionTabelle.back().Prozentwert, 2); }},
-    {"C1:23", 93, 30, Feldart::Frei, Freiwillig, Freiwillig, Kondition<&KonditionEintrag::Bezeichnung>},
-    {"C1:24e", 138, 30, Feldart::Frei, Freiwillig, Freiwillig, Kondition<&KonditionEintrag::Text>},
+    {"C1:5", 16, 2, Feldart::Zahl, Freiwillig, Freiwillig},
+    {"C1:10", 36, 6, Feldart::Zahl, Freiwillig, Freiwillig},
+    {"C1:13", 44, 1, Feldart::Frei, Zwingend, Zwingend},
+    {"C1:15-16", 46, 15, Feldart::Dezimal, Freiwillig, Freiwillig},
+    {"C1:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig},
+    {"C1:20b", 76, 6, Feldart::Dezimal, Freiwillig, Freiwillig},
 };
 
 const std::vector<Feldprobe> FelderC5 = {
     {"C5:2a", 2, 3, Feldart::Zahl, Zwingend, Zwingend},
-    {"C5:3a", 8, 3, Feldart::Frei, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::Kapitelangabe>},
-    {"C5:6", 18, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::OGL>},
-    {"C5:7", 24, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::PSL>},
-    {"C5:8", 30, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig,
-     Einschraenkung<&EinschraenkungEintrag::Variantengruppe>},
-    {"C5:9", 33, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::Variante>},
-    {"C5:21", 82, 5, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::KAG>},
-    {"C5:22", 87, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig, Einschraenkung<&EinschraenkungEintrag::Element>},
-    {"C5:24b", 129, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig,
-     Einschraenkung<&EinschraenkungEintrag::Einrichtungstyp>},
-    {"C5:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig,
-     [] { return ZahlText(sia451Datei.KonditionTabelle.front().Einschraenkungen.back().Reihenfolge); }},
+    {"C5:6", 18, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:7", 24, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:8", 30, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:9", 33, 3, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:21", 82, 5, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:22", 87, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:24b", 129, 6, Feldart::JokerAmEnde, Freiwillig, Freiwillig},
+    {"C5:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig},
 };
 
 // --- X and P
@@ -449,7 +403,7 @@ TEST_F(FeldrandTest, AnObjectStructureCodeHasSixColumns) {
 TEST_F(FeldrandTest, AVariantGroupCodeHasThreeColumns) {
     Beginne(Neu);
     MitGliederungen();
-    sia451Datei.VariantenTabelle.Anfuegen({u"abc", u"", u"", u"", 0, {}});
+    sia451Datei.VariantenTabelle.Anfuegen({u"abc", u"", 0, {}});
     EXPECT_EQ(Pruefe(PruefeB6, Zeile(u"B6", {{2, u"005"}, {29, u"xabcd"}, {93, u"Name"}})), Funde{});
     EXPECT_EQ(sia451Datei.VariantenTabelle[1].Varianten.Eintraege().back().Code, u"d");
 }

@@ -129,7 +129,7 @@ Funde PrimaervariantenNachScan() {
     Funde funde;
     for (const VariantengruppeEintrag& gruppe : sia451Datei.VariantenTabelle.Eintraege()) {
         bool vorhanden = false;
-        for (const VarianteEintrag& variante : gruppe.Varianten.Eintraege()) {
+        for (const Reihencode& variante : gruppe.Varianten.Eintraege()) {
             vorhanden = vorhanden || variante.Code == gruppe.Primaervariante;
         }
         if (vorhanden) {

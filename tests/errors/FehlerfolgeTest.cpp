@@ -187,6 +187,16 @@ TEST_F(FehlerfolgeTest, PassesOverManyLinesComeAsTheTextsAreSorted) {
     EXPECT_EQ(Fehlerfolge(liste), FolgeNachText(liste));
 }
 
+// The stamps 1 and 0 make the same number as 0 and 1000000, but chapter 0 is no position.
+TEST_F(FehlerfolgeTest, StampsThatMakeTheSameNumberBehindEachOther) {
+    for (const bool umgekehrt : {false, true}) {
+        Fehlersammlung liste;
+        liste.push_back({6201, -1, 0, umgekehrt ? 1 : 0, umgekehrt ? 0 : 1'000'000});
+        liste.push_back({6201, -1, 0, umgekehrt ? 0 : 1, umgekehrt ? 1'000'000 : 0});
+        EXPECT_EQ(Fehlerfolge(liste), FolgeNachText(liste));
+    }
+}
+
 TEST_F(FehlerfolgeTest, NoFindingsAndOne) {
     Fehlersammlung liste;
     EXPECT_TRUE(Fehlerfolge(liste).empty());

@@ -11,15 +11,15 @@ inline void GliederungenAnlegen() {
     SIA451Datei& datei = sia451Datei;
     datei.OGLVorhanden = datei.KAGVorhanden = datei.EKGVorhanden = datei.EinrichtungVorhanden = true;
     datei.VariantenVorhanden = datei.NutzungVorhanden = datei.RaumVorhanden = true;
-    datei.OGLTabelle.Anfuegen({u"12", u"", u"", 0, {}});
-    datei.OGLTabelle[0].PSLListe.Anfuegen({u"34", u"", u"", 0});
-    datei.KAGTabelle.Anfuegen({u"211", u"", u"", u""});
-    datei.EKGTabelle.Anfuegen({u"E1", u"", u"", u"", u""});
-    datei.EinrichtungTabelle.Anfuegen({u"T1", u"", u"", 0});
-    datei.VariantenTabelle.Anfuegen({u"G1", u"", u"", u"V1", 0, {}});
-    datei.VariantenTabelle[0].Varianten.Anfuegen({u"V1", u"", u"", 0});
-    datei.NutzungTabelle.Anfuegen({u"N1", u"", u""});
-    datei.RaumTabelle.Anfuegen({u"R1", u"", u""});
+    datei.OGLTabelle.Anfuegen({u"12", 0, {}});
+    datei.OGLTabelle[0].PSLListe.Anfuegen({u"34"});
+    datei.KAGTabelle.Anfuegen({u"211"});
+    datei.EKGTabelle.Anfuegen({u"E1"});
+    datei.EinrichtungTabelle.Anfuegen({u"T1"});
+    datei.VariantenTabelle.Anfuegen({u"G1", u"V1", 0, {}});
+    datei.VariantenTabelle[0].Varianten.Anfuegen({u"V1"});
+    datei.NutzungTabelle.Anfuegen({u"N1"});
+    datei.RaumTabelle.Anfuegen({u"R1"});
 }
 
 } // namespace zepholt::hilfen

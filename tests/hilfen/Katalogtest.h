@@ -46,6 +46,7 @@ protected:
     // A fresh run of the given interface on an empty document; the chapter files stay.
     void Beginne(std::int32_t revision) {
         NeuerLauf();
+        m_zeilen.Beginne();
         testDaten.OhneDialog = true;
         testDaten.Revision = revision;
         testDaten.IstE1S = revision >= 12;
@@ -67,40 +68,31 @@ protected:
     // --- The tree: each goes to the end of the last entry of the level above.
 
     static void Kapitel(std::int32_t nummer, std::int32_t jahr = Jahr) {
-        KapitelEintrag kapitel;
+        KapitelEintrag& kapitel = sia451Datei.DokumentKapitel.emplace_back();
         kapitel.Nummer = nummer;
         kapitel.Versionsjahr = jahr;
-        sia451Datei.DokumentKapitel.push_back(kapitel);
     }
 
     static void Position(std::int32_t nummer) {
-        PositionEintrag position;
-        position.Nummer = nummer;
-        sia451Datei.DokumentKapitel.back().Positionen.push_back(position);
+        sia451Datei.DokumentKapitel.back().Positionen.emplace_back().Nummer = nummer;
     }
 
     static PositionEintrag& LetztePosition() { return sia451Datei.DokumentKapitel.back().Positionen.back(); }
 
     // `einfuegepunkt` is that of the last line.
-    static void Variable(std::int32_t nummer, const std::vector<Zeilentext>& zeilen = {},
-                         std::int32_t einfuegepunkt = 0) {
-        VariableEintrag variable;
-        variable.Nummer = nummer;
+    void Variable(std::int32_t nummer, const std::vector<Zeilentext>& zeilen = {}, std::int32_t einfuegepunkt = 0) {
+        VariableEintrag& variable = sia451Datei.Variablen.Anfuegen(LetztePosition().Variablen, {.Nummer = nummer});
         variable.Einfuegepunkt = einfuegepunkt;
         for (const auto& [zeile, text] : zeilen) {
-            variable.ZeilenNrn.push_back(zeile);
-            variable.ZeilenTexte.emplace_back(text);
-            variable.LetzteZeile = zeile;
+            sia451Datei.Variablenzeilen.Anfuegen(variable.Zeilen, {.Zeile = testDaten.ZeilenAnzahl, .Nummer = zeile});
+            m_zeilen.Anfuegen(Zeile(u"G3", {{93, text}}));
         }
-        LetztePosition().Variablen.push_back(variable);
     }
 
-    static void Zuordnung() { LetztePosition().Zuordnungen.emplace_back(); }
+    static void Zuordnung() { LetztePosition().HatZuordnungen = true; }
 
     static void Menge(std::int32_t vorbemerkung) {
-        MengeEintrag menge;
-        menge.Vorbemerkung = vorbemerkung;
-        LetztePosition().Mengen.push_back(menge);
+        sia451Datei.Mengen.Anfuegen(LetztePosition().Mengen, {.Vorbemerkung = vorbemerkung});
     }
 
     // What a test reports, in the order of reporting; each without a line and a column.
@@ -119,6 +111,7 @@ protected:
 
 private:
     Testordner m_ordner;
+    Zeilenpuffer m_zeilen;
 };
 
 } // namespace zepholt::hilfen

@@ -1,6 +1,7 @@
 // The places of the fields that the item records read: each field is tried at its edges.
 #include "hilfen/Feldprobe.h"
 #include "items/Positionstest.h"
+#include "state/Verweise.h"
 
 namespace zepholt {
 namespace {
@@ -12,8 +13,7 @@ using namespace hilfen;
 void Nichts() {}
 
 PositionEintrag& Anlegen(std::int32_t nummer) {
-    KapitelEintrag& kapitel = sia451Datei.DokumentKapitel.front();
-    PositionEintrag& position = kapitel.Positionen.emplace_back();
+    PositionEintrag& position = sia451Datei.DokumentKapitel.front().Positionen.emplace_back();
     position.Nummer = nummer;
     return position;
 }
@@ -32,13 +32,8 @@ void MitLeistungsposition() {
     Anlegen(111001).HatG5 = true;
 }
 
-void MitMenge() {
-    MitLeistungsposition();
-    sia451Datei.DokumentKapitel.front().Positionen.front().Mengen.emplace_back();
-}
-
 void Detailzeile() {
-    PruefeDetailausmass(0, 0, 0);
+    PruefeDetailausmass();
 }
 
 // --- What they keep
@@ -48,32 +43,18 @@ const PositionEintrag& Position() {
 }
 
 template <auto Feld>
-Text VomKapitel() {
-    return AlsText(sia451Datei.DokumentKapitel.back().*Feld);
-}
-
-template <auto Feld>
-Text VonZuordnung() {
-    return Position().Zuordnungen.empty() ? Text(u"not kept") : AlsText(Position().Zuordnungen.back().*Feld);
-}
-
-template <auto Feld>
 Text VonMenge() {
-    return Position().Mengen.empty() ? Text(u"not kept") : AlsText(Position().Mengen.back().*Feld);
-}
-
-template <auto Feld>
-Text VonDetail() {
-    return AlsText(Position().Mengen.back().Details.back().*Feld);
-}
-
-template <auto Feld>
-Text ZahlVonDetail() {
-    return ZahlText(Position().Mengen.back().Details.back().*Feld);
+    return Position().Mengen.empty()
+               ? Text(u"not kept")
+               : Text(VerweiseIn(ZeileAn(sia451Datei.Mengen.LetztesVon(Position().Mengen).Zeile)).*Feld);
 }
 
 const VariableEintrag& Variable() {
-    return Position().Variablen.back();
+    return sia451Datei.Variablen.LetztesVon(Position().Variablen);
+}
+
+const VariablenzeileEintrag& Variablenzeile() {
+    return sia451Datei.Variablenzeilen.LetztesVon(Variable().Zeilen);
 }
 
 // --- The fields
@@ -94,93 +75,79 @@ const std::vector<Feldprobe> FelderG1 = {
     KapitelFeld("G1:2a"),
     {"G1:2c", 6, 2, Feldart::Zahl, Zwingend, Zwingend,
      [] { return ZahlText(sia451Datei.DokumentKapitel.back().Versionsjahr - 2000); }, u"45"},
-    {"G1:23", 93, 30, Feldart::Frei, Erwartet, Erwartet, VomKapitel<&KapitelEintrag::Titel>},
-    {"G1:24e", 138, 30, Feldart::Frei, Freiwillig, Freiwillig, VomKapitel<&KapitelEintrag::Zusatztext>},
+    {"G1:23", 93, 30, Feldart::Frei, Erwartet, Erwartet},
 };
 
 const std::vector<Feldprobe> FelderG2 = {
     KapitelFeld("G2:2a"),
     {"G2:3", 8, 6, Feldart::Zahl, Zwingend, Zwingend, [] { return ZahlText(Position().Nummer); }, u"123456"},
-    {"G2:23", 93, 30, Feldart::Frei, Freiwillig, Freiwillig, [] { return AlsText(Position().Text); }},
 };
 
 const std::vector<Feldprobe> FelderG3 = {
     KapitelFeld("G3:2a"),
     PositionFeld("G3:3"),
     {"G3:4", 14, 2, Feldart::Zahl, Zwingend, Zwingend, [] { return ZahlText(Variable().Nummer); }},
-    {"G3:5", 16, 2, Feldart::Zahl, Zwingend, Zwingend, [] { return ZahlText(Variable().ZeilenNrn.back()); }},
-    {"G3:23", 93, 30, Feldart::Frei, Freiwillig, Freiwillig, [] { return AlsText(Variable().ZeilenTexte.back()); }},
+    {"G3:5", 16, 2, Feldart::Zahl, Zwingend, Zwingend, [] { return ZahlText(Variablenzeile().Nummer); }},
+    {"G3:23", 93, 30, Feldart::Frei, Freiwillig, Freiwillig, [] { return Text(TextVon(Variablenzeile())); }},
     {"G3:24d", 136, 2, Feldart::Zahl, Freiwillig, Freiwillig, [] { return ZahlText(Variable().Einfuegepunkt); }},
 };
 
 const std::vector<Feldprobe> FelderG4 = {
     KapitelFeld("G4:2a"),
     PositionFeld("G4:3"),
-    Verweis("G4:6", 18, 6, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::OGL>),
-    Verweis("G4:7", 24, 6, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::PSL>),
-    Verweis("G4:8", 30, 3, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Variantengruppe>),
-    Verweis("G4:9", 33, 3, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Variante>),
-    Verweis("G4:21", 82, 5, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::KAG>),
-    Verweis("G4:22", 87, 6, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Element>),
-    Verweis("G4:24b", 129, 6, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Einrichtungstyp>),
-    {"G4:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig,
-     [] { return ZahlText(Position().Zuordnungen.back().Reihenfolge); }},
-    Verweis("G4:24f", 168, 16, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Nutzung>),
-    Verweis("G4:24g", 188, 16, Feldart::JokerAmEnde, VonZuordnung<&ZuordnungEintrag::Raum>),
+    Verweis("G4:6", 18, 6, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:7", 24, 6, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:8", 30, 3, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:9", 33, 3, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:21", 82, 5, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:22", 87, 6, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:24b", 129, 6, Feldart::JokerAmEnde, nullptr),
+    {"G4:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig},
+    Verweis("G4:24f", 168, 16, Feldart::JokerAmEnde, nullptr),
+    Verweis("G4:24g", 188, 16, Feldart::JokerAmEnde, nullptr),
 };
 
 const std::vector<Feldprobe> FelderG5 = {
     KapitelFeld("G5:2a"),
     PositionFeld("G5:3"),
-    {"G5:16", 59, 2, Feldart::Frei, Freiwillig, Freiwillig, [] { return AlsText(Position().Mengeneinheit); }},
-    {"G5:17", 61, 1, Feldart::Frei, Freiwillig, Freiwillig, [] { return AlsText(Position().Preisart); }},
-    {"G5:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig, [] { return AlsZiffern(Position().Preis, 2); }},
+    {"G5:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig},
 };
 
 const std::vector<Feldprobe> FelderG6 = {
     KapitelFeld("G6:2a"),
     PositionFeld("G6:3"),
     // A column filled in front of it would make a detail line.
-    {"G6:6", 18, 6, Feldart::OhneJoker, Freiwillig, Freiwillig, VonMenge<&MengeEintrag::OGL>, {}, {}, true},
-    Verweis("G6:7", 24, 6, Feldart::OhneJoker, VonMenge<&MengeEintrag::PSL>),
-    Verweis("G6:8", 30, 3, Feldart::OhneJoker, VonMenge<&MengeEintrag::Variantengruppe>),
-    Verweis("G6:9", 33, 3, Feldart::OhneJoker, VonMenge<&MengeEintrag::Variante>),
-    {"G6:10", 36, 6, Feldart::Frei, Freiwillig, Freiwillig, VonMenge<&MengeEintrag::Zusatzfeld>},
-    {"G6:13", 44, 1, Feldart::Frei, Zwingend, Zwingend, VonMenge<&MengeEintrag::Mengenart>},
-    {"G6:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(Position().Mengen.back().Menge, 3); }},
-    {"G6:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(Position().Mengen.back().Preis, 2); }},
-    {"G6:20", 75, 7, Feldart::Frei, Freiwillig, Freiwillig, VonMenge<&MengeEintrag::Laufnummer>, u"1234565"},
-    Verweis("G6:21", 82, 5, Feldart::OhneJoker, VonMenge<&MengeEintrag::KAG>),
-    Verweis("G6:22", 87, 6, Feldart::OhneJoker, VonMenge<&MengeEintrag::Element>),
+    {"G6:6", 18, 6, Feldart::OhneJoker, Freiwillig, Freiwillig, VonMenge<&Verweissatz::OGL>, {}, {}, true},
+    Verweis("G6:7", 24, 6, Feldart::OhneJoker, VonMenge<&Verweissatz::PSL>),
+    Verweis("G6:8", 30, 3, Feldart::OhneJoker, VonMenge<&Verweissatz::Variantengruppe>),
+    Verweis("G6:9", 33, 3, Feldart::OhneJoker, VonMenge<&Verweissatz::Variante>),
+    {"G6:13", 44, 1, Feldart::Frei, Zwingend, Zwingend},
+    {"G6:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig},
+    {"G6:19", 63, 12, Feldart::Dezimal, Freiwillig, Freiwillig},
+    Verweis("G6:21", 82, 5, Feldart::OhneJoker, VonMenge<&Verweissatz::KAG>),
+    Verweis("G6:22", 87, 6, Feldart::OhneJoker, VonMenge<&Verweissatz::Element>),
     {"G6:23", 93, 30, Feldart::MussLeerSein},
     {"G6:24a", 123, 6, Feldart::Zahl, Freiwillig, Freiwillig,
-     [] { return ZahlText(Position().Mengen.back().Vorbemerkung); }},
-    Verweis("G6:24b", 129, 6, Feldart::OhneJoker, VonMenge<&MengeEintrag::Einrichtungstyp>),
-    {"G6:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig,
-     [] { return ZahlText(Position().Mengen.back().Reihenfolge); }},
+     [] { return ZahlText(sia451Datei.Mengen.LetztesVon(Position().Mengen).Vorbemerkung); }},
+    Verweis("G6:24b", 129, 6, Feldart::OhneJoker, VonMenge<&Verweissatz::Einrichtungstyp>),
+    {"G6:24d", 136, 2, Feldart::Reihenfolge, Freiwillig, Freiwillig},
     {"G6:24e", 138, 30, Feldart::MussLeerSein},
-    Verweis("G6:24f", 168, 16, Feldart::JokerAmEnde, VonMenge<&MengeEintrag::Nutzung>),
-    Verweis("G6:24g", 188, 16, Feldart::JokerAmEnde, VonMenge<&MengeEintrag::Raum>),
+    Verweis("G6:24f", 168, 16, Feldart::JokerAmEnde, VonMenge<&Verweissatz::Nutzung>),
+    Verweis("G6:24g", 188, 16, Feldart::JokerAmEnde, VonMenge<&Verweissatz::Raum>),
     {"G6:24h", 208, 30, Feldart::MussLeerSein},
 };
 
 const std::vector<Feldprobe> FelderEG6 = {
-    {"G6:4", 14, 2, Feldart::Zahl, Zwingend, Zwingend, ZahlVonDetail<&DetailEintrag::Gruppe>},
-    {"G6:5", 16, 2, Feldart::Zahl, Zwingend, Zwingend, ZahlVonDetail<&DetailEintrag::DetailZeile>},
+    {"G6:4", 14, 2, Feldart::Zahl, Zwingend, Zwingend},
+    {"G6:5", 16, 2, Feldart::Zahl, Zwingend, Zwingend},
     {"G6:10", 36, 6, Feldart::MussLeerSein},
     {"G6:13", 44, 1, Feldart::Frei, Zwingend, Zwingend},
-    {"G6:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig,
-     [] { return AlsZiffern(Position().Mengen.back().Details.back().Menge, 3); }},
+    {"G6:15", 46, 13, Feldart::Dezimal, Freiwillig, Freiwillig},
     {"G6:17", 61, 1, Feldart::MussLeerSein},
     {"G6:18", 62, 1, Feldart::MussLeerSein},
     {"G6:19", 63, 12, Feldart::MussLeerSein},
     {"G6:20", 75, 7, Feldart::MussLeerSein},
-    {"G6:23", 93, 30, Feldart::Frei, Freiwillig, Freiwillig, VonDetail<&DetailEintrag::Text1>},
     {"G6:24a", 123, 6, Feldart::MussLeerSein},
-    {"G6:24e", 138, 30, Feldart::Frei, Freiwillig, Freiwillig, VonDetail<&DetailEintrag::Text2>},
-    {"G6:24h", 208, 30, Feldart::Frei, Freiwillig, Freiwillig, VonDetail<&DetailEintrag::Text3>},
 };
 
 const Satzprobe Proben[] = {
@@ -192,7 +159,7 @@ const Satzprobe Proben[] = {
     {"G5", BeideRevisionen(), MitLeistungsposition, PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111001"}}), FelderG5},
     {"G6", BeideRevisionen(), MitLeistungsposition, PruefeG6Allein,
      Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}}), FelderG6},
-    {"DetailLine", BeideRevisionen(), MitMenge, Detailzeile,
+    {"DetailLine", BeideRevisionen(), MitLeistungsposition, Detailzeile,
      Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {14, u"01"}, {16, u"01"}, {44, u"A"}}), FelderEG6},
 };
 

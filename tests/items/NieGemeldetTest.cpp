@@ -49,9 +49,7 @@ TEST_F(NieGemeldetTest, NotByTheRecordThatOneWouldExpect) {
         for (const std::int32_t revision : {Alt, Neu}) {
             BeginneMitPosition(revision);
             Gliederungen();
-            KostenkontoEintrag konto;
-            konto.OGL = u"HAUS2";
-            sia451Datei.KostenkontoTabelle.push_back(konto);
+            sia451Datei.KostenkontoTabelle.push_back({.OGL = u"HAUS2"});
             Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111001"}}), {});
             const Funde funde = Pruefe(fall.Test, fall.Satz);
             EXPECT_TRUE(std::ranges::none_of(funde, [&](const Fund& f) { return f.Code == fall.Code; }))

@@ -4,8 +4,11 @@
 #include "hilfen/Satztest.h"
 #include "items/RecordG.h"
 
+#include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zepholt::hilfen {
@@ -102,25 +105,37 @@ protected:
         SIA451Datei& d = sia451Datei;
         d.OGLVorhanden = d.KAGVorhanden = d.EKGVorhanden = d.EinrichtungVorhanden = true;
         d.VariantenVorhanden = d.NutzungVorhanden = d.RaumVorhanden = true;
-        OGLEintrag ogl;
-        ogl.Code = u"HAUS1";
-        ogl.PSLListe.Anfuegen({.Code = u"OST", .Bezeichnung = {}, .Text = {}, .Reihenfolge = 0});
-        d.OGLTabelle.Anfuegen(ogl);
-        d.KAGTabelle.Anfuegen({.Code = u"123", .Bezeichnung = {}, .Text = {}, .ECode = {}});
-        d.EKGTabelle.Anfuegen({.Code = u"C1", .Bezeichnung = {}, .Text = {}, .Mengeneinheit = {}, .ECode = {}});
-        d.EinrichtungTabelle.Anfuegen({.Code = u"ET1", .Bezeichnung = {}, .Text = {}, .Reihenfolge = 0});
-        VariantengruppeEintrag gruppe;
-        gruppe.Code = u"VG";
-        gruppe.Primaervariante = u"V1";
-        gruppe.Varianten.Anfuegen({.Code = u"V1", .Bezeichnung = {}, .Text = {}, .Reihenfolge = 0});
-        gruppe.Varianten.Anfuegen({.Code = u"V2", .Bezeichnung = {}, .Text = {}, .Reihenfolge = 0});
-        d.VariantenTabelle.Anfuegen(gruppe);
-        d.NutzungTabelle.Anfuegen({.Code = u"WOHNEN", .Bezeichnung = {}, .Text = {}});
-        d.RaumTabelle.Anfuegen({.Code = u"BAD", .Bezeichnung = {}, .Text = {}});
+        OGLEintrag ogl{u"HAUS1", 0, {}};
+        ogl.PSLListe.Anfuegen({u"OST"});
+        d.OGLTabelle.Anfuegen(std::move(ogl));
+        d.KAGTabelle.Anfuegen({u"123"});
+        d.EKGTabelle.Anfuegen({u"C1"});
+        d.EinrichtungTabelle.Anfuegen({u"ET1"});
+        VariantengruppeEintrag gruppe{u"VG", u"V1", 0, {}};
+        gruppe.Varianten.Anfuegen({u"V1"});
+        gruppe.Varianten.Anfuegen({u"V2"});
+        d.VariantenTabelle.Anfuegen(std::move(gruppe));
+        d.NutzungTabelle.Anfuegen({u"WOHNEN"});
+        d.RaumTabelle.Anfuegen({u"BAD"});
     }
 
     static KapitelEintrag& LetztesKapitel() { return sia451Datei.DokumentKapitel.back(); }
     static PositionEintrag& LetztePosition() { return LetztesKapitel().Positionen.back(); }
+
+    // The entries of a list of the tree.
+    static std::vector<MengeEintrag> Mengen(const PositionEintrag& position = LetztePosition()) {
+        return Liste<MengeEintrag>(sia451Datei.Mengen.Von(position.Mengen));
+    }
+    static std::vector<VariableEintrag> Variablen(const PositionEintrag& position = LetztePosition()) {
+        return Liste<VariableEintrag>(sia451Datei.Variablen.Von(position.Variablen));
+    }
+
+    template <class Eintrag, class Folge>
+    static std::vector<Eintrag> Liste(const Folge& folge) {
+        std::vector<Eintrag> liste;
+        std::ranges::copy(folge, std::back_inserter(liste));
+        return liste;
+    }
 };
 
 } // namespace zepholt::hilfen

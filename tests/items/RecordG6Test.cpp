@@ -1,6 +1,7 @@
 // Quantities: their kind, sign, price, references and running number, and what stays on the position. The detail
 // measurement lines have tests of their own.
 #include "items/Positionstest.h"
+#include "state/Verweise.h"
 
 namespace zepholt {
 namespace {
@@ -20,7 +21,7 @@ protected:
         FehlerLoeschen();
     }
 
-    static const MengeEintrag& Menge() { return LetztePosition().Mengen.back(); }
+    static Verweissatz Verweise() { return VerweiseIn(ZeileAn(Mengen().back().Zeile)); }
 
     const Text m_satz = Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}, {45, u"+"}, {46, Zwoelf}});
 };
@@ -220,59 +221,30 @@ TEST_F(PruefeG6Test, StoresTheQuantity) {
                          {168, u"WOHNEN"},
                          {188, u"BAD"}}),
             {});
-    ASSERT_EQ(LetztePosition().Mengen.size(), 1U);
-    EXPECT_EQ(Menge().Mengenart, u"A");
-    EXPECT_EQ(Menge().Menge, -12.0);
-    EXPECT_EQ(Menge().Preis, -12.5);
-    EXPECT_EQ(Menge().OGL, u"HAUS1");
-    EXPECT_EQ(Menge().PSL, u"OST");
-    EXPECT_EQ(Menge().KAG, u"123");
-    EXPECT_EQ(Menge().Element, u"C1");
-    EXPECT_EQ(Menge().Variantengruppe, u"VG");
-    EXPECT_EQ(Menge().Variante, u"V1");
-    EXPECT_EQ(Menge().Einrichtungstyp, u"ET1");
-    EXPECT_EQ(Menge().Nutzung, u"WOHNEN");
-    EXPECT_EQ(Menge().Raum, u"BAD");
-    EXPECT_EQ(Menge().Vorbemerkung, 111000);
-    EXPECT_EQ(Menge().Laufnummer, u"1234565");
-    EXPECT_EQ(Menge().Zusatzfeld, u"Zusatz");
-    EXPECT_EQ(Menge().Reihenfolge, 7);
-    EXPECT_TRUE(Menge().Details.empty());
-}
-
-TEST_F(PruefeG6Test, StoresAmountsByTheirSigns) {
-    struct {
-        Felder G5;
-        Felder Aenderung;
-        double Menge;
-        double Preis;
-    } const faelle[] = {
-        {{}, {{45, u"-"}, {62, u"-"}, {63, Preis}}, -12.0, -12.5},
-        {{}, {{45, u"+"}, {62, u"+"}, {63, Preis}}, 12.0, 12.5},
-        {{}, {{45, u"x"}, {62, u"x"}, {63, Preis}}, 12.0, 12.5},
-        {{}, {{45, u" "}, {63, Preis}}, 12.0, 12.5},
-        {{{61, u"F"}}, {{62, u"-"}, {63, Preis}}, 12.0, 12.5}, // the position has the price: the sign does not act
-        {{}, {{46, u"             "}, {62, u"-"}}, 0.0, 0.0},
-    };
-    for (const auto& [g5, aenderung, menge, preis] : faelle) {
-        for (const std::int32_t revision : {Alt, Neu}) {
-            Aufbau(revision, g5);
-            Pruefe(PruefeG6Allein, Mit(m_satz, aenderung));
-            ASSERT_EQ(LetztePosition().Mengen.size(), 1U);
-            EXPECT_EQ(Menge().Menge, menge);
-            EXPECT_EQ(Menge().Preis, preis);
-        }
-    }
+    ASSERT_EQ(Mengen().size(), 1U);
+    EXPECT_EQ(Mengen()[0].Zeile, testDaten.ZeilenNr);
+    EXPECT_EQ(Mengen()[0].Vorbemerkung, 111000);
+    EXPECT_EQ(Verweise().OGL, u"HAUS1");
+    EXPECT_EQ(Verweise().PSL, u"OST");
+    EXPECT_EQ(Verweise().KAG, u"123");
+    EXPECT_EQ(Verweise().Element, u"C1");
+    EXPECT_EQ(Verweise().Variantengruppe, u"VG");
+    EXPECT_EQ(Verweise().Variante, u"V1");
+    EXPECT_EQ(Verweise().Einrichtungstyp, u"ET1");
+    EXPECT_EQ(Verweise().Nutzung, u"WOHNEN");
+    EXPECT_EQ(Verweise().Raum, u"BAD");
+    EXPECT_TRUE(LaufnummerVergeben(u"1234565"));
+    EXPECT_TRUE(ReihenfolgeVergeben(LetztePosition(), 7));
 }
 
 TEST_F(PruefeG6Test, StoresAlsoWhatFailed) {
     Aufbau(Neu);
     Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"X"}, {44, u"Z"}, {75, u"1234567"}, {93, u"Text"}, {136, u"07"}}),
             {{3208}, {4611}, {4631}, {4681}, {2032, 93}});
-    ASSERT_EQ(LetztePosition().Mengen.size(), 1U);
-    EXPECT_EQ(Menge().OGL, u"X");
-    EXPECT_EQ(Menge().Laufnummer, u"1234567");
-    EXPECT_EQ(Menge().Reihenfolge, 0);
+    ASSERT_EQ(Mengen().size(), 1U);
+    EXPECT_EQ(Verweise().OGL, u"X");
+    EXPECT_TRUE(LaufnummerVergeben(u"1234567"));
+    EXPECT_FALSE(ReihenfolgeVergeben(LetztePosition(), 7));
 }
 
 TEST_F(PruefeG6Test, FaultsComeInTheOrderOfTheChecks) {
@@ -333,7 +305,7 @@ TEST_F(PruefeG6Test, TheNeighbourFlagChangesNothing) {
     for (const bool flag : {false, true}) {
         Aufbau(Neu);
         Erwarte([flag] { PruefeG6(flag); }, Mit(m_satz, {{18, u"X"}}), {{4631}});
-        EXPECT_EQ(LetztePosition().Mengen.size(), 1U);
+        EXPECT_EQ(Mengen().size(), 1U);
     }
 }
 
@@ -348,7 +320,7 @@ TEST_F(PruefeG6Test, AnOrderStandsOnlyOnceOnAPosition) {
     Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"00"}}), {});
     Erwarte(PruefeG6Allein, m_satz, {});
     Erwarte(PruefeG6Allein, Mit(m_satz, {{8, u"111002"}, {136, u"99"}}), {});
-    EXPECT_EQ(sia451Datei.DokumentKapitel[0].Positionen[1].Mengen.size(), 6U);
+    EXPECT_EQ(Mengen(sia451Datei.DokumentKapitel[0].Positionen[1]).size(), 6U);
 
     Aufbau(Neu);
     Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {{3208}});
@@ -397,14 +369,14 @@ TEST_F(LaufnummerTest, OfOneRecord) {
 TEST_F(LaufnummerTest, AValueOfZeroLeavesNoNumberBehind) {
     Aufbau(Neu);
     Erwarte(PruefeG6Allein, Satz(u"0000000"), {{4682}});
-    EXPECT_EQ(Menge().Laufnummer, u"");
+    EXPECT_FALSE(LaufnummerVergeben(u"0000000"));
     Erwarte(PruefeG6Allein, Satz(u"ABC"), {{4682}});
-    EXPECT_EQ(Menge().Laufnummer, u"");
+    EXPECT_FALSE(LaufnummerVergeben(u"0000000"));
     Erwarte(PruefeG6Allein, Satz(u"0"), {{4682}}); // once, not again for a number in the tree
 
     Aufbau(Alt);
     Erwarte(PruefeG6Allein, Satz(u"0000000"), {});
-    EXPECT_EQ(Menge().Laufnummer, u"0000000");
+    EXPECT_TRUE(LaufnummerVergeben(u"0000000"));
     Erwarte(PruefeG6Allein, Satz(u"0000000"), {{4682}});
     Erwarte(PruefeG6Allein, Satz(u"000000"), {});
 }
@@ -479,9 +451,7 @@ TEST_F(LaufnummerTest, ARefusedRecordTakesNoNumber) {
 TEST_F(PruefeG6Test, RevisionZeroAsksTheCostAccounts) {
     Aufbau(0);
     Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {}); // no accounts: not asked
-    KostenkontoEintrag konto;
-    konto.OGL = u"HAUS2";
-    sia451Datei.KostenkontoTabelle.push_back(konto);
+    sia451Datei.KostenkontoTabelle.push_back({.OGL = u"HAUS2"});
     Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {{4691}});
     sia451Datei.KostenkontoTabelle[0].OGL = u"HAUS*";
     Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {});

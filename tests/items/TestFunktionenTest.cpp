@@ -80,62 +80,66 @@ class KostenkontoTest : public testing::Test {
 protected:
     KostenkontoTest() { NeuerLauf(); }
 
-    static void Konto(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht element, TextSicht gruppe,
-                      TextSicht variante) {
-        KostenkontoEintrag konto;
-        konto.OGL = ogl;
-        konto.PSL = psl;
-        konto.KAG = kag;
-        konto.Element = element;
-        konto.Variantengruppe = gruppe;
-        konto.Variante = variante;
-        sia451Datei.KostenkontoTabelle.push_back(konto);
+    static Verweissatz Verweise(TextSicht ogl, TextSicht psl, TextSicht kag, TextSicht element, TextSicht gruppe,
+                                TextSicht variante) {
+        return {
+            .OGL = ogl, .PSL = psl, .KAG = kag, .Element = element, .Variantengruppe = gruppe, .Variante = variante};
+    }
+
+    template <class... Texte>
+    static void Konto(Texte... texte) {
+        sia451Datei.KostenkontoTabelle.push_back(Verweise(texte...));
+    }
+
+    template <class... Texte>
+    static bool Gefunden(Texte... texte) {
+        return KostenkontoGefunden(Verweise(texte...));
     }
 };
 
 TEST_F(KostenkontoTest, AnEmptyTableHasNone) {
-    EXPECT_FALSE(KostenkontoGefunden(u"", u"", u"", u"", u"", u""));
+    EXPECT_FALSE(Gefunden(u"", u"", u"", u"", u"", u""));
 }
 
 TEST_F(KostenkontoTest, EveryReferenceMustFit) {
     Konto(u"HAUS1", u"OST", u"123", u"C1", u"VG", u"V1");
-    EXPECT_TRUE(KostenkontoGefunden(u"HAUS1", u"OST", u"123", u"C1", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS2", u"OST", u"123", u"C1", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"WEST", u"123", u"C1", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"OST", u"124", u"C1", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"OST", u"123", u"C2", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"OST", u"123", u"C1", u"VH", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"OST", u"123", u"C1", u"VG", u"V2"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"", u"123", u"C1", u"VG", u"V1"));
+    EXPECT_TRUE(Gefunden(u"HAUS1", u"OST", u"123", u"C1", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS2", u"OST", u"123", u"C1", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"WEST", u"123", u"C1", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"OST", u"124", u"C1", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"OST", u"123", u"C2", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"OST", u"123", u"C1", u"VH", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"OST", u"123", u"C1", u"VG", u"V2"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"", u"123", u"C1", u"VG", u"V1"));
 }
 
 TEST_F(KostenkontoTest, AJokerInTheFirstOfAPairCoversTheSecond) {
     Konto(u"HA*", u"OST", u"12*", u"*", u"V*", u"V1");
-    EXPECT_TRUE(KostenkontoGefunden(u"HAUS1", u"WEST", u"129", u"", u"VG", u"V9"));
-    EXPECT_FALSE(KostenkontoGefunden(u"H", u"OST", u"129", u"", u"VG", u"V1"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"WEST", u"139", u"", u"VG", u"V9"));
+    EXPECT_TRUE(Gefunden(u"HAUS1", u"WEST", u"129", u"", u"VG", u"V9"));
+    EXPECT_FALSE(Gefunden(u"H", u"OST", u"129", u"", u"VG", u"V1"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"WEST", u"139", u"", u"VG", u"V9"));
 }
 
 TEST_F(KostenkontoTest, AJokerInTheSecondOfAPairEndsOnlyThat) {
     Konto(u"HAUS1", u"O*", u"", u"", u"VG", u"*");
-    EXPECT_TRUE(KostenkontoGefunden(u"HAUS1", u"OST", u"", u"", u"VG", u"V9"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS2", u"OST", u"", u"", u"VG", u"V9"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"WEST", u"", u"", u"VG", u"V9"));
-    EXPECT_FALSE(KostenkontoGefunden(u"HAUS1", u"OST", u"", u"", u"VH", u"V9"));
+    EXPECT_TRUE(Gefunden(u"HAUS1", u"OST", u"", u"", u"VG", u"V9"));
+    EXPECT_FALSE(Gefunden(u"HAUS2", u"OST", u"", u"", u"VG", u"V9"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"WEST", u"", u"", u"VG", u"V9"));
+    EXPECT_FALSE(Gefunden(u"HAUS1", u"OST", u"", u"", u"VH", u"V9"));
 }
 
 TEST_F(KostenkontoTest, TheColumnsKeepAPairApart) {
     Konto(u"A", u"B", u"", u"", u"", u"");
-    EXPECT_FALSE(KostenkontoGefunden(u"AB", u"", u"", u"", u"", u""));
-    EXPECT_TRUE(KostenkontoGefunden(u"A", u"B", u"", u"", u"", u""));
+    EXPECT_FALSE(Gefunden(u"AB", u"", u"", u"", u"", u""));
+    EXPECT_TRUE(Gefunden(u"A", u"B", u"", u"", u"", u""));
 }
 
 TEST_F(KostenkontoTest, AnyAccountWillDo) {
     Konto(u"A", u"", u"", u"", u"", u"");
     Konto(u"B", u"", u"", u"", u"", u"");
-    EXPECT_TRUE(KostenkontoGefunden(u"A", u"", u"", u"", u"", u""));
-    EXPECT_TRUE(KostenkontoGefunden(u"B", u"", u"", u"", u"", u""));
-    EXPECT_FALSE(KostenkontoGefunden(u"C", u"", u"", u"", u"", u""));
+    EXPECT_TRUE(Gefunden(u"A", u"", u"", u"", u"", u""));
+    EXPECT_TRUE(Gefunden(u"B", u"", u"", u"", u"", u""));
+    EXPECT_FALSE(Gefunden(u"C", u"", u"", u"", u"", u""));
 }
 
 TEST(EinrichtungTest, EveryChapterMayHaveFurnishing) {

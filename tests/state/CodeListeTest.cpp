@@ -10,26 +10,25 @@
 namespace zepholt {
 namespace {
 
-std::int32_t FindeNachScan(const std::vector<VarianteEintrag>& eintraege, TextSicht code) {
+std::int32_t FindeNachScan(const std::vector<Reihencode>& eintraege, TextSicht code) {
     const auto treffer = std::find_if(eintraege.begin(), eintraege.end(),
-                                      [code](const VarianteEintrag& eintrag) { return eintrag.Code == code; });
+                                      [code](const Reihencode& eintrag) { return eintrag.Code == code; });
     return treffer == eintraege.end() ? -1 : static_cast<std::int32_t>(treffer - eintraege.begin());
 }
 
-bool HatAnfangNachScan(const std::vector<VarianteEintrag>& eintraege, TextSicht anfang) {
-    return std::any_of(eintraege.begin(), eintraege.end(), [anfang](const VarianteEintrag& eintrag) {
-        return eintrag.Code.substr(0, anfang.size()) == anfang;
-    });
+bool HatAnfangNachScan(const std::vector<Reihencode>& eintraege, TextSicht anfang) {
+    return std::any_of(eintraege.begin(), eintraege.end(),
+                       [anfang](const Reihencode& eintrag) { return eintrag.Code.substr(0, anfang.size()) == anfang; });
 }
 
-std::int32_t AnzahlNachScan(const std::vector<VarianteEintrag>& eintraege, std::int32_t reihenfolge, std::int32_t bis) {
+std::int32_t AnzahlNachScan(const std::vector<Reihencode>& eintraege, std::int32_t reihenfolge, std::int32_t bis) {
     return static_cast<std::int32_t>(
         std::count_if(eintraege.begin(), eintraege.begin() + bis,
-                      [reihenfolge](const VarianteEintrag& eintrag) { return eintrag.Reihenfolge == reihenfolge; }));
+                      [reihenfolge](const Reihencode& eintrag) { return eintrag.Reihenfolge == reihenfolge; }));
 }
 
 TEST(CodeListeTest, AnEmptyListFindsNothing) {
-    const CodeListe<VarianteEintrag> liste;
+    const CodeListe<Reihencode> liste;
     EXPECT_EQ(liste.Anzahl(), 0);
     EXPECT_EQ(liste.Finde(u""), -1);
     EXPECT_FALSE(liste.HatAnfang(u""));
@@ -37,10 +36,10 @@ TEST(CodeListeTest, AnEmptyListFindsNothing) {
 }
 
 TEST(CodeListeTest, ARepeatedCodeKeepsItsFirstEntry) {
-    CodeListe<VarianteEintrag> liste;
-    liste.Anfuegen({u"B", u"first", u"", 1});
-    liste.Anfuegen({u"A", u"", u"", 2});
-    liste.Anfuegen({u"B", u"second", u"", 1});
+    CodeListe<Reihencode> liste;
+    liste.Anfuegen({u"B", 1});
+    liste.Anfuegen({u"A", 2});
+    liste.Anfuegen({u"B", 1});
     EXPECT_EQ(liste.Finde(u"B"), 0);
     EXPECT_EQ(liste.Anzahl(), 3);
     EXPECT_EQ(liste.AnzahlMitReihenfolge(1, 2), 1);
@@ -61,9 +60,9 @@ TEST(CodeListeTest, EverySearchFindsWhatAScanFinds) {
     };
     for (int runde = 0; runde < 100; ++runde) {
         std::deque<Text> codes;
-        CodeListe<VarianteEintrag> liste;
+        CodeListe<Reihencode> liste;
         for (int i = 0; i < 40; ++i) {
-            liste.Anfuegen({codes.emplace_back(code()), u"", u"", static_cast<std::int32_t>(zufall() % 4)});
+            liste.Anfuegen({codes.emplace_back(code()), static_cast<std::int32_t>(zufall() % 4)});
             const Text gesucht = code();
             const auto reihenfolge = static_cast<std::int32_t>(1 + zufall() % 4);
             const auto bis = static_cast<std::int32_t>(zufall() % (codes.size() + 1));

@@ -108,20 +108,16 @@ TEST_F(IndexTest, NumbersOfTheWholeRange) {
     EXPECT_EQ(index.Finde(liste, 1), -1);
 }
 
-TEST_F(IndexTest, VariablesAndLines) {
-    sia451Datei.DokumentKapitel.emplace_back().Positionen.emplace_back();
-    auto& variablen = sia451Datei.DokumentKapitel[0].Positionen[0].Variablen;
+TEST_F(IndexTest, Variables) {
+    PositionEintrag& position = sia451Datei.DokumentKapitel.emplace_back().Positionen.emplace_back();
+    std::vector<VariableEintrag*> variablen;
     for (std::int32_t schritt = 0; schritt < 300; ++schritt) {
         const std::int32_t nummer = Zahl(0, 20);
         if (Zahl(0, 3) == 0) {
-            variablen.emplace_back().Nummer = nummer;
-        } else if (!variablen.empty()) {
-            variablen[0].ZeilenNrn.push_back(nummer);
-            ASSERT_EQ(SucheZeile(0, 0, 0, nummer),
-                      Erster(variablen[0].ZeilenNrn, [nummer](std::int32_t n) { return n == nummer; }));
+            variablen.push_back(&sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = nummer}));
         }
-        ASSERT_EQ(SucheVariable(0, 0, nummer),
-                  Erster(variablen, [nummer](const VariableEintrag& v) { return v.Nummer == nummer; }));
+        const std::int32_t erste = Erster(variablen, [nummer](const auto* v) { return v->Nummer == nummer; });
+        ASSERT_EQ(SucheVariable(position, nummer), erste == -1 ? nullptr : variablen[static_cast<std::size_t>(erste)]);
     }
 }
 
@@ -150,16 +146,16 @@ TEST_F(IndexTest, StructureCodes) {
         std::vector<std::vector<TextSicht>> varianten;
         for (std::int32_t i = Zahl(0, 12); i > 0; --i) {
             codes.push_back(Zufallstext(u"ab*", 3));
-            sia451Datei.KAGTabelle.Anfuegen({codes.back(), {}, {}, {}});
-            sia451Datei.RaumTabelle.Anfuegen({codes.back(), {}, {}});
+            sia451Datei.KAGTabelle.Anfuegen({codes.back()});
+            sia451Datei.RaumTabelle.Anfuegen({codes.back()});
             VariantengruppeEintrag gruppe;
             gruppe.Code = gruppen.emplace_back(Zufallstext(u"ab*", 1));
             varianten.emplace_back();
             for (std::int32_t v = Zahl(0, 4); v > 0; --v) {
                 varianten.back().push_back(Zufallstext(u"ab", 2));
-                gruppe.Varianten.Anfuegen({varianten.back().back(), {}, {}, 0});
+                gruppe.Varianten.Anfuegen({varianten.back().back()});
             }
-            sia451Datei.VariantenTabelle.Anfuegen(gruppe);
+            sia451Datei.VariantenTabelle.Anfuegen(std::move(gruppe));
         }
         for (std::int32_t i = 0; i < 60; ++i) {
             const TextSicht gesucht = Zufallstext(u"ab*", 3);
@@ -175,40 +171,48 @@ TEST_F(IndexTest, StructureCodes) {
 
 // The searches go from position to position and back, which no sorted file does.
 TEST_F(IndexTest, QuantitiesByTheirNineReferences) {
-    const auto bezuege = [](const MengeEintrag& m) {
-        return std::array<Feldsicht, 9>{m.OGL,      m.PSL,     m.KAG, m.Element, m.Einrichtungstyp, m.Variantengruppe,
-                                        m.Variante, m.Nutzung, m.Raum};
-    };
+    // Mostly empty, and texts that make the same row when they are joined. The kind (column 44) has no say.
     const auto zufallsmenge = [this] {
-        MengeEintrag menge;
-        // Mostly empty, and texts that make the same row when they are joined.
-        for (KurzText MengeEintrag::*feld :
-             {&MengeEintrag::OGL, &MengeEintrag::PSL, &MengeEintrag::KAG, &MengeEintrag::Element,
-              &MengeEintrag::Einrichtungstyp, &MengeEintrag::Variantengruppe, &MengeEintrag::Variante,
-              &MengeEintrag::Nutzung, &MengeEintrag::Raum}) {
-            menge.*feld = Zahl(0, 3) == 0 ? Feldsicht(Zufallstext(u"a", 1)) : Feldsicht();
+        std::vector<Feldwert> felder = {{44, Zahl(0, 1) == 0 ? u"A" : u"B"}};
+        for (const std::int32_t spalte : {18, 24, 30, 33, 82, 87, 129, 168, 188}) {
+            felder.push_back({spalte, Zahl(0, 3) == 0 ? u"a" : u""});
         }
-        menge.Mengenart = Feldsicht(Zufallstext(u"AB", 1)); // has no say
-        return menge;
+        return m_zeilen.Anfuegen(Zeile(u"G6", felder));
     };
     for (std::int32_t runde = 0; runde < 10; ++runde) {
-        sia451Datei = {};
+        Beginne(Neu);
         for (std::int32_t k = 0; k < 2; ++k) {
             sia451Datei.DokumentKapitel.emplace_back().Positionen.resize(2);
         }
+        std::array<std::vector<Verweissatz>, 4> bisher;
         for (std::int32_t schritt = 0; schritt < 400; ++schritt) {
             const std::int32_t kapitel = Zahl(0, 1);
             const std::int32_t position = Zahl(0, 1);
-            auto& mengen = sia451Datei.DokumentKapitel[static_cast<std::size_t>(kapitel)]
-                               .Positionen[static_cast<std::size_t>(position)]
-                               .Mengen;
+            auto& vorhandene = bisher[static_cast<std::size_t>(kapitel * 2 + position)];
             if (Zahl(0, 1) == 0) {
-                mengen.push_back(zufallsmenge());
+                vorhandene.push_back(VerweiseIn(zufallsmenge()));
+                sia451Datei.Mengen.Anfuegen(sia451Datei.DokumentKapitel[static_cast<std::size_t>(kapitel)]
+                                                .Positionen[static_cast<std::size_t>(position)]
+                                                .Mengen,
+                                            {.Zeile = testDaten.ZeilenAnzahl - 1});
             }
-            const MengeEintrag gesucht = zufallsmenge();
-            ASSERT_EQ(SucheMenge(kapitel, position, gesucht),
-                      Erster(mengen, [&](const MengeEintrag& m) { return bezuege(m) == bezuege(gesucht); }));
+            const Verweissatz gesucht = VerweiseIn(zufallsmenge());
+            ASSERT_EQ(HatMengeMit(kapitel, position, gesucht),
+                      std::ranges::find(vorhandene, gesucht) != vorhandene.end());
         }
+    }
+}
+
+TEST_F(IndexTest, EachOfTheNineReferencesTellsQuantitiesApart) {
+    const Feldsicht leer = m_zeilen.Anfuegen(Zeile(u"G6", {}));
+    for (const auto& [spalte, laenge] : std::initializer_list<std::pair<std::int32_t, std::int32_t>>{
+             {18, 6}, {24, 6}, {30, 3}, {33, 3}, {82, 5}, {87, 6}, {129, 6}, {168, 16}, {188, 16}}) {
+        EXPECT_NE(VerweiseIn(m_zeilen.Anfuegen(Zeile(u"G6", {{spalte, u"x"}}))), VerweiseIn(leer)) << spalte;
+        EXPECT_NE(VerweiseIn(m_zeilen.Anfuegen(Zeile(u"G6", {{spalte + laenge - 1, u"x"}}))), VerweiseIn(leer))
+            << spalte;
+    }
+    for (const std::int32_t spalte : {17, 36, 81, 93, 128, 135, 167, 184, 187, 204}) {
+        EXPECT_EQ(VerweiseIn(m_zeilen.Anfuegen(Zeile(u"G6", {{spalte, u"x"}}))), VerweiseIn(leer)) << spalte;
     }
 }
 

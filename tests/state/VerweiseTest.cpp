@@ -24,7 +24,7 @@ protected:
     StrukturTest() {
         sia451Datei.KAGVorhanden = sia451Datei.OGLVorhanden = true;
         for (const TextSicht code : {u"12", u"123"}) {
-            sia451Datei.KAGTabelle.Anfuegen({code, {}, {}, {}});
+            sia451Datei.KAGTabelle.Anfuegen({code});
         }
         for (const TextSicht code : {u"A", u"B", u"A"}) {
             OGLEintrag ogl;
@@ -33,10 +33,10 @@ protected:
                 const bool erster = sia451Datei.OGLTabelle.Anzahl() == 0;
                 for (const TextSicht psl :
                      erster ? std::vector<TextSicht>{u"1", u"12", u"9"} : std::vector<TextSicht>{u"7"}) {
-                    ogl.PSLListe.Anfuegen({psl, {}, {}, 0});
+                    ogl.PSLListe.Anfuegen({psl});
                 }
             }
-            sia451Datei.OGLTabelle.Anfuegen(ogl);
+            sia451Datei.OGLTabelle.Anfuegen(std::move(ogl));
         }
     }
 };
@@ -59,13 +59,13 @@ TEST_F(StrukturTest, AJokerStandsForAnyEnding) {
 
 TEST_F(StrukturTest, APrefixDoesNotMatchAShorterEntry) {
     sia451Datei.KAGTabelle = {};
-    sia451Datei.KAGTabelle.Anfuegen({u"1", {}, {}, {}});
+    sia451Datei.KAGTabelle.Anfuegen({u"1"});
     EXPECT_FALSE(KAGGefunden(u"12*"));
     EXPECT_TRUE(KAGGefunden(u"1*"));
 }
 
 TEST_F(StrukturTest, CaseAndBlanksCount) {
-    sia451Datei.KAGTabelle.Anfuegen({u"Ab", {}, {}, {}});
+    sia451Datei.KAGTabelle.Anfuegen({u"Ab"});
     EXPECT_TRUE(KAGGefunden(u"Ab"));
     EXPECT_FALSE(KAGGefunden(u"ab"));
     EXPECT_FALSE(KAGGefunden(u"Ab "));
@@ -125,8 +125,8 @@ TEST_F(StrukturTest, EverySearchLooksIntoItsOwnTable) {
 TEST_F(StrukturTest, UseAndRoomKnowNoJoker) {
     sia451Datei = {};
     Gliederungen();
-    sia451Datei.NutzungTabelle.Anfuegen({u"W*", {}, {}});
-    sia451Datei.RaumTabelle.Anfuegen({u"B*", {}, {}});
+    sia451Datei.NutzungTabelle.Anfuegen({u"W*"});
+    sia451Datei.RaumTabelle.Anfuegen({u"B*"});
     EXPECT_TRUE(NutzungGefunden(u"WOHNEN"));
     EXPECT_FALSE(NutzungGefunden(u"WOHN*"));
     EXPECT_TRUE(NutzungGefunden(u"W*")); // the character, as it stands in the table
@@ -215,18 +215,17 @@ TEST_F(VerweiseTest, TheTreeIsSearchedLevelByLevel) {
     EXPECT_EQ(SuchePosition(1, 111001), 1);
     EXPECT_EQ(SuchePosition(0, 111001), -1);
 
-    EXPECT_EQ(SucheVariable(1, 1, 5), -1);
+    PositionEintrag& haupt = sia451Datei.DokumentKapitel[1].Positionen[0];
+    PositionEintrag& leistung = sia451Datei.DokumentKapitel[1].Positionen[1];
+    EXPECT_EQ(SucheVariable(leistung, 5), nullptr);
     for (const TextSicht zeile : {u"0501", u"0502", u"0601"}) {
         Erwarte(PruefeG3, Zeile(u"G3", {{2, u"112"}, {8, u"111001"}, {14, zeile}}), {});
     }
-    EXPECT_EQ(SucheVariable(1, 1, 5), 0);
-    EXPECT_EQ(SucheVariable(1, 1, 6), 1);
-    EXPECT_EQ(SucheVariable(1, 1, 7), -1);
-    EXPECT_EQ(SucheVariable(1, 0, 5), -1);
-
-    EXPECT_EQ(SucheZeile(1, 1, 0, 1), 0);
-    EXPECT_EQ(SucheZeile(1, 1, 0, 2), 1);
-    EXPECT_EQ(SucheZeile(1, 1, 1, 2), -1);
+    ASSERT_NE(SucheVariable(leistung, 5), nullptr);
+    EXPECT_EQ(SucheVariable(leistung, 5)->Nummer, 5);
+    EXPECT_EQ(SucheVariable(leistung, 6)->Nummer, 6);
+    EXPECT_EQ(SucheVariable(leistung, 7), nullptr);
+    EXPECT_EQ(SucheVariable(haupt, 5), nullptr);
 }
 
 // --- Numbers
