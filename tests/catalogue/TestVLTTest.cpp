@@ -410,7 +410,7 @@ TEST_F(TestVLTTest, TheAlternativeCodeOfARecordIsDropped) { // 6306
         BeginneMitKapitel(revision);
         Position(211001);
         const Text satz = Zeile(u"G3", {{2, u"241"}, {8, u"211001"}, {14, u"0101"}, {135, u"+"}});
-        testDaten.Record = Feldsicht(satz);
+        NimmInDieHand(satz);
         PruefeG3();
         ASSERT_FALSE(LetztePosition().Variablen.empty());
         EXPECT_EQ(Rufe(TesteKatalog), Stempelfunde());

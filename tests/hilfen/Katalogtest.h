@@ -109,6 +109,12 @@ protected:
         return funde;
     }
 
+    // Puts the record behind the lines so far and makes it the current one.
+    void NimmInDieHand(const Text& record) {
+        testDaten.ZeilenNr = testDaten.ZeilenAnzahl;
+        testDaten.Record = m_zeilen.Anfuegen(record);
+    }
+
 private:
     Testordner m_ordner;
     Zeilenpuffer m_zeilen;

@@ -181,10 +181,10 @@ TEST_F(NachlaufTest, OnlyTheInsertionPointOfTheLastLineCounts) { // 4721
     const Text zwei = Zeile(u"G3", {{2, u"111"}, {8, u"111191"}, {14, u"0102"}});
     BeginneMitKapitel(Neu);
     Position(111191);
-    testDaten.Record = Feldsicht(eins);
+    NimmInDieHand(eins);
     PruefeG3();
     EXPECT_EQ(Rufe(PruefeNachlauf), Stempelfunde());
-    testDaten.Record = Feldsicht(zwei);
+    NimmInDieHand(zwei);
     PruefeG3();
     EXPECT_EQ(Rufe(PruefeNachlauf), (Stempelfunde{{4721, 111, 111191}}));
 }
