@@ -19,23 +19,36 @@ void LeeresFeldMelden(std::int32_t spalte, Pflicht pflicht) {
     }
 }
 
-// The digits of a field that is not blank; 3001 and no text when a character is no digit, or when the record ends
-// inside the field, whose missing columns count as blanks.
+// The digits of a field that they fill. None when it is blank, which is left to the caller; none and 3001 when a
+// character is no digit, or when the record ends inside the field, whose missing columns count as blanks.
 std::optional<Feldsicht> Ziffern(std::int32_t spalte, std::int32_t laenge) {
-    if (!testDaten.Record.NurZiffern(spalte, laenge)) {
-        FehlerHinzufuegen(3001, spalte);
-        return std::nullopt;
+    if (testDaten.Record.NurZiffern(spalte, laenge)) {
+        return testDaten.Record.substr(static_cast<std::size_t>(spalte - 1), static_cast<std::size_t>(laenge));
     }
-    return Feld(testDaten.Record, spalte, laenge);
+    if (!FeldLeer(spalte, laenge)) {
+        FehlerHinzufuegen(3001, spalte);
+    }
+    return std::nullopt;
 }
 
-// Exact up to 15 digits, more than any field has.
-double Ziffernwert(Feldsicht ziffern) {
-    double wert = 0;
-    for (std::size_t i = 0; i < ziffern.size(); ++i) {
-        wert = wert * 10 + (ziffern[i] - u'0');
+// The same; LeeresFeldMelden when it is blank.
+std::optional<Feldsicht> Ziffern(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
+    if (!ziffern && FeldLeer(spalte, laenge)) {
+        LeeresFeldMelden(spalte, pflicht);
     }
-    return wert;
+    return ziffern;
+}
+
+// Exact up to 18 digits, more than any field has.
+std::int64_t Ziffernwert(Feldsicht ziffern) {
+    return ziffern.MitSpalten([&ziffern](const auto* spalten) {
+        std::int64_t wert = 0;
+        for (std::size_t i = 0; i < ziffern.size(); ++i) {
+            wert = wert * 10 + (spalten[i] - '0');
+        }
+        return wert;
+    });
 }
 
 // Days since 1970-01-01 of the first day of a month in the proleptic Gregorian calendar; `monat` from 1 to 12.
@@ -86,15 +99,11 @@ Feldsicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel re
 }
 
 std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
-    if (FeldLeer(spalte, laenge)) {
-        LeeresFeldMelden(spalte, pflicht);
-        return 0;
-    }
-    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge, pflicht);
     if (!ziffern) {
         return 0;
     }
-    const double wert = Ziffernwert(*ziffern);
+    const std::int64_t wert = Ziffernwert(*ziffern);
     if (wert > std::numeric_limits<std::int32_t>::max()) {
         FehlerHinzufuegen(3001, spalte);
         return 0;
@@ -102,24 +111,13 @@ std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht)
     return static_cast<std::int32_t>(wert);
 }
 
-double DezimalFeld(std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
-    if (FeldLeer(spalte, laenge)) {
-        return 0;
-    }
+bool DezimalFeld(std::int32_t spalte, std::int32_t laenge) {
     const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
-    double wert = ziffern ? Ziffernwert(*ziffern) : 0;
-    for (std::int32_t i = 0; i < stellen; ++i) {
-        wert /= 10.0; // one after the other: the last bit can differ from a single division
-    }
-    return wert;
+    return ziffern && Ziffernwert(*ziffern) != 0;
 }
 
 std::int32_t DatumFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {
-    if (FeldLeer(spalte, laenge)) {
-        LeeresFeldMelden(spalte, pflicht);
-        return 0;
-    }
-    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
+    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge, pflicht);
     if (!ziffern) {
         return 0;
     }

@@ -17,9 +17,9 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
     return 0;
 }
 
-Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen) {
+Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge) {
     const Feldsicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
-    return {vorzeichen, DezimalFeld(spalte, laenge, stellen), FeldLeer(spalte, laenge)};
+    return {.Vorzeichen = vorzeichen, .Leer = FeldLeer(spalte, laenge), .IstNull = !DezimalFeld(spalte, laenge)};
 }
 
 void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {

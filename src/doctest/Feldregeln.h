@@ -9,16 +9,15 @@ namespace zepholt {
 // has no such field: 3208 when it is filled, and the result is 0 in any case, so that no order check acts.
 std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge);
 
-// An amount and its sign as they stand in the record.
+// An amount and its sign as they stand in the record. What it comes to is asked by no check but whether it is 0.
 struct Betrag {
     Feldsicht Vorzeichen;
-    double Wert = 0;   // without the sign
-    bool Leer = false; // tells a blank amount from one of zeros
+    bool Leer = false;    // tells a blank amount from one of zeros
+    bool IstNull = false; // blank and bad ones too
 };
 
-// Reads the sign, one character at `vorzeichenSpalte`, and then the amount at `spalte` with `stellen` decimals (3001).
-// Columns count from 1.
-Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge, std::int32_t stellen);
+// Reads the sign, one character at `vorzeichenSpalte`, and then the amount at `spalte` (3001). Columns count from 1.
+Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge);
 
 // The codes of a sign rule.
 struct VorzeichenCodes {
@@ -27,7 +26,7 @@ struct VorzeichenCodes {
     std::int32_t VorzeichenFehlt; // an amount without a sign
 };
 
-// The sign of an amount. What it makes of the amount is asked by no check.
+// The sign of an amount.
 void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes);
 
 } // namespace zepholt

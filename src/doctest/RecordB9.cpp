@@ -15,8 +15,8 @@ void PruefeB9() {
     konto.Element = SchluesselFeld(87, 6, JokerAmEnde, Freiwillig);         // B9:22
     konto.Variantengruppe = SchluesselFeld(30, 3, JokerAmEnde, Freiwillig); // B9:8
     konto.Variante = SchluesselFeld(33, 3, JokerAmEnde, Freiwillig);        // B9:9
-    const Betrag menge = BetragFeld(45, 46, 13, 3);                         // B9:14, B9:15
-    const Betrag preis = BetragFeld(62, 63, 12, 2);                         // B9:18, B9:19
+    const Betrag menge = BetragFeld(45, 46, 13);                            // B9:14, B9:15
+    const Betrag preis = BetragFeld(62, 63, 12);                            // B9:18, B9:19
 
     PruefeVerweise(konto, {.OGL = 3271,
                            .PSL = {3272, 3273, 3274},

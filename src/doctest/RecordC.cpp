@@ -45,9 +45,9 @@ Konditionssatz LiesC1() {
     satz.Beruecksichtigt = TextFeld(61, 1, Freiwillig); // C1:17
     ZahlFeld(36, 6, Freiwillig);                        // C1:10, period of payment
     satz.FristLeer = FeldLeer(36, 6);                   // C1:10
-    satz.Bezugsbetrag = BetragFeld(45, 46, 15, 5);      // C1:14, C1:15-16
-    satz.Prozentwert = BetragFeld(75, 76, 6, 2);        // C1:20a, C1:20b
-    satz.Konditionsbetrag = BetragFeld(62, 63, 12, 2);  // C1:18, C1:19
+    satz.Bezugsbetrag = BetragFeld(45, 46, 15);         // C1:14, C1:15-16
+    satz.Prozentwert = BetragFeld(75, 76, 6);           // C1:20a, C1:20b
+    satz.Konditionsbetrag = BetragFeld(62, 63, 12);     // C1:18, C1:19
     return satz;
 }
 
@@ -169,7 +169,7 @@ void PruefeNurOGLUndKAG(const Einschraenkungssatz& satz) {
 
 void PruefeC0() {
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // C0:2a
-    const Betrag betrag = BetragFeld(45, 46, 13, 3);      // C0:14, C0:15-16: of its 15 columns the first 13
+    const Betrag betrag = BetragFeld(45, 46, 13);         // C0:14, C0:15-16: of its 15 columns the first 13
 
     if (nummer != 0) {
         FehlerMelden(5101);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <optional>
 #include <span>
 #include <utility>
@@ -106,50 +107,69 @@ bool IstNiedriger(Feldsicht a, Feldsicht b) {
 
 // --- The order of the lines ------------------------------------------------------------------------------------------
 
-// Columns 1 to 10 and 46 to 50 of a key as numbers, four columns each, the first the highest: so the order of the
-// numbers is the order of the columns.
+// Columns 1 to 10 and 46 to 50 of a key as numbers, the first column the highest: so the order of the numbers is the
+// order of the columns. A column takes 8 bits in a file of one byte a column, or else 16; the last one is not used.
 using Ordnung = std::array<std::uint64_t, 4>;
+constexpr std::size_t Ordnungsspalten = 16;
 
-class Ordnungsbau {
-public:
-    void Nimm(char16_t zeichen) {
-        m_ordnung[m_stelle / 4] = m_ordnung[m_stelle / 4] << 16 | zeichen;
-        ++m_stelle;
+// For each byte of the file's code page its place in the order of the characters. ASCII comes first, as it stands.
+using Raenge = std::array<unsigned char, 256>;
+
+Raenge RaengeDerCodeseite() {
+    std::array<unsigned char, 256> codes;
+    std::iota(codes.begin(), codes.end(), static_cast<unsigned char>(0));
+    std::sort(codes.begin() + 0x80, codes.end(),
+              [](unsigned char a, unsigned char b) { return codeseite.Zeichen[a] < codeseite.Zeichen[b]; });
+    Raenge raenge;
+    for (std::size_t rang = 0; rang < codes.size(); ++rang) {
+        raenge[codes[rang]] = static_cast<unsigned char>(rang);
     }
-    void Nimm(Feldsicht zeile, std::size_t ab, std::size_t anzahl) {
-        for (std::size_t i = ab; i < ab + anzahl; ++i) {
-            Nimm(i < zeile.size() ? zeile[i] : u' ');
-        }
-    }
-    const Ordnung& Fertig() const { return m_ordnung; }
-
-private:
-    Ordnung m_ordnung = {};
-    std::size_t m_stelle = 0;
-};
-
-// A record E, D or U: its letter and nine blanks; of its number, in the old interface, the digits from the millions on
-// reach columns 46 to 50.
-Ordnung OrdnungOhneSchluessel(char16_t art, std::size_t nummer) {
-    Ordnungsbau ordnung;
-    ordnung.Nimm(art);
-    ordnung.Nimm(Feldsicht(), 0, 9);
-    const std::size_t millionen = NeueSchnittstelle() ? 0 : nummer / 1'000'000;
-    const Text ziffern = millionen == 0 ? Text() : RechtsBuendig(ZahlText(static_cast<std::int64_t>(millionen)), 5);
-    ordnung.Nimm(ziffern, 0, 5);
-    return ordnung.Fertig();
+    return raenge;
 }
 
-Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer) {
-    if (IstEDURecord(zeile)) {
-        return OrdnungOhneSchluessel(zeile[0], nummer);
+// The columns in the order in which they count. A record E, D or U has its letter and nine blanks; of its number, in
+// the old interface, the digits from the millions on reach columns 46 to 50.
+template <class Spalte>
+std::array<Spalte, Ordnungsspalten> SpaltenVon(const Spalte* zeile, std::size_t laenge, std::size_t nummer) {
+    std::array<Spalte, Ordnungsspalten> spalten;
+    spalten.fill(' ');
+    const auto kopiere = [&](std::size_t ziel, std::size_t ab, std::size_t anzahl) {
+        std::copy(zeile + std::min(ab, laenge), zeile + std::min(ab + anzahl, laenge), spalten.begin() + ziel);
+    };
+    if (laenge > 0 && (zeile[0] == 'E' || zeile[0] == 'D' || zeile[0] == 'U')) {
+        spalten[0] = zeile[0];
+        const std::size_t millionen = NeueSchnittstelle() ? 0 : nummer / 1'000'000;
+        for (std::size_t stelle = 14, rest = millionen; stelle >= 10 && rest > 0; --stelle, rest /= 10) {
+            spalten[stelle] = static_cast<Spalte>('0' + rest % 10);
+        }
+        return spalten;
     }
-    Ordnungsbau ordnung;
-    ordnung.Nimm(zeile, 0, 4);
-    ordnung.Nimm(zeile, 7, 6);
-    ordnung.Nimm(zeile, 41, 1);
-    ordnung.Nimm(zeile, 13, 4);
-    return ordnung.Fertig();
+    kopiere(0, 0, 4);
+    kopiere(4, 7, 6);
+    kopiere(10, 41, 1);
+    kopiere(11, 13, 4);
+    return spalten;
+}
+
+template <class Spalte>
+Ordnung Gepackt(const std::array<Spalte, Ordnungsspalten>& spalten) {
+    constexpr std::size_t JeWort = sizeof(std::uint64_t) / sizeof(Spalte);
+    Ordnung ordnung = {};
+    for (std::size_t i = 0; i < Ordnungsspalten; ++i) {
+        ordnung[i / JeWort] = ordnung[i / JeWort] << 8 * sizeof(Spalte) | spalten[i];
+    }
+    return ordnung;
+}
+
+Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
+    if (zeile.IstBreit()) {
+        return Gepackt(SpaltenVon(zeile.Zeichen(), zeile.size(), nummer));
+    }
+    auto spalten = SpaltenVon(zeile.Bytes(), zeile.size(), nummer);
+    for (unsigned char& spalte : spalten) {
+        spalte = raenge[spalte];
+    }
+    return Gepackt(spalten);
 }
 
 // A number that is ordered as the text of a line number is, right-aligned in six columns: up to five digits it begins
@@ -171,7 +191,7 @@ std::uint64_t Textrang(std::size_t nummer) {
 class Ordnungspruefung {
 public:
     void Nimm(Feldsicht zeile, std::size_t nummer) {
-        const Ordnung ordnung = OrdnungVon(zeile, nummer);
+        const Ordnung ordnung = OrdnungVon(zeile, nummer, m_raenge);
         if (nummer > 0 && ordnung == m_ordnung) {
             m_gleiche.Bis = nummer + 1;
             m_steigend = m_steigend && IstNiedriger(m_zeile, zeile);
@@ -206,6 +226,7 @@ private:
         }
     }
 
+    Raenge m_raenge = RaengeDerCodeseite();
     Reihenfolge m_ergebnis;
     Strecke m_gleiche = {0, 0};
     bool m_steigend = true; // the keys of m_gleiche ascend
@@ -298,10 +319,11 @@ std::vector<std::uint32_t> SortierteFolge(const Zeilenliste& zeilen) {
         std::uint64_t Rang;
         std::uint32_t Zeile;
     };
+    const Raenge raenge = RaengeDerCodeseite();
     std::vector<Eintrag> eintraege;
     eintraege.reserve(zeilen.size());
     for (std::size_t k = 0; k < zeilen.size(); ++k) {
-        eintraege.push_back({OrdnungVon(zeilen[k], k), Textrang(k), static_cast<std::uint32_t>(k)});
+        eintraege.push_back({OrdnungVon(zeilen[k], k, raenge), Textrang(k), static_cast<std::uint32_t>(k)});
     }
     std::ranges::sort(eintraege, [](const Eintrag& a, const Eintrag& b) {
         return a.Spalten != b.Spalten ? a.Spalten < b.Spalten : a.Rang < b.Rang;

@@ -9,6 +9,9 @@ namespace zepholt {
 
 namespace {
 
+// What only a quantity has: G6:10, G6:17, G6:18, G6:19, G6:20, G6:24a.
+constexpr LeereFelder<6> FelderDerMenge({{{36, 6}, {61, 1}, {62, 1}, {63, 12}, {75, 7}, {123, 6}}});
+
 bool NummerGueltig(std::int32_t nummer) {
     return nummer >= 1 && nummer <= 99;
 }
@@ -19,7 +22,7 @@ void PruefeDetailausmass() {
     const std::int32_t gruppe = ZahlFeld(14, 2, Zwingend); // G6:4
     const std::int32_t zeile = ZahlFeld(16, 2, Zwingend);  // G6:5
     const Feldsicht mengenart = TextFeld(44, 1, Zwingend); // G6:13
-    const Betrag betrag = BetragFeld(45, 46, 13, 3);       // G6:14, G6:15
+    const Betrag betrag = BetragFeld(45, 46, 13);          // G6:14, G6:15
 
     if (mengenart != u"A") {
         FehlerMelden(4693);
@@ -29,7 +32,7 @@ void PruefeDetailausmass() {
     }
     // The sign has been tested with the quantity already: its faults count for both.
     PruefeVorzeichen(betrag, {4613, 4614, 4615});
-    PruefeLeereFelder({{36, 6}, {61, 1}, {62, 1}, {63, 12}, {75, 7}, {123, 6}}); // 2032
+    PruefeLeereFelder(FelderDerMenge); // 2032
 }
 
 } // namespace zepholt

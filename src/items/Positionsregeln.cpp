@@ -9,6 +9,10 @@ namespace zepholt {
 
 std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position, std::int32_t kapitelFehlt,
                                      std::int32_t positionFehlt) {
+    LetzterOrt& letzter = sia451Datei.ZuletztGesucht;
+    if (letzter.Kapitel == kapitel && letzter.Position == position) {
+        return letzter.Ort; // entries neither move nor go
+    }
     const std::int32_t kapitelIndex = SucheKapitel(kapitel);
     if (kapitelIndex == -1) {
         FehlerMelden(kapitelFehlt);
@@ -19,7 +23,9 @@ std::optional<Positionsort> SucheOrt(std::int32_t kapitel, std::int32_t position
         FehlerMelden(positionFehlt);
         return std::nullopt;
     }
-    return Positionsort{kapitelIndex, positionIndex};
+    PositionEintrag& eintrag = Kapitel(kapitelIndex).Positionen[static_cast<std::size_t>(positionIndex)];
+    letzter = {kapitel, position, {kapitelIndex, positionIndex, &eintrag}};
+    return letzter.Ort;
 }
 
 void PruefePreisvorzeichen(const Betrag& preis, std::int32_t unzulaessig, std::int32_t vorzeichenFehlt) {
@@ -38,7 +44,10 @@ void PruefePreisart(Feldsicht preisart) {
     }
 }
 
-void PruefeLeereFelder(std::initializer_list<Feldbereich> felder) {
+void PruefeLeereFelder(std::span<const Feldbereich> felder, const Spaltenmenge& spalten) {
+    if (!testDaten.Record.Arten().Gefuellt.TrifftAuf(spalten)) {
+        return;
+    }
     for (const Feldbereich& feld : felder) {
         if (!FeldLeer(feld.Spalte, feld.Laenge)) {
             FehlerHinzufuegen(2032, feld.Spalte);

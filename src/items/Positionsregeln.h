@@ -2,23 +2,15 @@
 #pragma once
 
 #include "doctest/Feldregeln.h"
-#include "state/Verweise.h"
+#include "state/SIA451Datei.h"
+#include "state/Spaltenmenge.h"
 #include "support/Text.h"
 
-#include <initializer_list>
+#include <array>
 #include <optional>
+#include <span>
 
 namespace zepholt {
-
-// Where a position stands in the tree; both are indices from 0.
-struct Positionsort {
-    std::int32_t Kapitel;
-    std::int32_t Position;
-
-    PositionEintrag& Eintrag() const {
-        return zepholt::Kapitel(Kapitel).Positionen[static_cast<std::size_t>(Position)];
-    }
-};
 
 // The place of a position by its numbers. None when the chapter does not stand in the tree (`kapitelFehlt` is reported)
 // or the position not in the chapter (`positionFehlt`).
@@ -37,8 +29,26 @@ struct Feldbereich {
     std::int32_t Laenge;
 };
 
+// Fields that a form of a record leaves blank, and the columns of all of them.
+template <std::size_t Anzahl>
+struct LeereFelder {
+    std::array<Feldbereich, Anzahl> Felder;
+    Spaltenmenge Spalten;
+
+    explicit constexpr LeereFelder(const std::array<Feldbereich, Anzahl>& felder) : Felder(felder) {
+        for (const Feldbereich& feld : felder) {
+            Spalten.SetzeBereich(feld.Spalte, feld.Laenge);
+        }
+    }
+};
+
 // 2032 for each of the fields that is not blank, with its column: the two forms of a quantity record share one layout,
 // and each leaves the fields of the other blank.
-void PruefeLeereFelder(std::initializer_list<Feldbereich> felder);
+void PruefeLeereFelder(std::span<const Feldbereich> felder, const Spaltenmenge& spalten);
+
+template <std::size_t Anzahl>
+void PruefeLeereFelder(const LeereFelder<Anzahl>& leere) {
+    PruefeLeereFelder(leere.Felder, leere.Spalten);
+}
 
 } // namespace zepholt

@@ -159,7 +159,7 @@ void PruefeG3() {
     }
 
     // The variable stays, also when its line is refused.
-    VariableEintrag& variable = VariableAnlegen(ort->Eintrag(), satz.Variable);
+    VariableEintrag& variable = VariableAnlegen(*ort->Eintrag, satz.Variable);
     const auto zeile = static_cast<std::size_t>(satz.Zeile);
     if (variable.Zeilennummern[zeile]) {
         return FehlerMelden(4303);

@@ -87,7 +87,7 @@ void PruefeG4() {
     if (satz.Position % 10 != 0) {
         return FehlerMelden(4403);
     }
-    PositionEintrag& position = ort->Eintrag();
+    PositionEintrag& position = *ort->Eintrag;
 
     const bool stern = SternGesetzt(satz.Spezifikation);
     PruefeG4Verweise(satz.Verweise, stern, EinrichtungErlaubt(satz.Kapitel));

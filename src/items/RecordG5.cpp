@@ -57,7 +57,7 @@ void PruefeG5() {
     const std::int32_t kapitel = ZahlFeld(2, 3, Zwingend);  // G5:2a
     const std::int32_t nummer = ZahlFeld(8, 6, Zwingend);   // G5:3
     const Feldsicht einheit = TextFeld(59, 2, Freiwillig);  // G5:16
-    const Betrag preis = BetragFeld(62, 63, 12, 2);         // G5:18, G5:19
+    const Betrag preis = BetragFeld(62, 63, 12);            // G5:18, G5:19
     const Feldsicht preisart = TextFeld(61, 1, Freiwillig); // G5:17
 
     const std::optional<Positionsort> ort = SucheOrt(kapitel, nummer, 4501, 4502);
@@ -73,7 +73,7 @@ void PruefeG5() {
     PruefePreisart(preisart); // 4521
 
     // A second record of the same position takes the place of the first.
-    PositionEintrag& position = ort->Eintrag();
+    PositionEintrag& position = *ort->Eintrag;
     position.HatG5 = true;
     position.HatPreisart = !preisart.empty();
     position.HatPreisVorzeichen = !preis.Vorzeichen.empty();

@@ -17,6 +17,9 @@ namespace zepholt {
 
 namespace {
 
+// What only a detail line has: G6:4, G6:5, G6:23, G6:24e, G6:24h.
+constexpr LeereFelder<5> FelderDerDetailzeile({{{14, 2}, {16, 2}, {93, 30}, {138, 30}, {208, 30}}});
+
 struct Mengensatz {
     std::int32_t Kapitel;
     std::int32_t Position;
@@ -46,8 +49,8 @@ Mengensatz LiesG6() {
     verweise.Variantengruppe = Schluessel(30, 3);                              // G6:8
     verweise.Variante = Schluessel(33, 3);                                     // G6:9
     satz.Mengenart = satz.IstDetail ? Feldsicht() : TextFeld(44, 1, Zwingend); // G6:13
-    satz.Menge = BetragFeld(45, 46, 13, 3);                                    // G6:14, G6:15
-    satz.Preis = BetragFeld(62, 63, 12, 2);                                    // G6:18, G6:19
+    satz.Menge = BetragFeld(45, 46, 13);                                       // G6:14, G6:15
+    satz.Preis = BetragFeld(62, 63, 12);                                       // G6:18, G6:19
     satz.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
     verweise.KAG = Schluessel(82, 5);                                          // G6:21
     verweise.Element = Schluessel(87, 6);                                      // G6:22
@@ -111,7 +114,7 @@ void PruefeOhnePreis(const Mengensatz& satz) {
 
 // What only a plain quantity can have.
 void PruefeEinfacheMenge(const Mengensatz& satz, const PositionEintrag& position) {
-    if (satz.Mengenart == u"W" && satz.Menge.Wert != 0) {
+    if (satz.Mengenart == u"W" && !satz.Menge.IstNull) {
         FehlerMelden(4616);
     }
     if (!position.HatPreisart && !position.HatPreisVorzeichen) {
@@ -162,14 +165,14 @@ void PruefeKostenkonto(const Verweissatz& verweise) {
 
 } // namespace
 
-void PruefeG6(bool /*zeilenGruppeG6*/) {
+void PruefeG6() {
     Mengensatz satz = LiesG6();
 
     const std::optional<Positionsort> ort = SucheOrt(satz.Kapitel, satz.Position, 4601, 4602);
     if (!ort) {
         return;
     }
-    PositionEintrag& position = ort->Eintrag();
+    PositionEintrag& position = *ort->Eintrag;
     if (!position.HatG5) {
         return FehlerMelden(4602); // a position without unit and price counts as missing
     }
@@ -190,7 +193,7 @@ void PruefeG6(bool /*zeilenGruppeG6*/) {
         return HatMengeMit(ort->Kapitel, ort->Position, satz.Verweise) ? PruefeDetailausmass() : FehlerMelden(4692);
     }
 
-    PruefeLeereFelder({{14, 2}, {16, 2}, {93, 30}, {138, 30}, {208, 30}}); // 2032; the first two decide the form
+    PruefeLeereFelder(FelderDerDetailzeile); // 2032
     LaufnummerMerken(satz.Laufnummer);
     ReihenfolgeMerken(position, satz.Reihenfolge);
     sia451Datei.Mengen.Anfuegen(position.Mengen, {.Zeile = testDaten.ZeilenNr, .Vorbemerkung = satz.Vorbemerkung});

@@ -68,13 +68,6 @@ void PruefeB9BeiRevision0() {
     }
 }
 
-// Tells the quantity test whether its line stands in a run of G6 lines. The line numbers of a file that has passed the
-// order test are the indices of its lines; the first and the last line are A and Z, so both neighbours exist.
-void PruefeG6MitNachbarn() {
-    const std::int32_t i = testDaten.ZeilenNr;
-    PruefeG6(Ziffer(ZeileAn(i - 1)) == u'6' || Ziffer(ZeileAn(i + 1)) == u'6');
-}
-
 constexpr std::array<Satztest, 10> TestsB = {{
     {u'0', PruefeB0},
     {u'1', PruefeB1},
@@ -94,7 +87,7 @@ constexpr std::array<Satztest, 6> TestsG = {{
     {u'3', PruefeG3},
     {u'4', PruefeG4},
     {u'5', PruefeG5},
-    {u'6', PruefeG6MitNachbarn},
+    {u'6', PruefeG6},
 }};
 
 constexpr std::array<Satztest, 3> TestsC = {{

@@ -51,6 +51,13 @@ public:
     // The columns as they are kept; the one that fits the width.
     const unsigned char* Bytes() const { return m_bytes; }
     const char16_t* Zeichen() const { return m_zeichen; }
+    const void* Ort() const { return m_bytes; }
+
+    // Calls `tue` with the columns as they are kept. For what only asks for ASCII, which is itself in both widths.
+    template <class Tue>
+    auto MitSpalten(Tue tue) const {
+        return IstBreit() ? tue(m_zeichen) : tue(m_bytes);
+    }
 
     char16_t operator[](std::size_t i) const { return IstBreit() ? m_zeichen[i] : codeseite.Zeichen[m_bytes[i]]; }
     char16_t front() const { return (*this)[0]; }
@@ -68,6 +75,10 @@ public:
 
     // The first place at or behind `ab` that holds `zeichen`; npos for none.
     std::size_t find(char16_t zeichen, std::size_t ab = 0) const {
+        if (!IstBreit() && zeichen < 0x80) {
+            const void* fund = ab < size() ? std::memchr(m_bytes + ab, zeichen, size() - ab) : nullptr;
+            return fund == nullptr ? npos : static_cast<std::size_t>(static_cast<const unsigned char*>(fund) - m_bytes);
+        }
         while (ab < size() && (*this)[ab] != zeichen) {
             ++ab;
         }
@@ -121,35 +132,38 @@ private:
 
 // The columns without the blanks (U+0020 only) at their right end.
 inline Feldsicht OhneLeerzeichenRechts(Feldsicht spalten) {
-    std::size_t laenge = spalten.size();
-    while (laenge > 0 && spalten[laenge - 1] == u' ') {
-        --laenge;
-    }
-    return spalten.substr(0, laenge);
+    return spalten.MitSpalten([&spalten](const auto* spalte) {
+        std::size_t laenge = spalten.size();
+        while (laenge > 0 && spalte[laenge - 1] == ' ') {
+            --laenge;
+        }
+        return spalten.substr(0, laenge);
+    });
 }
 
-// The same for equal views, whatever their width.
+// The same for equal views of the same width, as all views of one file are.
 inline std::uint64_t Streuwert(Feldsicht spalten) {
     Streuer streuer;
-    std::uint64_t wort = spalten.size();
-    for (std::size_t i = 0; i < spalten.size(); ++i) {
-        if (i % 4 == 0) {
-            streuer.Nimm(wort);
-            wort = 0;
-        }
-        wort = wort << 16 | spalten[i];
+    streuer.Nimm(spalten.size());
+    const std::size_t anzahl = spalten.IstBreit() ? spalten.size() * sizeof(char16_t) : spalten.size();
+    for (std::size_t ab = 0; ab < anzahl; ab += sizeof(std::uint64_t)) {
+        std::uint64_t wort = 0;
+        const std::size_t bytes = anzahl - ab < sizeof wort ? anzahl - ab : sizeof wort;
+        std::memcpy(&wort, static_cast<const unsigned char*>(spalten.Ort()) + ab, bytes);
+        streuer.Nimm(wort);
     }
-    streuer.Nimm(wort);
     return streuer.Wert();
 }
 
 // True when there are columns, and digits in all of them.
 inline bool NurZiffern(Feldsicht spalten) {
-    std::size_t i = 0;
-    while (i < spalten.size() && spalten[i] >= u'0' && spalten[i] <= u'9') {
-        ++i;
-    }
-    return i > 0 && i == spalten.size();
+    return spalten.MitSpalten([&spalten](const auto* spalte) {
+        std::size_t i = 0;
+        while (i < spalten.size() && spalte[i] >= '0' && spalte[i] <= '9') {
+            ++i;
+        }
+        return i > 0 && i == spalten.size();
+    });
 }
 
 } // namespace zepholt

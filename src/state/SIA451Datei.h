@@ -16,6 +16,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <unordered_map>
 #include <vector>
@@ -114,6 +115,46 @@ struct KapitelEintrag {
     NummernIndex PositionenNachNummer;
 };
 
+// Running numbers, see LaufnummerVergeben, as a set of numbers up to 20 million: in pages, which are there once a
+// number of theirs is.
+class Laufnummernmenge {
+public:
+    bool Enthaelt(std::size_t nummer) const {
+        const std::size_t seite = nummer / Seite;
+        return seite < m_seiten.size() && m_seiten[seite] && m_seiten[seite]->test(nummer % Seite);
+    }
+    void Setze(std::size_t nummer) {
+        const std::size_t seite = nummer / Seite;
+        if (seite >= m_seiten.size()) {
+            m_seiten.resize(seite + 1);
+        }
+        if (!m_seiten[seite]) {
+            m_seiten[seite] = std::make_unique<std::bitset<Seite>>();
+        }
+        m_seiten[seite]->set(nummer % Seite);
+    }
+    bool empty() const { return m_seiten.empty(); }
+
+private:
+    static constexpr std::size_t Seite = 4096; // numbers
+    std::vector<std::unique_ptr<std::bitset<Seite>>> m_seiten;
+};
+
+// Where a position stands in the tree.
+struct Positionsort {
+    std::int32_t Kapitel = -1; // indices
+    std::int32_t Position = -1;
+    PositionEintrag* Eintrag = nullptr;
+};
+
+// The place that was asked for last, with the numbers that it was asked for by: most records belong to the position of
+// the one before.
+struct LetzterOrt {
+    std::int32_t Kapitel = -1;
+    std::int32_t Position = -1;
+    Positionsort Ort;
+};
+
 // The quantities of one position by their nine references. It belongs to the position that was asked for last: the
 // lines of a position stand together, so that a larger index would be of no use.
 struct VerweisIndex {
@@ -202,9 +243,9 @@ struct SIA451Datei {
     Kettenglieder<MengeEintrag> Mengen;
     NummernIndex KapitelNachNummer;
     Kapitelnummerntexte TexteDerKapitel;
+    LetzterOrt ZuletztGesucht;
     VerweisIndex MengenNachVerweis;
-    // Running numbers that stand in the tree, see LaufnummerVergeben: pages of 1024, since most come in sequence.
-    std::unordered_map<std::size_t, std::bitset<1024>> Laufnummern;
+    Laufnummernmenge Laufnummern;
 };
 
 inline SIA451Datei sia451Datei;

@@ -25,32 +25,39 @@ public:
 
     // True when all columns of a field (first column, length) belong to the set.
     constexpr bool Alle(std::int32_t spalte, std::int32_t laenge) const {
-        bool alle = spalte - 1 + laenge <= Spalten;
-        JedesStueck(spalte, laenge, [&alle](std::uint64_t stueck, std::uint64_t maske, std::int32_t /*ab*/) {
-            alle = alle && stueck == maske;
-            return alle;
-        });
-        return alle;
+        for (; laenge > Wortbreite; spalte += Wortbreite, laenge -= Wortbreite) {
+            if (~Stueck(spalte, Wortbreite) != 0) {
+                return false;
+            }
+        }
+        return Stueck(spalte, laenge) == Untere(laenge);
     }
 
     // The first column of a field that belongs to the set; 0 for none.
     constexpr std::int32_t Erste(std::int32_t spalte, std::int32_t laenge) const {
-        std::int32_t erste = 0;
-        JedesStueck(spalte, laenge, [&erste](std::uint64_t stueck, std::uint64_t /*maske*/, std::int32_t ab) {
-            erste = stueck == 0 ? 0 : ab + std::countr_zero(stueck);
-            return stueck == 0;
-        });
-        return erste;
+        for (; laenge > 0; spalte += Wortbreite, laenge -= Wortbreite) {
+            if (const std::uint64_t stueck = Stueck(spalte, laenge); stueck != 0) {
+                return spalte + std::countr_zero(stueck);
+            }
+        }
+        return 0;
     }
 
     // The last one; 0 for none.
     constexpr std::int32_t Letzte(std::int32_t spalte, std::int32_t laenge) const {
         std::int32_t letzte = 0;
-        JedesStueck(spalte, laenge, [&letzte](std::uint64_t stueck, std::uint64_t /*maske*/, std::int32_t ab) {
-            letzte = stueck == 0 ? letzte : ab + Wortbreite - 1 - std::countl_zero(stueck);
-            return true;
-        });
+        for (; laenge > 0; spalte += Wortbreite, laenge -= Wortbreite) {
+            if (const std::uint64_t stueck = Stueck(spalte, laenge); stueck != 0) {
+                letzte = spalte + Wortbreite - 1 - std::countl_zero(stueck);
+            }
+        }
         return letzte;
+    }
+
+    // True when a column belongs to both.
+    constexpr bool TrifftAuf(const Spaltenmenge& andere) const {
+        return ((Worte[0] & andere.Worte[0]) | (Worte[1] & andere.Worte[1]) | (Worte[2] & andere.Worte[2]) |
+                (Worte[3] & andere.Worte[3])) != 0;
     }
 
     // The columns of this set that are not of the other.
@@ -60,21 +67,23 @@ public:
     }
 
 private:
-    // Hands the set's columns within a field to `tue`, a word at a time, with the field's own columns in that word and
-    // the column of the word's lowest bit, until it returns false.
-    template <class Tue>
-    constexpr void JedesStueck(std::int32_t spalte, std::int32_t laenge, Tue tue) const {
-        std::int32_t von = spalte - 1;
-        const std::int32_t bis = von + laenge < Spalten ? von + laenge : Spalten;
-        while (von < bis) {
-            const std::int32_t wort = von / Wortbreite;
-            const std::int32_t ende = (wort + 1) * Wortbreite < bis ? (wort + 1) * Wortbreite : bis;
-            const std::uint64_t maske = (~std::uint64_t{0} >> (Wortbreite - (ende - von))) << von % Wortbreite;
-            if (!tue(Worte[static_cast<std::size_t>(wort)] & maske, maske, wort * Wortbreite + 1)) {
-                return;
-            }
-            von = ende;
+    // The lowest bits, as many as a field has columns; all of them for a field of a word and more.
+    static constexpr std::uint64_t Untere(std::int32_t laenge) {
+        return laenge < Wortbreite ? (std::uint64_t{1} << laenge) - 1 : ~std::uint64_t{0};
+    }
+
+    // The first 64 columns of a field, its first column in the lowest bit.
+    constexpr std::uint64_t Stueck(std::int32_t spalte, std::int32_t laenge) const {
+        const std::int32_t wort = (spalte - 1) / Wortbreite;
+        const std::int32_t stelle = (spalte - 1) % Wortbreite;
+        if (wort >= Spalten / Wortbreite) {
+            return 0;
         }
+        std::uint64_t bits = Worte[static_cast<std::size_t>(wort)] >> stelle;
+        if (stelle != 0 && stelle + laenge > Wortbreite && wort + 1 < Spalten / Wortbreite) {
+            bits |= Worte[static_cast<std::size_t>(wort + 1)] << (Wortbreite - stelle);
+        }
+        return bits & Untere(laenge);
     }
 };
 

@@ -43,23 +43,22 @@ void Nachfuehren(VerweisIndex& index, const Kette& mengen) {
 // The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
 // express. Old interface: its digits behind a 1, which keeps leading zeros apart; other texts equal no digits.
 std::optional<std::size_t> LaufnummerPlatz(Feldsicht nummer) {
-    constexpr std::size_t Grenze = 10'000'000; // the field has seven columns
-    if (nummer.empty()) {
+    constexpr std::size_t Stellen = 7; // the field has seven columns
+    constexpr double Grenze = 10'000'000;
+    const bool neu = NeueSchnittstelle();
+    if (nummer.size() <= Stellen && NurZiffern(nummer)) {
+        std::size_t platz = neu ? 0 : 1;
+        for (std::size_t i = 0; i < nummer.size(); ++i) {
+            platz = platz * 10 + (nummer[i] - u'0');
+        }
+        return platz;
+    }
+    if (!neu || nummer.empty()) {
         return std::nullopt;
     }
-    if (NeueSchnittstelle()) {
-        const double wert = ZahlAmAnfang(Text(nummer));
-        const bool ganz = wert >= 0 && wert < static_cast<double>(Grenze) && wert == static_cast<std::int32_t>(wert);
-        return ganz ? std::optional(static_cast<std::size_t>(wert)) : std::nullopt;
-    }
-    if (!NurZiffern(nummer) || nummer.size() > 7) {
-        return std::nullopt;
-    }
-    std::size_t platz = 1;
-    for (std::size_t i = 0; i < nummer.size(); ++i) {
-        platz = platz * 10 + (nummer[i] - u'0');
-    }
-    return platz;
+    const double wert = ZahlAmAnfang(Text(nummer));
+    const bool ganz = wert >= 0 && wert < Grenze && wert == static_cast<std::int32_t>(wert);
+    return ganz ? std::optional(static_cast<std::size_t>(wert)) : std::nullopt;
 }
 
 // --- Structure tables
@@ -144,16 +143,12 @@ void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
 
 bool LaufnummerVergeben(Feldsicht nummer) {
     const std::optional<std::size_t> platz = LaufnummerPlatz(nummer);
-    if (!platz) {
-        return false;
-    }
-    const auto seite = sia451Datei.Laufnummern.find(*platz / 1024);
-    return seite != sia451Datei.Laufnummern.end() && seite->second[*platz % 1024];
+    return platz && sia451Datei.Laufnummern.Enthaelt(*platz);
 }
 
 void LaufnummerMerken(Feldsicht nummer) {
     if (const std::optional<std::size_t> platz = LaufnummerPlatz(nummer)) {
-        sia451Datei.Laufnummern[*platz / 1024].set(*platz % 1024);
+        sia451Datei.Laufnummern.Setze(*platz);
     }
 }
 

@@ -40,13 +40,14 @@ public:
     Feldsicht operator[](std::size_t k) const {
         const std::size_t i = m_folge.empty() ? k : m_folge[k];
         const std::size_t von = Stelle(i);
-        std::size_t bis = Stelle(i + 1) - Zeilenende;
-        const Feldsicht zeile = m_anfang.Ausschnitt(von, bis - von);
-        std::size_t laenge = zeile.size();
-        while (laenge > 0 && zeile[laenge - 1] == u'\r') {
-            --laenge;
-        }
-        return zeile.substr(0, laenge);
+        const Feldsicht zeile = m_anfang.Ausschnitt(von, Stelle(i + 1) - Zeilenende - von);
+        return zeile.substr(0, zeile.MitSpalten([&zeile](const auto* spalten) {
+            std::size_t laenge = zeile.size();
+            while (laenge > 0 && spalten[laenge - 1] == '\r') {
+                --laenge;
+            }
+            return laenge;
+        }));
     }
     Feldsicht front() const { return (*this)[0]; }
     Feldsicht back() const { return (*this)[size() - 1]; }

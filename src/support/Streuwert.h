@@ -2,7 +2,6 @@
 // choose texts that meet in one place. They say nothing about order, and nothing that a run puts out depends on them.
 #pragma once
 
-#include <bit>
 #include <cstdint>
 
 namespace zepholt {
@@ -14,41 +13,24 @@ struct Streukeim {
 };
 const Streukeim& ProzessKeim();
 
-// SipHash-1-3, taken word by word: short, and made for keys that an adversary chooses.
+// Takes words one by one: each is mixed with what there is so far by the full product with a secret number, whose
+// halves are folded. Who doesn't know the key of the process can't tell which words meet.
 class Streuer {
 public:
-    void Nimm(std::uint64_t wort) {
-        m_d ^= wort;
-        Runde();
-        m_a ^= wort;
-    }
-
-    std::uint64_t Wert() {
-        m_c ^= 0xFF;
-        Runde();
-        Runde();
-        Runde();
-        return m_a ^ m_b ^ m_c ^ m_d;
-    }
+    void Nimm(std::uint64_t wort) { m_stand = GefaltetesProdukt(m_stand ^ wort, m_faktor); }
+    std::uint64_t Wert() const { return GefaltetesProdukt(m_stand, m_faktor ^ Abschluss); }
 
 private:
-    void Runde() {
-        m_a += m_b;
-        m_b = std::rotl(m_b, 13) ^ m_a;
-        m_a = std::rotl(m_a, 32);
-        m_c += m_d;
-        m_d = std::rotl(m_d, 16) ^ m_c;
-        m_a += m_d;
-        m_d = std::rotl(m_d, 21) ^ m_a;
-        m_c += m_b;
-        m_b = std::rotl(m_b, 17) ^ m_c;
-        m_c = std::rotl(m_c, 32);
+    static constexpr std::uint64_t Abschluss = 0x9E3779B97F4A7C15;
+
+    static std::uint64_t GefaltetesProdukt(std::uint64_t a, std::uint64_t b) {
+        __extension__ using Doppelwort = unsigned __int128;
+        const Doppelwort produkt = Doppelwort{a} * b;
+        return static_cast<std::uint64_t>(produkt) ^ static_cast<std::uint64_t>(produkt >> 64);
     }
 
-    std::uint64_t m_a = ProzessKeim().Eins ^ 0x736F6D6570736575;
-    std::uint64_t m_b = ProzessKeim().Zwei ^ 0x646F72616E646F6D;
-    std::uint64_t m_c = ProzessKeim().Eins ^ 0x6C7967656E657261;
-    std::uint64_t m_d = ProzessKeim().Zwei ^ 0x7465646279746573;
+    std::uint64_t m_stand = ProzessKeim().Eins;
+    std::uint64_t m_faktor = ProzessKeim().Zwei | 1;
 };
 
 inline std::uint64_t Streuwert(std::uint64_t zahl) {

@@ -134,24 +134,26 @@ TEST_F(FeldpruefungTest, ZahlFeldHoldsThirtyTwoBits) {
 
 // --- DezimalFeld -----------------------------------------------------------------------------------------------------
 
-TEST_F(FeldpruefungTest, DezimalFeldDividesTenByTen) {
-    double wert = -1;
-    EXPECT_EQ(Lies(u"G0000000001500", [&] { wert = DezimalFeld(2, 13, 3); }), Funde{});
-    EXPECT_EQ(wert, 1.5);
-    EXPECT_EQ(Lies(u"G0000000000007", [&] { wert = DezimalFeld(2, 13, 2); }), Funde{});
-    EXPECT_EQ(wert, 7.0 / 10.0 / 10.0);
-    EXPECT_EQ(Lies(u"G0000000000007", [&] { wert = DezimalFeld(2, 13, 0); }), Funde{});
-    EXPECT_EQ(wert, 7.0);
+TEST_F(FeldpruefungTest, DezimalFeldTellsWhetherThereIsAnythingBut0) {
+    bool wert = false;
+    EXPECT_EQ(Lies(u"G0000000000001", [&] { wert = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_TRUE(wert);
+    EXPECT_EQ(Lies(u"G9999999999999", [&] { wert = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_TRUE(wert);
+    EXPECT_EQ(Lies(u"G0000000000000", [&] { wert = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_FALSE(wert);
 }
 
 TEST_F(FeldpruefungTest, DezimalFeldReportsBadDigitsButNeverABlankField) {
-    double wert = -1;
-    EXPECT_EQ(Lies(u"G             x", [&] { wert = DezimalFeld(2, 13, 3); }), Funde{});
-    EXPECT_EQ(wert, 0);
-    EXPECT_EQ(Lies(u"G         1500x", [&] { wert = DezimalFeld(2, 13, 3); }), (Funde{{3001, 1, 2}}));
-    EXPECT_EQ(wert, 0);
-    EXPECT_EQ(Lies(u"G15", [&] { wert = DezimalFeld(2, 13, 3); }), (Funde{{3001, 2, 2}}));
-    EXPECT_EQ(wert, 0);
+    bool wert = true;
+    EXPECT_EQ(Lies(u"G             x", [&] { wert = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_FALSE(wert);
+    wert = true;
+    EXPECT_EQ(Lies(u"G         1500x", [&] { wert = DezimalFeld(2, 13); }), (Funde{{3001, 1, 2}}));
+    EXPECT_FALSE(wert);
+    wert = true;
+    EXPECT_EQ(Lies(u"G15", [&] { wert = DezimalFeld(2, 13); }), (Funde{{3001, 2, 2}}));
+    EXPECT_FALSE(wert);
 }
 
 // --- DatumFeld -------------------------------------------------------------------------------------------------------

@@ -13,7 +13,7 @@ protected:
         BeginneMitPosition(revision);
         Gliederungen();
         Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111001"}}), {});
-        Erwarte(PruefeG6Allein, m_menge, {});
+        Erwarte(PruefeG6, m_menge, {});
     }
 
     const Text m_menge = Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}, {45, u"+"}, {46, u"0000000012000"}});
@@ -22,7 +22,7 @@ protected:
 
 TEST_F(DetailausmassTest, ReportsFaults) {
     ErwarteFaelle(
-        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6Allein, m_detail,
+        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6, m_detail,
         {
             {Beide, {}, {}},
             {Beide, {{14, u"99"}, {16, u"99"}}, {}},
@@ -82,9 +82,9 @@ TEST_F(DetailausmassTest, ReportsFaults) {
 TEST_F(DetailausmassTest, ALineWithOneNumberIsADetailLine) {
     for (const std::int32_t revision : {Alt, Neu}) {
         Aufbau(revision);
-        Erwarte(PruefeG6Allein, Mit(m_menge, {{14, u"01"}}), {{3002, 16}, {4694}});
-        Erwarte(PruefeG6Allein, Mit(m_menge, {{16, u"01"}}), {{3002, 14}, {4694}});
-        Erwarte(PruefeG6Allein, Mit(m_menge, {{17, u"1"}}), {{3002, 14}, {3001, 16}, {4694}});
+        Erwarte(PruefeG6, Mit(m_menge, {{14, u"01"}}), {{3002, 16}, {4694}});
+        Erwarte(PruefeG6, Mit(m_menge, {{16, u"01"}}), {{3002, 14}, {4694}});
+        Erwarte(PruefeG6, Mit(m_menge, {{17, u"1"}}), {{3002, 14}, {3001, 16}, {4694}});
         EXPECT_EQ(Mengen().size(), 1U);
     }
 }
@@ -92,17 +92,17 @@ TEST_F(DetailausmassTest, ALineWithOneNumberIsADetailLine) {
 TEST_F(DetailausmassTest, ItsRunningNumberIsComparedButNotKept) {
     for (const std::int32_t revision : {Alt, Neu}) {
         Aufbau(revision);
-        Erwarte(PruefeG6Allein, Mit(m_detail, {{75, u"17"}}), {{2032, 75}});
-        Erwarte(PruefeG6Allein, Mit(m_menge, {{75, u"17"}}), {});
-        Erwarte(PruefeG6Allein, Mit(m_detail, {{75, u"17"}}), {{4682}, {2032, 75}});
+        Erwarte(PruefeG6, Mit(m_detail, {{75, u"17"}}), {{2032, 75}});
+        Erwarte(PruefeG6, Mit(m_menge, {{75, u"17"}}), {});
+        Erwarte(PruefeG6, Mit(m_detail, {{75, u"17"}}), {{4682}, {2032, 75}});
     }
 }
 
 TEST_F(DetailausmassTest, ItsOrderIsComparedButNotKept) {
     Aufbau(Alt);
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{136, u"05"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_menge, {{136, u"05"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{136, u"05"}}), {{4683}});
+    Erwarte(PruefeG6, Mit(m_detail, {{136, u"05"}}), {});
+    Erwarte(PruefeG6, Mit(m_menge, {{136, u"05"}}), {});
+    Erwarte(PruefeG6, Mit(m_detail, {{136, u"05"}}), {{4683}});
 }
 
 TEST_F(DetailausmassTest, EachOfTheNineReferencesDecides) {
@@ -110,51 +110,51 @@ TEST_F(DetailausmassTest, EachOfTheNineReferencesDecides) {
                             {30, u"VG"},    {33, u"V1"},  {168, u"WOHNEN"}, {188, u"BAD"}};
     for (const std::int32_t revision : {Alt, Neu}) {
         Aufbau(revision);
-        Erwarte(PruefeG6Allein, Mit(m_menge, bezuege), {});
-        Erwarte(PruefeG6Allein, Mit(m_detail, bezuege), {});
+        Erwarte(PruefeG6, Mit(m_menge, bezuege), {});
+        Erwarte(PruefeG6, Mit(m_detail, bezuege), {});
         for (const Feldwert& feld : bezuege) {
             const Text satz = Mit(Mit(m_detail, bezuege), {{feld.Spalte, u"?"}});
-            EXPECT_EQ(Pruefe(PruefeG6Allein, satz).back().Code, 4692) << feld.Spalte;
+            EXPECT_EQ(Pruefe(PruefeG6, satz).back().Code, 4692) << feld.Spalte;
         }
     }
 }
 
 TEST_F(DetailausmassTest, AQuantityMustStandBeforeItsLines) {
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{18, u"HAUS1"}}), {{4692}});
-    Erwarte(PruefeG6Allein, Mit(m_menge, {{18, u"HAUS1"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{18, u"HAUS1"}}), {});
+    Erwarte(PruefeG6, Mit(m_detail, {{18, u"HAUS1"}}), {{4692}});
+    Erwarte(PruefeG6, Mit(m_menge, {{18, u"HAUS1"}}), {});
+    Erwarte(PruefeG6, Mit(m_detail, {{18, u"HAUS1"}}), {});
 }
 
 TEST_F(DetailausmassTest, AQuantityOfAnotherPositionIsNotItsOwn) {
     Aufbau(Neu);
     Position(u"111", u"111002");
     Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111002"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{8, u"111002"}}), {{4692}});
-    Erwarte(PruefeG6Allein, m_detail, {});
-    Erwarte(PruefeG6Allein, Mit(m_menge, {{8, u"111002"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{8, u"111002"}}), {});
+    Erwarte(PruefeG6, Mit(m_detail, {{8, u"111002"}}), {{4692}});
+    Erwarte(PruefeG6, m_detail, {});
+    Erwarte(PruefeG6, Mit(m_menge, {{8, u"111002"}}), {});
+    Erwarte(PruefeG6, Mit(m_detail, {{8, u"111002"}}), {});
 }
 
 TEST_F(DetailausmassTest, AQuantityWithFaultsTakesItsLines) {
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, Mit(m_menge, {{18, u"X"}, {44, u"Z"}}), {{4611}, {4631}});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{18, u"X"}}), {{4631}});
+    Erwarte(PruefeG6, Mit(m_menge, {{18, u"X"}, {44, u"Z"}}), {{4611}, {4631}});
+    Erwarte(PruefeG6, Mit(m_detail, {{18, u"X"}}), {{4631}});
 }
 
 // An empty kind is in any set, so that a line with a variant passes, the primary one or another.
 TEST_F(DetailausmassTest, ThePrimaryVariantHasNoSay) {
     for (const TextSicht variante : {u"V1", u"V2"}) {
         Aufbau(Neu);
-        Erwarte(PruefeG6Allein, Mit(m_menge, {{30, u"VG"}, {33, variante}}), {});
-        Erwarte(PruefeG6Allein, Mit(m_detail, {{30, u"VG"}, {33, variante}}), {});
+        Erwarte(PruefeG6, Mit(m_menge, {{30, u"VG"}, {33, variante}}), {});
+        Erwarte(PruefeG6, Mit(m_detail, {{30, u"VG"}, {33, variante}}), {});
     }
 }
 
 TEST_F(DetailausmassTest, ALineOfAPositionWithAPriceReportsNoPrice) {
     Aufbau(Neu);
     Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111001"}, {61, u"F"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_detail, {{62, u"+"}, {63, u"000000001250"}}), {{2032, 62}, {2032, 63}});
+    Erwarte(PruefeG6, Mit(m_detail, {{62, u"+"}, {63, u"000000001250"}}), {{2032, 62}, {2032, 63}});
 }
 
 } // namespace

@@ -157,8 +157,8 @@ const Satzprobe Proben[] = {
      Zeile(u"G3", {{2, u"111"}, {8, u"111001"}, {14, u"01"}, {16, u"01"}}), FelderG3},
     {"G4", BeideRevisionen(), MitHauptposition, PruefeG4, Zeile(u"G4", {{2, u"111"}, {8, u"111000"}}), FelderG4},
     {"G5", BeideRevisionen(), MitLeistungsposition, PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111001"}}), FelderG5},
-    {"G6", BeideRevisionen(), MitLeistungsposition, PruefeG6Allein,
-     Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}}), FelderG6},
+    {"G6", BeideRevisionen(), MitLeistungsposition, PruefeG6, Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}}),
+     FelderG6},
     {"DetailLine", BeideRevisionen(), MitLeistungsposition, Detailzeile,
      Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {14, u"01"}, {16, u"01"}, {44, u"A"}}), FelderEG6},
 };
@@ -192,12 +192,12 @@ protected:
 TEST_F(FeldrandTest, OneColumnOfItsTwoNumbersMakesADetailLine) {
     const Text satz = Zeile(u"G6", {{2, u"111"}, {8, u"111001"}, {44, u"A"}});
     const Meldungen ohneMenge = {{4692}};
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {}, {});
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {{14, u"x"}}, ohneMenge);
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {{15, u"x"}}, ohneMenge);
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {{16, u"x"}}, ohneMenge);
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {{17, u"x"}}, ohneMenge);
-    Erwarte(MitLeistungsposition, PruefeG6Allein, satz, {{18, u"x"}}, {{4631}}); // the object structure
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {}, {});
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {{14, u"x"}}, ohneMenge);
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {{15, u"x"}}, ohneMenge);
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {{16, u"x"}}, ohneMenge);
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {{17, u"x"}}, ohneMenge);
+    Erwarte(MitLeistungsposition, PruefeG6, satz, {{18, u"x"}}, {{4631}}); // the object structure
 }
 
 TEST_F(FeldrandTest, TheMarkOfAnEcodevisPositionHasOneColumn) {
@@ -231,10 +231,10 @@ TEST_F(FeldrandTest, ASignHasOneColumn) {
     EXPECT_TRUE(LetztePosition().HatPreisVorzeichen);
     Erwarte(MitLeistungsposition, PruefeG5, preis, {{61, u"A 000000001250"}}, {{4507}});
     EXPECT_FALSE(LetztePosition().HatPreisVorzeichen);
-    Erwarte(MitLeistungsposition, PruefeG6Allein, menge, {{44, u"A+0000000012000"}}, {});
-    Erwarte(MitLeistungsposition, PruefeG6Allein, menge, {{44, u"A 0000000012000"}}, {{4615}});
-    Erwarte(MitLeistungsposition, PruefeG6Allein, menge, {{61, u"A+000000001250"}}, {});
-    Erwarte(MitLeistungsposition, PruefeG6Allein, menge, {{61, u"A 000000001250"}}, {{4623}});
+    Erwarte(MitLeistungsposition, PruefeG6, menge, {{44, u"A+0000000012000"}}, {});
+    Erwarte(MitLeistungsposition, PruefeG6, menge, {{44, u"A 0000000012000"}}, {{4615}});
+    Erwarte(MitLeistungsposition, PruefeG6, menge, {{61, u"A+000000001250"}}, {});
+    Erwarte(MitLeistungsposition, PruefeG6, menge, {{61, u"A 000000001250"}}, {{4623}});
 }
 
 } // namespace

@@ -36,8 +36,8 @@ const std::vector<NieFall>& NieFaelle() {
         {4452, Ueberall, PruefeG4, Mit(g4, {{129, u"ET1"}})},
         {4492, Ueberall, PruefeG4, Mit(g4, {{168, u"WOHNEN"}, {135, u"*"}})},
         {4496, Ueberall, PruefeG4, Mit(g4, {{188, u"BAD"}, {135, u"*"}})},
-        {4603, "no check: a quantity without any reference is legal", PruefeG6Allein, g6},
-        {4691, "only Revision 0 asks the cost accounts, and no file has it", PruefeG6Allein, Mit(g6, {{18, u"HAUS1"}})},
+        {4603, "no check: a quantity without any reference is legal", PruefeG6, g6},
+        {4691, "only Revision 0 asks the cost accounts, and no file has it", PruefeG6, Mit(g6, {{18, u"HAUS1"}})},
     };
     return faelle;
 }

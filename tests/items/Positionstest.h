@@ -52,10 +52,6 @@ inline std::string Lesbar(TextSicht text) {
     return ergebnis;
 }
 
-inline void PruefeG6Allein() {
-    PruefeG6(false);
-}
-
 class Positionstest : public Satztest {
 protected:
     // Hands the record to its test, which must report just this, all on the record's own line.

@@ -86,7 +86,7 @@ TEST_F(PruefeG1Test, ARefusedChapterLeavesNothingAndItsPositionsFail) {
         Erwarte(PruefeG3, Zeile(u"G3", {{2, u"800"}, {8, u"111000"}, {14, u"0001"}}), {{4301}});
         Erwarte(PruefeG4, Zeile(u"G4", {{2, u"800"}, {8, u"111000"}}), {{4401}});
         Erwarte(PruefeG5, Zeile(u"G5", {{2, u"800"}, {8, u"111001"}}), {{4501}});
-        Erwarte(PruefeG6Allein, Zeile(u"G6", {{2, u"800"}, {8, u"111001"}, {44, u"A"}}), {{4601}});
+        Erwarte(PruefeG6, Zeile(u"G6", {{2, u"800"}, {8, u"111001"}, {44, u"A"}}), {{4601}});
         EXPECT_TRUE(sia451Datei.DokumentKapitel.empty());
     }
 }

@@ -147,7 +147,7 @@ TEST_F(PruefeG5Test, ATitlePositionTakesNoneAndItsQuantitiesFail) {
     Aufbau(Neu);
     Erwarte(PruefeG5, Mit(m_satz, {{8, u"111000"}, {59, u"m2"}}), {{4503}});
     EXPECT_FALSE(sia451Datei.DokumentKapitel[0].Positionen[0].HatG5);
-    Erwarte(PruefeG6Allein, Zeile(u"G6", {{2, u"111"}, {8, u"111000"}, {44, u"A"}}), {{4602}});
+    Erwarte(PruefeG6, Zeile(u"G6", {{2, u"111"}, {8, u"111000"}, {44, u"A"}}), {{4602}});
     EXPECT_TRUE(sia451Datei.DokumentKapitel[0].Positionen[0].Mengen.empty());
 }
 

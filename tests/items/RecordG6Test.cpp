@@ -28,7 +28,7 @@ protected:
 
 TEST_F(PruefeG6Test, ReportsFaults) {
     ErwarteFaelle(
-        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6Allein, m_satz,
+        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6, m_satz,
         {
             {Beide, {}, {}},
             {Beide, {{2, u"112"}}, {{4601}}},
@@ -113,7 +113,7 @@ TEST_F(PruefeG6Test, ReportsFaults) {
 
 TEST_F(PruefeG6Test, KindsByInterface) {
     ErwarteFaelle(
-        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6Allein, Mit(m_satz, {{46, u"0000000000000"}}),
+        [this](std::int32_t revision) { Aufbau(revision); }, PruefeG6, Mit(m_satz, {{46, u"0000000000000"}}),
         {
             {Beide, {{44, u"A"}}, {}},       {Beide, {{44, u"B"}}, {}},       {Alt, {{44, u"C"}}, {}},
             {Neu, {{44, u"C"}}, {{4617}}},   {Alt, {{44, u"D"}}, {{4611}}},   {Neu, {{44, u"D"}}, {}},
@@ -129,7 +129,7 @@ TEST_F(PruefeG6Test, KindsByInterface) {
 TEST_F(PruefeG6Test, TheKindFollowsThePrimaryVariant) {
     const auto aufbau = [this](std::int32_t revision) { Aufbau(revision); };
     const Text primaer = Mit(m_satz, {{30, u"VG"}, {33, u"V1"}});
-    ErwarteFaelle(aufbau, PruefeG6Allein, primaer,
+    ErwarteFaelle(aufbau, PruefeG6, primaer,
                   {
                       {Beide, {{44, u"J"}}, {}},
                       {Beide, {{44, u"K"}}, {}},
@@ -146,7 +146,7 @@ TEST_F(PruefeG6Test, TheKindFollowsThePrimaryVariant) {
                       {Beide, {{44, u" "}}, {{3002, 44}}}, // an empty kind is in any set
                   });
     const Text andere = Mit(m_satz, {{30, u"VG"}, {33, u"V2"}});
-    ErwarteFaelle(aufbau, PruefeG6Allein, andere,
+    ErwarteFaelle(aufbau, PruefeG6, andere,
                   {
                       {Beide, {{44, u"J"}}, {{4612}}},
                       {Beide, {{44, u"K"}}, {{4612}}},
@@ -161,7 +161,7 @@ TEST_F(PruefeG6Test, TheKindFollowsThePrimaryVariant) {
                       {Beide, {{44, u" "}}, {{3002, 44}}},
                   });
     // The variant of another group, or of none, is no primary variant.
-    ErwarteFaelle(aufbau, PruefeG6Allein, m_satz,
+    ErwarteFaelle(aufbau, PruefeG6, m_satz,
                   {
                       {Beide, {{30, u"VX"}, {33, u"V1"}, {44, u"J"}}, {{4612}, {4661}, {4663}}},
                       {Beide, {{30, u"VX"}, {33, u"V1"}, {44, u"Q"}}, {{4661}, {4663}}},
@@ -173,7 +173,7 @@ TEST_F(PruefeG6Test, TheKindFollowsThePrimaryVariant) {
 TEST_F(PruefeG6Test, APositionWithAPriceLeavesNoneToItsQuantities) {
     const Felder mitPreis[] = {{{61, u"F"}}, {{62, u"+"}, {63, Preis}}, {{62, u"x"}}, {{61, u"F"}, {62, u"-"}}};
     for (const Felder& g5 : mitPreis) {
-        ErwarteFaelle([&](std::int32_t revision) { Aufbau(revision, g5); }, PruefeG6Allein, m_satz,
+        ErwarteFaelle([&](std::int32_t revision) { Aufbau(revision, g5); }, PruefeG6, m_satz,
                       {
                           {Beide, {}, {}},
                           {Alt, {{62, u"+"}, {63, Preis}}, {{4621}}},
@@ -194,7 +194,7 @@ TEST_F(PruefeG6Test, APriceWithoutSignAndKindDoesNotCountAsThePositions) {
         [this](std::int32_t revision) {
             Aufbau(revision, {{63, Preis}});
         },
-        PruefeG6Allein, m_satz,
+        PruefeG6, m_satz,
         {
             {Beide, {{62, u"+"}, {63, Preis}}, {}},
             {Neu, {{61, u"F"}}, {}},
@@ -203,7 +203,7 @@ TEST_F(PruefeG6Test, APriceWithoutSignAndKindDoesNotCountAsThePositions) {
 
 TEST_F(PruefeG6Test, StoresTheQuantity) {
     Aufbau(Alt);
-    Erwarte(PruefeG6Allein,
+    Erwarte(PruefeG6,
             Mit(m_satz, {{18, u"HAUS1"},
                          {24, u"OST"},
                          {30, u"VG"},
@@ -239,7 +239,7 @@ TEST_F(PruefeG6Test, StoresTheQuantity) {
 
 TEST_F(PruefeG6Test, StoresAlsoWhatFailed) {
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"X"}, {44, u"Z"}, {75, u"1234567"}, {93, u"Text"}, {136, u"07"}}),
+    Erwarte(PruefeG6, Mit(m_satz, {{18, u"X"}, {44, u"Z"}, {75, u"1234567"}, {93, u"Text"}, {136, u"07"}}),
             {{3208}, {4611}, {4631}, {4681}, {2032, 93}});
     ASSERT_EQ(Mengen().size(), 1U);
     EXPECT_EQ(Verweise().OGL, u"X");
@@ -249,8 +249,8 @@ TEST_F(PruefeG6Test, StoresAlsoWhatFailed) {
 
 TEST_F(PruefeG6Test, FaultsComeInTheOrderOfTheChecks) {
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, m_satz, {});
-    Erwarte(PruefeG6Allein,
+    Erwarte(PruefeG6, m_satz, {});
+    Erwarte(PruefeG6,
             Mit(m_satz, {{18, u"A"},
                          {24, u"B"},
                          {30, u"C"},
@@ -293,19 +293,11 @@ TEST_F(PruefeG6Test, FaultsComeInTheOrderOfTheChecks) {
 TEST_F(PruefeG6Test, WithoutAG5NothingIsStored) {
     for (const std::int32_t revision : {Alt, Neu}) {
         BeginneMitPosition(revision);
-        Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"X"}}), {{4602}});
+        Erwarte(PruefeG6, Mit(m_satz, {{18, u"X"}}), {{4602}});
         Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111000"}}), {{4503}});
-        Erwarte(PruefeG6Allein, Mit(m_satz, {{8, u"111000"}}), {{4602}});
+        Erwarte(PruefeG6, Mit(m_satz, {{8, u"111000"}}), {{4602}});
         EXPECT_TRUE(LetztePosition().Mengen.empty());
         EXPECT_TRUE(sia451Datei.Laufnummern.empty());
-    }
-}
-
-TEST_F(PruefeG6Test, TheNeighbourFlagChangesNothing) {
-    for (const bool flag : {false, true}) {
-        Aufbau(Neu);
-        Erwarte([flag] { PruefeG6(flag); }, Mit(m_satz, {{18, u"X"}}), {{4631}});
-        EXPECT_EQ(Mengen().size(), 1U);
     }
 }
 
@@ -313,18 +305,18 @@ TEST_F(PruefeG6Test, AnOrderStandsOnlyOnceOnAPosition) {
     Aufbau(Alt);
     Position(u"111", u"111002");
     Erwarte(PruefeG5, Zeile(u"G5", {{2, u"111"}, {8, u"111002"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {{4683}});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {{4683}});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"98"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"00"}}), {});
-    Erwarte(PruefeG6Allein, m_satz, {});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{8, u"111002"}, {136, u"99"}}), {});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"99"}}), {});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"99"}}), {{4683}});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"99"}}), {{4683}});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"98"}}), {});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"00"}}), {});
+    Erwarte(PruefeG6, m_satz, {});
+    Erwarte(PruefeG6, Mit(m_satz, {{8, u"111002"}, {136, u"99"}}), {});
     EXPECT_EQ(Mengen(sia451Datei.DokumentKapitel[0].Positionen[1]).size(), 6U);
 
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {{3208}});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{136, u"99"}}), {{3208}});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"99"}}), {{3208}});
+    Erwarte(PruefeG6, Mit(m_satz, {{136, u"99"}}), {{3208}});
 }
 
 // --- Running numbers
@@ -335,7 +327,7 @@ protected:
 };
 
 TEST_F(LaufnummerTest, OfOneRecord) {
-    ErwarteFaelle([this](std::int32_t revision) { Aufbau(revision); }, PruefeG6Allein, m_satz,
+    ErwarteFaelle([this](std::int32_t revision) { Aufbau(revision); }, PruefeG6, m_satz,
                   {
                       {Beide, {{75, u"1234565"}}, {}},
                       {Beide, {{75, u"1234566"}}, {{4681}}},
@@ -368,17 +360,17 @@ TEST_F(LaufnummerTest, OfOneRecord) {
 
 TEST_F(LaufnummerTest, AValueOfZeroLeavesNoNumberBehind) {
     Aufbau(Neu);
-    Erwarte(PruefeG6Allein, Satz(u"0000000"), {{4682}});
+    Erwarte(PruefeG6, Satz(u"0000000"), {{4682}});
     EXPECT_FALSE(LaufnummerVergeben(u"0000000"));
-    Erwarte(PruefeG6Allein, Satz(u"ABC"), {{4682}});
+    Erwarte(PruefeG6, Satz(u"ABC"), {{4682}});
     EXPECT_FALSE(LaufnummerVergeben(u"0000000"));
-    Erwarte(PruefeG6Allein, Satz(u"0"), {{4682}}); // once, not again for a number in the tree
+    Erwarte(PruefeG6, Satz(u"0"), {{4682}}); // once, not again for a number in the tree
 
     Aufbau(Alt);
-    Erwarte(PruefeG6Allein, Satz(u"0000000"), {});
+    Erwarte(PruefeG6, Satz(u"0000000"), {});
     EXPECT_TRUE(LaufnummerVergeben(u"0000000"));
-    Erwarte(PruefeG6Allein, Satz(u"0000000"), {{4682}});
-    Erwarte(PruefeG6Allein, Satz(u"000000"), {});
+    Erwarte(PruefeG6, Satz(u"0000000"), {{4682}});
+    Erwarte(PruefeG6, Satz(u"000000"), {});
 }
 
 // Two numbers one after the other: what the second reports by the side of the first.
@@ -414,8 +406,8 @@ TEST_F(LaufnummerTest, OfTwoRecords) {
         for (const std::int32_t revision : {Alt, Neu}) {
             if (fall.Revision == Beide || fall.Revision == revision) {
                 Aufbau(revision);
-                Pruefe(PruefeG6Allein, Satz(fall.Erste));
-                Erwarte(PruefeG6Allein, Satz(fall.Zweite), fall.Erwartet,
+                Pruefe(PruefeG6, Satz(fall.Erste));
+                Erwarte(PruefeG6, Satz(fall.Zweite), fall.Erwartet,
                         "row " + std::to_string(&fall - faelle) + ", revision " + std::to_string(revision));
             }
         }
@@ -425,23 +417,23 @@ TEST_F(LaufnummerTest, OfTwoRecords) {
 TEST_F(LaufnummerTest, IsUniqueInTheWholeDocument) {
     for (const std::int32_t revision : {Alt, Neu}) {
         Aufbau(revision);
-        Erwarte(PruefeG6Allein, Satz(u"1234565"), {});
+        Erwarte(PruefeG6, Satz(u"1234565"), {});
         Kapitel(u"112");
         Position(u"112", u"211000");
         Position(u"112", u"211001");
         Erwarte(PruefeG5, Zeile(u"G5", {{2, u"112"}, {8, u"211001"}}), {});
-        Erwarte(PruefeG6Allein, Mit(Satz(u"1234565"), {{2, u"112"}, {8, u"211001"}}), {{4682}});
-        Erwarte(PruefeG6Allein, Mit(Satz(u""), {{2, u"112"}, {8, u"211001"}}), {});
-        Erwarte(PruefeG6Allein, Mit(Satz(u""), {{2, u"112"}, {8, u"211001"}}), {}); // no number repeats none
+        Erwarte(PruefeG6, Mit(Satz(u"1234565"), {{2, u"112"}, {8, u"211001"}}), {{4682}});
+        Erwarte(PruefeG6, Mit(Satz(u""), {{2, u"112"}, {8, u"211001"}}), {});
+        Erwarte(PruefeG6, Mit(Satz(u""), {{2, u"112"}, {8, u"211001"}}), {}); // no number repeats none
     }
 }
 
 TEST_F(LaufnummerTest, ARefusedRecordTakesNoNumber) {
     for (const std::int32_t revision : {Alt, Neu}) {
         Aufbau(revision);
-        Erwarte(PruefeG6Allein, Mit(Satz(u"17"), {{8, u"111000"}}), {{4602}});
-        Erwarte(PruefeG6Allein, Mit(Satz(u"17"), {{2, u"112"}}), {{4601}});
-        Erwarte(PruefeG6Allein, Satz(u"17"), {});
+        Erwarte(PruefeG6, Mit(Satz(u"17"), {{8, u"111000"}}), {{4602}});
+        Erwarte(PruefeG6, Mit(Satz(u"17"), {{2, u"112"}}), {{4601}});
+        Erwarte(PruefeG6, Satz(u"17"), {});
     }
 }
 
@@ -450,12 +442,12 @@ TEST_F(LaufnummerTest, ARefusedRecordTakesNoNumber) {
 // No interface that a file can have comes here; the check stands for the day that one does.
 TEST_F(PruefeG6Test, RevisionZeroAsksTheCostAccounts) {
     Aufbau(0);
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {}); // no accounts: not asked
+    Erwarte(PruefeG6, Mit(m_satz, {{18, u"HAUS1"}}), {}); // no accounts: not asked
     sia451Datei.KostenkontoTabelle.push_back({.OGL = u"HAUS2"});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {{4691}});
+    Erwarte(PruefeG6, Mit(m_satz, {{18, u"HAUS1"}}), {{4691}});
     sia451Datei.KostenkontoTabelle[0].OGL = u"HAUS*";
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}}), {});
-    Erwarte(PruefeG6Allein, Mit(m_satz, {{18, u"HAUS1"}, {82, u"123"}}), {{4691}});
+    Erwarte(PruefeG6, Mit(m_satz, {{18, u"HAUS1"}}), {});
+    Erwarte(PruefeG6, Mit(m_satz, {{18, u"HAUS1"}, {82, u"123"}}), {{4691}});
 }
 
 } // namespace
