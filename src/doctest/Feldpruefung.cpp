@@ -111,9 +111,8 @@ std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht)
     return static_cast<std::int32_t>(wert);
 }
 
-bool DezimalFeld(std::int32_t spalte, std::int32_t laenge) {
-    const std::optional<Feldsicht> ziffern = Ziffern(spalte, laenge);
-    return ziffern && Ziffernwert(*ziffern) != 0;
+Feldsicht DezimalFeld(std::int32_t spalte, std::int32_t laenge) {
+    return Ziffern(spalte, laenge).value_or(Feldsicht());
 }
 
 std::int32_t DatumFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht) {

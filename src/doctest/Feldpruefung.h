@@ -34,9 +34,9 @@ Feldsicht SchluesselFeld(std::int32_t spalte, std::int32_t laenge, JokerRegel re
 // number is above 2147483647 (3001).
 std::int32_t ZahlFeld(std::int32_t spalte, std::int32_t laenge, Pflicht pflicht);
 
-// Digits that fill the field: true when they are not all 0; false also when blank (not reported) or bad (3001). Where
-// the decimals of the amount begin, no check asks.
-bool DezimalFeld(std::int32_t spalte, std::int32_t laenge);
+// The digits that fill the field; none when it is blank (not reported) or bad (3001). Where the decimals of the amount
+// begin, no check asks.
+Feldsicht DezimalFeld(std::int32_t spalte, std::int32_t laenge);
 
 // A date ddMMyy (pivot 89: every year lies in 1989 to 2088) as days since 1970-01-01; 0 when blank (3002, 3003 by
 // `pflicht`) or bad (3001). Composed with carry, so that no six digits are refused for being no real date.

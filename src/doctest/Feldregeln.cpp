@@ -19,7 +19,7 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
 
 Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge) {
     const Feldsicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
-    return {.Vorzeichen = vorzeichen, .Leer = FeldLeer(spalte, laenge), .IstNull = !DezimalFeld(spalte, laenge)};
+    return {.Vorzeichen = vorzeichen, .Ziffern = DezimalFeld(spalte, laenge), .Leer = FeldLeer(spalte, laenge)};
 }
 
 void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {

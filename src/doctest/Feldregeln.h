@@ -12,8 +12,10 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge);
 // An amount and its sign as they stand in the record. What it comes to is asked by no check but whether it is 0.
 struct Betrag {
     Feldsicht Vorzeichen;
-    bool Leer = false;    // tells a blank amount from one of zeros
-    bool IstNull = false; // blank and bad ones too
+    Feldsicht Ziffern; // none when it is blank or bad
+    bool Leer = false; // tells a blank amount from one of zeros
+
+    bool IstNull() const { return NurNullen(Ziffern); }
 };
 
 // Reads the sign, one character at `vorzeichenSpalte`, and then the amount at `spalte` (3001). Columns count from 1.

@@ -111,6 +111,7 @@ bool IstNiedriger(Feldsicht a, Feldsicht b) {
 // order of the columns. A column takes 8 bits in a file of one byte a column, or else 16; the last one is not used.
 using Ordnung = std::array<std::uint64_t, 4>;
 constexpr std::size_t Ordnungsspalten = 16;
+constexpr std::uint64_t JedesHoheBit = 0x8080808080808080;
 
 // For each byte of the file's code page its place in the order of the characters. ASCII comes first, as it stands.
 using Raenge = std::array<unsigned char, 256>;
@@ -144,9 +145,15 @@ std::array<Spalte, Ordnungsspalten> SpaltenVon(const Spalte* zeile, std::size_t 
         }
         return spalten;
     }
+    if (laenge >= 42) { // as nearly every line: lengths that the compiler knows
+        std::copy_n(zeile, 4, spalten.begin());
+        std::copy_n(zeile + 7, 6, spalten.begin() + 4);
+        spalten[10] = zeile[41];
+        std::copy_n(zeile + 13, 4, spalten.begin() + 11);
+        return spalten;
+    }
     kopiere(0, 0, 4);
     kopiere(4, 7, 6);
-    kopiere(10, 41, 1);
     kopiere(11, 13, 4);
     return spalten;
 }
@@ -165,10 +172,12 @@ Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
     if (zeile.IstBreit()) {
         return Gepackt(SpaltenVon(zeile.Zeichen(), zeile.size(), nummer));
     }
-    auto spalten = SpaltenVon(zeile.Bytes(), zeile.size(), nummer);
-    for (unsigned char& spalte : spalten) {
-        spalte = raenge[spalte];
+    const Ordnung ordnung = Gepackt(SpaltenVon(zeile.Bytes(), zeile.size(), nummer));
+    if (((ordnung[0] | ordnung[1]) & JedesHoheBit) == 0) {
+        return ordnung; // ASCII is in its order
     }
+    auto spalten = SpaltenVon(zeile.Bytes(), zeile.size(), nummer);
+    std::ranges::transform(spalten, spalten.begin(), [&raenge](unsigned char byte) { return raenge[byte]; });
     return Gepackt(spalten);
 }
 

@@ -114,7 +114,7 @@ void PruefeOhnePreis(const Mengensatz& satz) {
 
 // What only a plain quantity can have.
 void PruefeEinfacheMenge(const Mengensatz& satz, const PositionEintrag& position) {
-    if (satz.Mengenart == u"W" && !satz.Menge.IstNull) {
+    if (satz.Mengenart == u"W" && !satz.Menge.IstNull()) {
         FehlerMelden(4616);
     }
     if (!position.HatPreisart && !position.HatPreisVorzeichen) {

@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <array>
 #include <ranges>
-#include <span>
 
 namespace zepholt {
 
@@ -39,24 +38,19 @@ Abschnitt AbschnittVon(char16_t buchstabe) {
             1 + static_cast<std::int32_t>(bereich.end() - erste.begin())};
 }
 
-// One test of a pass: the digit in column 42 that chooses it.
-struct Satztest {
-    char16_t Ziffer;
-    void (*Pruefe)();
-};
+// The tests of a pass, by the digit in column 42 that chooses them; none for a digit that is passed over.
+using Satztests = std::array<void (*)(), 10>;
 
-// Hands each line of a section to the test of its digit; other digits are passed over. The first letter is not looked
-// at again: the order of the lines keeps a letter together.
-void Durchgang(const Abschnitt& abschnitt, std::span<const Satztest> tests, std::int32_t& zaehler) {
+// Hands each line of a section to the test of its digit. The first letter is not looked at again: the order of the
+// lines keeps a letter together.
+void Durchgang(const Abschnitt& abschnitt, const Satztests& tests, std::int32_t& zaehler) {
     for (std::int32_t i = abschnitt.Von; i < abschnitt.Bis; ++i) {
         testDaten.Record = ZeileAn(i);
         testDaten.ZeilenNr = i;
         ZeigeFortschritt(++zaehler);
-        const char16_t ziffer = Ziffer(testDaten.Record);
-        for (const Satztest& test : tests) {
-            if (test.Ziffer == ziffer) {
-                test.Pruefe();
-            }
+        const std::size_t ziffer = static_cast<std::size_t>(Ziffer(testDaten.Record)) - u'0';
+        if (ziffer < tests.size() && tests[ziffer] != nullptr) {
+            tests[ziffer]();
         }
     }
 }
@@ -68,46 +62,21 @@ void PruefeB9BeiRevision0() {
     }
 }
 
-constexpr std::array<Satztest, 10> TestsB = {{
-    {u'0', PruefeB0},
-    {u'1', PruefeB1},
-    {u'2', PruefeB2},
-    {u'3', PruefeB3},
-    {u'4', PruefeB4},
-    {u'5', PruefeB5},
-    {u'6', PruefeB6},
-    {u'7', PruefeB7},
-    {u'8', PruefeB8},
-    {u'9', PruefeB9BeiRevision0},
-}};
+constexpr void (*Keiner)() = nullptr;
 
-constexpr std::array<Satztest, 6> TestsG = {{
-    {u'1', PruefeG1},
-    {u'2', PruefeG2},
-    {u'3', PruefeG3},
-    {u'4', PruefeG4},
-    {u'5', PruefeG5},
-    {u'6', PruefeG6},
-}};
-
-constexpr std::array<Satztest, 3> TestsC = {{
-    {u'0', PruefeC0},
-    {u'1', PruefeC1},
-    {u'5', PruefeC5},
-}};
-
-constexpr std::array<Satztest, 2> TestsX = {{
-    {u'4', PruefeX4},
-    {u'5', PruefeX5},
-}};
-
-constexpr std::array<Satztest, 5> TestsP = {{
-    {u'1', [] { PruefeP(1); }},
-    {u'2', [] { PruefeP(2); }},
-    {u'3', [] { PruefeP(3); }},
-    {u'4', [] { PruefeP(4); }},
-    {u'5', [] { PruefeP(5); }},
-}};
+// clang-format off
+constexpr Satztests TestsB = {PruefeB0, PruefeB1, PruefeB2, PruefeB3, PruefeB4,
+                              PruefeB5, PruefeB6, PruefeB7, PruefeB8, PruefeB9BeiRevision0};
+constexpr Satztests TestsG = {Keiner, PruefeG1, PruefeG2, PruefeG3, PruefeG4, PruefeG5, PruefeG6};
+constexpr Satztests TestsC = {PruefeC0, PruefeC1, Keiner, Keiner, Keiner, PruefeC5};
+constexpr Satztests TestsX = {Keiner, Keiner, Keiner, Keiner, PruefeX4, PruefeX5};
+constexpr Satztests TestsP = {Keiner,
+                              [] { PruefeP(1); },
+                              [] { PruefeP(2); },
+                              [] { PruefeP(3); },
+                              [] { PruefeP(4); },
+                              [] { PruefeP(5); }};
+// clang-format on
 
 // "Name   [Nummer]"
 Text MitNummer(TextSicht name, TextSicht nummer) {

@@ -166,4 +166,13 @@ inline bool NurZiffern(Feldsicht spalten) {
     });
 }
 
+// True when no column holds anything but the digit 0; for no columns too.
+inline bool NurNullen(Feldsicht spalten) {
+    std::size_t i = 0;
+    while (i < spalten.size() && spalten[i] == u'0') {
+        ++i;
+    }
+    return i == spalten.size();
+}
+
 } // namespace zepholt

@@ -4,8 +4,8 @@
 
 namespace zepholt {
 
-Spaltenarten SpaltenartenEinzeln(Feldsicht record) {
-    Spaltenarten arten;
+void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten) {
+    arten = {};
     const std::size_t laenge = std::min<std::size_t>(record.size(), Spaltenmenge::Spalten);
     for (std::size_t i = 0; i < laenge; ++i) {
         const char16_t zeichen = record[i];
@@ -15,7 +15,6 @@ Spaltenarten SpaltenartenEinzeln(Feldsicht record) {
         arten.Ziffern.Worte[wort] |= std::uint64_t{zeichen >= u'0' && zeichen <= u'9'} << stelle;
         arten.Besonderes.Worte[wort] |= std::uint64_t{zeichen < u' ' || zeichen > u'~'} << stelle;
     }
-    return arten;
 }
 
 } // namespace zepholt

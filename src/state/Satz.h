@@ -13,14 +13,20 @@ struct Spaltenarten {
     Spaltenmenge Besonderes; // no printable ASCII
 };
 
-// The columns of a record by their kind. The second is the plain way to the same result, column by column.
-Spaltenarten SpaltenartenVon(Feldsicht record);
-Spaltenarten SpaltenartenEinzeln(Feldsicht record);
+// Puts the columns of a record into their sets, whatever stood there. The second is the plain way to the same result,
+// column by column.
+void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten);
+void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten);
 
 class Satz : public Feldsicht {
 public:
     Satz() = default;
-    Satz(Feldsicht record) : Feldsicht(record), m_arten(SpaltenartenVon(record)) {} // a record becomes the one in hand
+    explicit Satz(Feldsicht record) : Feldsicht(record) { SpaltenEinteilen(record, m_arten); }
+    Satz& operator=(Feldsicht record) { // it becomes the record in hand
+        Feldsicht::operator=(record);
+        SpaltenEinteilen(record, m_arten);
+        return *this;
+    }
 
     // Fields are named by their first column (from 1) and their length; what lies behind the record is blank.
     bool IstLeer(std::int32_t spalte, std::int32_t laenge) const { return m_arten.Gefuellt.Erste(spalte, laenge) == 0; }

@@ -3,8 +3,8 @@
 
 namespace zepholt {
 
-Spaltenarten SpaltenartenVon(Feldsicht record) {
-    return SpaltenartenEinzeln(record);
+void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
+    SpaltenEinzelnEinteilen(record, arten);
 }
 
 } // namespace zepholt

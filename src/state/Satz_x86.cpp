@@ -1,7 +1,7 @@
-// The columns of a record by their kind on x86-64: sixteen at once, as every processor can, or thirty-two.
+// The columns of a record by their kind on x86-64, whose every processor has these instructions: sixteen at once.
 #include "state/Satz.h"
 
-#include <immintrin.h>
+#include <emmintrin.h>
 
 #include <algorithm>
 
@@ -9,82 +9,62 @@ namespace zepholt {
 
 namespace {
 
+constexpr std::size_t Blockbreite = 16; // columns
 constexpr std::size_t Wortbreite = Spaltenmenge::Wortbreite;
 
-// The three sets of a word of 64 columns, which are there to be read.
-struct Wortarten {
-    std::uint64_t Leer = 0;
-    std::uint64_t Ziffern = 0;
-    std::uint64_t Druckbar = 0;
-};
-
-std::uint64_t Bits(int maske, std::size_t stelle) {
-    return std::uint64_t{static_cast<std::uint32_t>(maske)} << stelle;
+__m128i Alle(char byte) {
+    return _mm_set1_epi8(byte);
 }
 
-// A byte is at least `von` and less than `von` + `anzahl` when its distance from `von` stays as it is under a limit.
-Wortarten WortMit16(const unsigned char* bytes) {
-    Wortarten arten;
-    for (std::size_t stelle = 0; stelle < Wortbreite; stelle += sizeof(__m128i)) {
+// A bit for each byte of a comparison, from `stelle` on.
+std::uint64_t Bits(__m128i vergleich, std::size_t stelle) {
+    return std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(vergleich))} << stelle;
+}
+
+// All bits for each byte that is at least `von` and less than `von` + `anzahl`.
+__m128i Dazwischen(__m128i block, char von, char anzahl) {
+    const __m128i abstand = _mm_sub_epi8(block, Alle(von));
+    return _mm_cmpeq_epi8(abstand, _mm_min_epu8(abstand, Alle(static_cast<char>(anzahl - 1))));
+}
+
+// A word of the sets from 64 columns, of which the first `davor` stand in the word before.
+void WortEinteilen(const unsigned char* bytes, std::size_t davor, std::size_t wort, Spaltenarten& arten) {
+    std::uint64_t leer = 0;
+    std::uint64_t ziffern = 0;
+    std::uint64_t druckbar = 0;
+    for (std::size_t stelle = 0; stelle < Wortbreite; stelle += Blockbreite) {
         const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + stelle));
-        const auto dazwischen = [block](char von, char anzahl) {
-            const __m128i abstand = _mm_sub_epi8(block, _mm_set1_epi8(von));
-            const __m128i grenze = _mm_set1_epi8(static_cast<char>(anzahl - 1));
-            return _mm_movemask_epi8(_mm_cmpeq_epi8(abstand, _mm_min_epu8(abstand, grenze)));
-        };
-        arten.Leer |= Bits(_mm_movemask_epi8(_mm_cmpeq_epi8(block, _mm_set1_epi8(' '))), stelle);
-        arten.Ziffern |= Bits(dazwischen('0', 10), stelle);
-        arten.Druckbar |= Bits(dazwischen(' ', 95), stelle);
+        leer |= Bits(_mm_cmpeq_epi8(block, Alle(' ')), stelle);
+        ziffern |= Bits(Dazwischen(block, '0', 10), stelle);
+        druckbar |= Bits(Dazwischen(block, ' ', 95), stelle);
     }
-    return arten;
-}
-
-__attribute__((target("avx2"))) int Dazwischen32(__m256i block, char von, char anzahl) {
-    const __m256i abstand = _mm256_sub_epi8(block, _mm256_set1_epi8(von));
-    const __m256i grenze = _mm256_set1_epi8(static_cast<char>(anzahl - 1));
-    return _mm256_movemask_epi8(_mm256_cmpeq_epi8(abstand, _mm256_min_epu8(abstand, grenze)));
-}
-
-__attribute__((target("avx2"))) Wortarten WortMit32(const unsigned char* bytes) {
-    Wortarten arten;
-    for (std::size_t stelle = 0; stelle < Wortbreite; stelle += sizeof(__m256i)) {
-        const __m256i block = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(bytes + stelle));
-        arten.Leer |= Bits(_mm256_movemask_epi8(_mm256_cmpeq_epi8(block, _mm256_set1_epi8(' '))), stelle);
-        arten.Ziffern |= Bits(Dazwischen32(block, '0', 10), stelle);
-        arten.Druckbar |= Bits(Dazwischen32(block, ' ', 95), stelle);
-    }
-    return arten;
-}
-
-using Wortweg = Wortarten (*)(const unsigned char*);
-const Wortweg Wort = __builtin_cpu_supports("avx2") != 0 ? WortMit32 : WortMit16;
-
-void Eintragen(Spaltenarten& arten, std::size_t wort, const unsigned char* bytes) {
-    const Wortarten neue = Wort(bytes);
-    arten.Gefuellt.Worte[wort] = ~neue.Leer;
-    arten.Ziffern.Worte[wort] = neue.Ziffern;
-    arten.Besonderes.Worte[wort] = ~neue.Druckbar;
+    arten.Gefuellt.Worte[wort] = ~leer >> davor;
+    arten.Ziffern.Worte[wort] = ziffern >> davor;
+    arten.Besonderes.Worte[wort] = ~druckbar >> davor;
 }
 
 } // namespace
 
-Spaltenarten SpaltenartenVon(Feldsicht record) {
+// Nothing behind the record is read.
+void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
     if (record.IstBreit()) {
-        return SpaltenartenEinzeln(record);
+        return SpaltenEinzelnEinteilen(record, arten);
     }
-    Spaltenarten arten;
+    arten = {};
     const std::size_t laenge = std::min<std::size_t>(record.size(), Spaltenmenge::Spalten);
+    if (laenge < Wortbreite) {
+        std::array<unsigned char, Wortbreite> kurzer;
+        kurzer.fill(' ');
+        std::copy_n(record.Bytes(), laenge, kurzer.begin());
+        return WortEinteilen(kurzer.data(), 0, 0, arten);
+    }
     std::size_t wort = 0;
     for (; (wort + 1) * Wortbreite <= laenge; ++wort) {
-        Eintragen(arten, wort, record.Bytes() + wort * Wortbreite);
+        WortEinteilen(record.Bytes() + wort * Wortbreite, 0, wort, arten);
     }
     if (const std::size_t rest = laenge % Wortbreite; rest != 0) {
-        std::array<unsigned char, Wortbreite> letzte; // nothing behind the record is read
-        letzte.fill(' ');
-        std::memcpy(letzte.data(), record.Bytes() + laenge - rest, rest);
-        Eintragen(arten, wort, letzte.data());
+        WortEinteilen(record.Bytes() + laenge - Wortbreite, Wortbreite - rest, wort, arten);
     }
-    return arten;
 }
 
 } // namespace zepholt

@@ -134,26 +134,25 @@ TEST_F(FeldpruefungTest, ZahlFeldHoldsThirtyTwoBits) {
 
 // --- DezimalFeld -----------------------------------------------------------------------------------------------------
 
-TEST_F(FeldpruefungTest, DezimalFeldTellsWhetherThereIsAnythingBut0) {
-    bool wert = false;
-    EXPECT_EQ(Lies(u"G0000000000001", [&] { wert = DezimalFeld(2, 13); }), Funde{});
-    EXPECT_TRUE(wert);
-    EXPECT_EQ(Lies(u"G9999999999999", [&] { wert = DezimalFeld(2, 13); }), Funde{});
-    EXPECT_TRUE(wert);
-    EXPECT_EQ(Lies(u"G0000000000000", [&] { wert = DezimalFeld(2, 13); }), Funde{});
-    EXPECT_FALSE(wert);
+TEST_F(FeldpruefungTest, DezimalFeldReturnsItsDigits) {
+    Feldsicht ziffern;
+    EXPECT_EQ(Lies(u"G12345678901234", [&] { ziffern = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_EQ(ziffern, u"1234567890123");
+    EXPECT_FALSE(NurNullen(ziffern));
+    EXPECT_EQ(Lies(u"G0000000000000", [&] { ziffern = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_TRUE(NurNullen(ziffern));
+    EXPECT_EQ(Lies(u"G0000000000001", [&] { ziffern = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_FALSE(NurNullen(ziffern));
 }
 
 TEST_F(FeldpruefungTest, DezimalFeldReportsBadDigitsButNeverABlankField) {
-    bool wert = true;
-    EXPECT_EQ(Lies(u"G             x", [&] { wert = DezimalFeld(2, 13); }), Funde{});
-    EXPECT_FALSE(wert);
-    wert = true;
-    EXPECT_EQ(Lies(u"G         1500x", [&] { wert = DezimalFeld(2, 13); }), (Funde{{3001, 1, 2}}));
-    EXPECT_FALSE(wert);
-    wert = true;
-    EXPECT_EQ(Lies(u"G15", [&] { wert = DezimalFeld(2, 13); }), (Funde{{3001, 2, 2}}));
-    EXPECT_FALSE(wert);
+    Feldsicht ziffern;
+    EXPECT_EQ(Lies(u"G             x", [&] { ziffern = DezimalFeld(2, 13); }), Funde{});
+    EXPECT_TRUE(ziffern.empty() && NurNullen(ziffern));
+    EXPECT_EQ(Lies(u"G         1500x", [&] { ziffern = DezimalFeld(2, 13); }), (Funde{{3001, 1, 2}}));
+    EXPECT_TRUE(ziffern.empty());
+    EXPECT_EQ(Lies(u"G15", [&] { ziffern = DezimalFeld(2, 13); }), (Funde{{3001, 2, 2}}));
+    EXPECT_TRUE(ziffern.empty());
 }
 
 // --- DatumFeld -------------------------------------------------------------------------------------------------------
