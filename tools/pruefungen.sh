@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The slower checks: form, the order of the rooms, clang-tidy, the tests under the sanitizers, the cases by code with what
-# users get and with the program that clang builds, and the tests on Windows under Wine.
+# The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, the cases by
+# code with what users get, and the tests on Windows under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -33,19 +33,11 @@ cmake --preset asan -Wno-dev >/dev/null
 cmake --build --preset asan
 tools/ctest_lauf.sh build/asan
 
-# cases BUILD: the cases by code with the program of a build that has no other tests.
-faelle() {
-    cmake --preset "$1" -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
-    cmake --build --preset "$1" --target zepholt zepholt_fenster_qt
-    tools/ctest_lauf.sh "build/$1" -R '^codes/'
-}
-
-stufe "The main job, and the cases with the release build"
+stufe "The main job, and the cases by code with what users get"
 ./run.sh >/dev/null
-faelle release
-
-stufe "The cases with the program that clang builds"
-faelle clang
+cmake --preset release -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
+cmake --build --preset release --target zepholt zepholt_fenster_qt
+tools/ctest_lauf.sh build/release -R '^codes/'
 
 stufe "The Windows program and its tests under Wine"
 tools/windows_pruefen.sh

@@ -248,8 +248,6 @@ private:
 struct Merkmal {
     std::uint64_t Streuwert; // of the key
     std::uint32_t Zeile;
-
-    auto operator<=>(const Merkmal&) const = default;
 };
 
 // The lowest key that stands twice among these lines, or that of `kleinster`, if it is lower. Sorted by hash value,
@@ -266,7 +264,7 @@ std::optional<Schluessel> KleinsterDoppelter(const Zeilenliste& zeilen, const St
                 {Streuwert(TextSicht(schluessel.data(), schluessel.size())), static_cast<std::uint32_t>(i)});
         }
     }
-    std::ranges::sort(merkmale);
+    std::ranges::sort(merkmale, {}, [](const Merkmal& m) { return std::pair(m.Streuwert, m.Zeile); });
     for (std::size_t i = 1; i < merkmale.size(); ++i) {
         if (merkmale[i].Streuwert == merkmale[i - 1].Streuwert) {
             const Schluessel schluessel = SchluesselVon(zeilen[merkmale[i].Zeile]);

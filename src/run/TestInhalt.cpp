@@ -8,9 +8,7 @@
 #include "window/DialogDeFrIt.h"
 #include "window/Fortschritt.h"
 
-#include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace zepholt {
 
@@ -27,15 +25,25 @@ struct Abschnitt {
     std::int32_t Bis = 0;
 };
 
-// The order of the lines keeps a letter together, and the letters ascend. The first and the last line are A and Z.
+// The first line between A and Z that does not begin below `buchstabe`. The order of the lines keeps a letter together,
+// and the letters ascend.
+std::int32_t ErsteAb(char16_t buchstabe) {
+    std::int32_t von = 1;
+    std::int32_t bis = testDaten.ZeilenAnzahl - 1;
+    while (von < bis) {
+        const std::int32_t mitte = von + (bis - von) / 2;
+        const Feldsicht zeile = ZeileAn(mitte);
+        if (zeile.empty() || zeile.front() < buchstabe) {
+            von = mitte + 1;
+        } else {
+            bis = mitte;
+        }
+    }
+    return von;
+}
+
 Abschnitt AbschnittVon(char16_t buchstabe) {
-    const auto erste = std::views::iota(1, testDaten.ZeilenAnzahl - 1);
-    const auto bereich = std::ranges::equal_range(erste, buchstabe, {}, [](std::int32_t i) {
-        const Feldsicht zeile = ZeileAn(i);
-        return zeile.empty() ? u'\0' : zeile.front();
-    });
-    return {1 + static_cast<std::int32_t>(bereich.begin() - erste.begin()),
-            1 + static_cast<std::int32_t>(bereich.end() - erste.begin())};
+    return {ErsteAb(buchstabe), ErsteAb(static_cast<char16_t>(buchstabe + 1))};
 }
 
 // The tests of a pass, by the digit in column 42 that chooses them; none for a digit that is passed over.

@@ -246,17 +246,17 @@ TEST_F(FensterQtTest, EnterAndEscapeInTheQuestionAreNo) {
 
 TEST_F(FensterQtTest, EscapeAndTheCloseBoxAskAndTheWindowStays) {
     Oeffne(1);
-    QTimer::singleShot(0, [this] { QTest::keyClick(Haupt(), Qt::Key_Escape); });
+    QTimer::singleShot(0, [] { QTest::keyClick(Haupt(), Qt::Key_Escape); });
     EXPECT_TRUE(FragenLassen([] { Klicke(Antwort(*Box(), u"Nein")); }));
     EXPECT_NE(Haupt(), nullptr);
     EXPECT_FALSE(testDaten.Abbruch);
 
-    QTimer::singleShot(0, [this] { Haupt()->close(); });
+    QTimer::singleShot(0, [] { Haupt()->close(); });
     EXPECT_TRUE(FragenLassen([] { Klicke(Antwort(*Box(), u"Nein")); }));
     EXPECT_NE(Haupt(), nullptr);
     EXPECT_FALSE(testDaten.Abbruch);
 
-    QTimer::singleShot(0, [this] { Haupt()->close(); });
+    QTimer::singleShot(0, [] { Haupt()->close(); });
     EXPECT_TRUE(FragenLassen([] { Klicke(Antwort(*Box(), u"Ja")); }));
     m_fenster->Ereignisse();
     EXPECT_NE(Haupt(), nullptr) << "the run closes its window itself";
@@ -294,7 +294,7 @@ TEST_F(FensterQtTest, EnterPressesTheButtonWithTheFocus) {
     EXPECT_EQ(Offen("frmInfo"), nullptr);
 
     Kind<QPushButton>(Haupt(), "cmdAbbrechen")->setFocus();
-    QTimer::singleShot(0, [this] { QTest::keyClick(Kind<QPushButton>(Haupt(), "cmdAbbrechen"), Qt::Key_Return); });
+    QTimer::singleShot(0, [] { QTest::keyClick(Kind<QPushButton>(Haupt(), "cmdAbbrechen"), Qt::Key_Return); });
     EXPECT_TRUE(FragenLassen([] { QTest::keyClick(Box(), Qt::Key_Return); }));
     EXPECT_FALSE(testDaten.Abbruch);
 }
