@@ -1,7 +1,7 @@
 // The text types of the program and its one exception.
 //
-// One column of a record is one 16-bit unit, everywhere in the core. Bytes and UTF-8 exist only at the edges: paths,
-// the command line, the exchange file's bytes, the output file.
+// A text of the program's own has 16-bit units; columns of the exchange file are views of their own, see Feldsicht.h.
+// UTF-8 exists only at the edges: paths, the command line, the output file.
 #pragma once
 
 #include <cstdint>
