@@ -1,7 +1,8 @@
 // The one door to the platform: files, folders, the clock, the command line, standard error.
 //
-// One header, one source per platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake, and OS_API.cpp with what
-// needs no platform.
+// One header, the sources of each platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake, and OS_API.cpp with
+// what needs no platform. Files and folders are in sources of their own (Dateien_, AusgabeDatei_): a program that
+// brings these functions itself has a disk of its own, as the fuzzers have one in memory.
 //
 // Paths are Text. On Linux a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so
 // that every name opens and comes back as it was; on Windows a path is the platform's own text and may be longer than
