@@ -7,7 +7,7 @@ namespace zepholt {
 
 namespace {
 
-constexpr std::size_t PufferGroesse = std::size_t{1} << 20U;
+constexpr std::size_t PufferGroesse = std::size_t{1} << 16U;
 
 } // namespace
 
