@@ -17,7 +17,7 @@ export ASAN_OPTIONS=malloc_context_size=2:quarantine_size_mb=8:detect_leaks=0
 
 ziel() {
     mkdir -p "$korpus/$1" "$korpus/funde"
-    "$bau/fuzz_$1" -max_total_time="$je" -max_len=8192 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -verbosity=1 \
+    "$bau/fuzz_$1" -max_total_time="$je" -max_len=8192 -timeout=10 -rss_limit_mb=2048 -print_final_stats=1 -entropic=0 -detect_leaks=0 \
         -dict="$hier/woerter/$1.dict" -artifact_prefix="$korpus/funde/$1-" "$korpus/$1" "$bau/saat/$1" \
         >"$korpus/$1.log" 2>&1
 }
