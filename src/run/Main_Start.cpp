@@ -13,6 +13,7 @@
 #include "window/Laufzeittexte.h"
 #include "window/Textanzeige.h"
 
+#include <cstdlib>
 #include <exception>
 #include <new>
 
@@ -114,6 +115,15 @@ int SpeicherBewacht(Lauf lauf) {
     }
 }
 
+// What the runtime calls where memory is so short that not even an exception can be made.
+[[noreturn]] void OhneAusnahmeEnden() {
+    if (std::current_exception() == nullptr) {
+        MeldungAusgeben(SpeicherMeldung());
+        std::_Exit(1);
+    }
+    std::abort();
+}
+
 } // namespace
 
 std::vector<Text> KommandozeileZerlegen(TextSicht kommandozeile) {
@@ -161,6 +171,7 @@ int Main(TextSicht kommandozeile) {
 
 int Programm(int anzahl, char** argumente) {
     ProzessVorbereiten();
+    std::set_terminate(&OhneAusnahmeEnden);
     return SpeicherBewacht([&] { return LaufAusfuehren(Kommandozeile(anzahl, argumente)); });
 }
 

@@ -1,16 +1,16 @@
 #!/usr/bin/env python3
 """Runs of the real program that are ended or disturbed from outside, and what they leave.
 
-    tests/fehler/unterbrechung.py PROGRAM [TIMES]
+    tests/fehler/unterbrechung.py PROGRAM [TIMES [LIBRARY]]
 
-Ended at random moments by SIGKILL and SIGTERM, TIMES times each (50): a whole protocol or none, nothing beside it. Two runs
+Ended at random moments by SIGKILL and SIGTERM, TIMES times each (50): a whole protocol or none, nothing beside it; by
+SIGTERM also where the file system knows no files without a name, for which LIBRARY is the one of stoerung.cpp. Two runs
 with the same errorfile= at once: one whole protocol. A closed pipe behind standard error, a limit of the file size, short
 memory: the run ends as defined.
 """
 
 import os
 import random
-import re
 import resource
 import signal
 import subprocess
@@ -18,9 +18,12 @@ import sys
 import tempfile
 import time
 
+from dateien import dokument, ohne_uhr
+
 PROGRAMM = os.path.realpath(sys.argv[1])
 MAL = int(sys.argv[2]) if len(sys.argv) > 2 else 50
 ZUFALL = random.Random(451)
+OHNE_NAMENLOS = {"LD_PRELOAD": os.path.realpath(sys.argv[3]), "ZEPHOLT_OHNE_NAMENLOS": "1"} if len(sys.argv) > 3 else None
 schlecht = 0
 
 
@@ -29,27 +32,6 @@ def pruefe(gut, was):
     if not gut:
         schlecht += 1
         print("FAILED:", was)
-
-
-def satz(art, felder):
-    zeile = [" "] * 256
-    zeile[0] = art[0]
-    if len(art) > 1:
-        zeile[41] = art[1]
-    for spalte, wert in felder.items():
-        zeile[spalte - 1 : spalte - 1 + len(wert)] = wert
-    return "".join(zeile).rstrip()
-
-
-def dokument(positionen):
-    """A document whose positions each give findings."""
-    kopf = {2: "211126", 8: "451-92", 14: "11", 30: "Bauherr", 42: "1", 44: "AA", 63: "000000000001", 82: "P-1"}
-    kopf |= {93: "Schulhaus", 123: "D-1", 138: "Baumeister", 168: "Muster AG", 188: "Bern", 208: "Ausmass"}
-    saetze = [satz("A", kopf), satz("G1", {2: "111", 6: "19", 93: "Kapitel"})]
-    saetze += [satz("G2", {2: "111", 8: f"{100001 + i:06}", 43: "?", 93: "Position"}) for i in range(positionen)]
-    schluss = {2: "211126", 18: "Ersteller", 46: f"{len(saetze) + 1:013}", 62: "-", 63: "000000000001"}
-    saetze.append(satz("Z", schluss | {138: "Baumeister", 168: "Muster AG", 188: "Bern"}))
-    return "".join(zeile + "\r\n" for zeile in saetze)
 
 
 class Ordner:
@@ -83,7 +65,7 @@ class Ordner:
             with open(pfad, "rb") as datei:
                 inhalt = datei.read()
             os.unlink(pfad)
-        return re.sub(rb"<Date>.*?</Time>", b"", inhalt)
+        return ohne_uhr(inhalt)
 
     def ganz_oder_nichts(self, was):
         protokoll = self.protokoll()
@@ -91,15 +73,15 @@ class Ordner:
         return protokoll != b""
 
 
-def getoetet(ordner, signalnummer):
+def getoetet(ordner, signalnummer, wo="", **weitere):
     fertig = 0
     for _ in range(MAL):
-        lauf = ordner.starte()
+        lauf = ordner.starte(**weitere)
         time.sleep(ZUFALL.uniform(0, 1.2 * ordner.dauer))
         lauf.send_signal(signalnummer)
         lauf.wait()
         fertig += ordner.ganz_oder_nichts(signal.Signals(signalnummer).name)
-    print(f"{MAL} runs ended by {signal.Signals(signalnummer).name}: {fertig} had written their protocol")
+    print(f"{MAL} runs ended by {signal.Signals(signalnummer).name}{wo}: {fertig} had written their protocol")
 
 
 def zu_zweit(ordner):
@@ -162,6 +144,8 @@ def main():
         ordner = Ordner(os.path.join(ort, "gross"), 2000)
         getoetet(ordner, signal.SIGKILL)
         getoetet(ordner, signal.SIGTERM)
+        if OHNE_NAMENLOS:
+            getoetet(ordner, signal.SIGTERM, ", no files without a name", env=OHNE_NAMENLOS)
         begrenzte_dateigroesse(ordner)
         wenig_speicher(ordner)
         ordner = Ordner(os.path.join(ort, "klein"), 20)
