@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 """Every call of the system fails once, in turn, and then from there on; and the disk changes before every call.
 
-    tests/fehler/stoerung.py PROGRAM LIBRARY [STEP]
+    tests/fehler/stoerung.py PROGRAM LIBRARY
 
 LIBRARY is the one of stoerung.cpp. For each kind of call the 1st, 2nd, 3rd ... of a run fails, until a run has no more of
 them; so on both kinds of file with both kinds of catalogue, and on the lists. Whatever fails, the output file is whole or
-absent, nothing lies beside it, and the outcome is a defined one. Of the failing allocations only each STEP-th is tried (5);
-with STEP 1 all are.
+absent, nothing lies beside it, and the outcome is a defined one.
 """
 
 import errno
@@ -19,7 +18,6 @@ from concurrent.futures import ThreadPoolExecutor
 from dateien import kapiteldatei, ohne_uhr, zwei_kapitel
 
 PROGRAMM, BIBLIOTHEK = (os.path.realpath(pfad) for pfad in sys.argv[1:3])
-SCHRITT = int(sys.argv[3]) if len(sys.argv) > 3 else 5
 FRIST = 20  # seconds until a run counts as hanging
 schlecht = []
 
@@ -142,7 +140,7 @@ def fehler_fuer(ruf):
     return werte + (["kurz"] if ruf in ("pread", "write") else [])
 
 
-def pruefe_rufe(fall, soll, rufe, schritt):
+def pruefe_rufe(fall, soll, rufe):
     """All disturbances of some kinds of call in one case; returns how many calls of each a run has."""
     anzahlen = {}
     for ruf in rufe:
@@ -161,8 +159,8 @@ def pruefe_rufe(fall, soll, rufe, schritt):
                     fehler = urteil(fall, soll, ruf, was, ergebnis)
                     if fehler:
                         schlecht.append(f"{fall.name}: {stoerung}: {fehler}: {ergebnis}")
-                    nummer += schritt
-                anzahlen[ruf] = max(anzahlen.get(ruf, 0), nummer - schritt)
+                    nummer += 1
+                anzahlen[ruf] = max(anzahlen.get(ruf, 0), nummer - 1)
     return anzahlen
 
 
@@ -194,15 +192,15 @@ def pruefe_taten(fall):
 
 
 def aufgabe(arbeit):
-    fall, rufe, schritt = arbeit
+    fall, rufe = arbeit
     with tempfile.TemporaryDirectory() as ort:
         soll = ausgaben(fall)
         fall.lege(ort)
         if not soll["ganz"].endswith((b"</SIA451>", b"</ZEPHOLT>")):
             schlecht.append(f"{fall.name}: an undisturbed run writes no output")
             return fall, {}
-        anzahlen = pruefe_rufe(fall, soll, rufe, schritt)
-        if schritt == 1 and not fall.liste:
+        anzahlen = pruefe_rufe(fall, soll, rufe)
+        if rufe is RUFE and not fall.liste:
             pruefe_taten(fall)
         return fall, anzahlen
 
@@ -216,8 +214,8 @@ def main():
         ("list of codes", "*9", "k"),
         ("01S, no files without a name", "a.01S", "k", False),
     ]
-    arbeiten = [(Fall(*fall), ["malloc"], SCHRITT) for fall in faelle]
-    arbeiten += [(Fall(*fall), RUFE, 1) for fall in faelle]
+    arbeiten = [(Fall(*fall), ["malloc"]) for fall in faelle]
+    arbeiten += [(Fall(*fall), RUFE) for fall in faelle]
     laeufe = 0
     with ThreadPoolExecutor(os.cpu_count()) as arbeiter:
         for fall, anzahlen in arbeiter.map(aufgabe, arbeiten):
