@@ -13,12 +13,12 @@ def satz(art, felder):
     return "".join(zeile).rstrip()
 
 
-def rahmen(saetze, neu=False):
-    """The records between the head and the end of a document, as a file."""
+def rahmen(saetze, neu=False, anzahl=None):
+    """The records between the head and the end of a document, as a file. The end counts `anzahl` records, or its own."""
     kopf = {2: "211126", 8: "QVMX17" if neu else "451-92", 14: "21" if neu else "11", 30: "Bauherr", 42: "1", 44: "AA"}
     kopf |= {63: "000000000001", 82: "P-1", 93: "Schulhaus", 123: "D-1", 138: "Baumeister", 168: "Muster AG"}
     kopf |= {188: "Bern", 208: "Ausmass"}
-    schluss = {2: "211126", 18: "Ersteller", 46: f"{len(saetze) + 2:013}", 62: "-", 63: "000000000001"}
+    schluss = {2: "211126", 18: "Ersteller", 46: f"{anzahl or len(saetze) + 2:013}", 62: "-", 63: "000000000001"}
     schluss |= {138: "Baumeister", 168: "Muster AG", 188: "Bern"}
     return "".join(zeile + "\r\n" for zeile in [satz("A", kopf), *saetze, satz("Z", schluss)])
 
