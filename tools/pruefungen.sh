@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, the cases by
-# code with what users get, and the tests on Windows under Wine.
+# The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
+# cases by code with what users get and its limits, and the tests on Windows under Wine.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -24,7 +24,7 @@ tools/raeume_zeichnen.py --pruefen
 # Reserved names are told by clang itself when it builds; here they would cost a fifth of the time.
 stufe "clang-tidy"
 [ -f build/debug/compile_commands.json ] || cmake --preset debug -Wno-dev >/dev/null
-git ls-files 'src/*.cpp' 'tools/*.cpp' | grep -vE '_windows|windows/|win32|qt' |
+git ls-files 'src/*.cpp' 'tools/*.cpp' 'fuzz/*.cpp' | grep -vE '_windows|windows/|win32|qt' |
     xargs -r -P "$(nproc)" -n 2 clang-tidy -p build/debug --quiet --checks=-bugprone-reserved-identifier \
         --extra-arg=-Wno-unknown-warning-option 2>/dev/null
 
@@ -33,14 +33,26 @@ cmake --preset asan -Wno-dev >/dev/null
 cmake --build --preset asan
 tools/ctest_lauf.sh build/asan
 
+stufe "Fuzzing, a minute for all targets"
+cmake --preset fuzz -Wno-dev >/dev/null
+cmake --build --preset fuzz
+korpus=$(mktemp -d)
+fuzz/lauf.sh 60 "$korpus"
+rm -r "$korpus"
+
 stufe "The main job, and the cases by code with what users get"
 ./run.sh >/dev/null
 cmake --preset release -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
 cmake --build --preset release --target zepholt zepholt_fenster_qt
 tools/ctest_lauf.sh build/release -R '^codes/'
 
+stufe "What users get: hardened, and within its limits"
+tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
+tests/fehler/grenzen.py build/release/zepholt 100
+
 stufe "The Windows program and its tests under Wine"
 tools/windows_pruefen.sh
+tools/haertung_pruefen.sh build/windows/zepholt.exe
 
 stufe "The windows of the Windows program, by clicks and keys"
 tests/fenster/wine_fenster.sh
