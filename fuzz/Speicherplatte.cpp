@@ -73,12 +73,12 @@ LeseDatei::LeseDatei(const Text& pfad) {
 
 LeseDatei::~LeseDatei() = default;
 
-Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
+std::size_t LeseDatei::Lies(std::uint64_t stelle, std::span<unsigned char> ziel) {
     const ByteSicht inhalt = speicherplatte.Dateien[static_cast<std::size_t>(m_griff)].second;
     const ByteSicht stueck = inhalt.subspan(std::min<std::size_t>(stelle, inhalt.size()));
-    Bytes bytes(std::min(anzahl, stueck.size()));
-    std::ranges::copy(stueck.first(bytes.size()), bytes.data());
-    return bytes;
+    const std::size_t anzahl = std::min(ziel.size(), stueck.size());
+    std::ranges::copy(stueck.first(anzahl), ziel.begin());
+    return anzahl;
 }
 
 struct AusgabeDatei::Platz {

@@ -26,7 +26,7 @@ constexpr std::size_t HoechstensZeilen = 40; // that are worth a plain way
 std::vector<Text> Zeilentexte() {
     std::vector<Text> texte;
     for (std::size_t i = 0; i < testDaten.Zeilen.size(); ++i) {
-        texte.emplace_back(testDaten.Zeilen[i]);
+        texte.push_back(testDaten.Zeilen[i]);
     }
     return texte;
 }
@@ -47,10 +47,9 @@ Text AusUtf8(std::string_view bytes) {
 Text AusOem(std::string_view bytes) {
     bytes = bytes.substr(0, bytes.find('\0'));
     Text text(bytes.size(), u'\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        OemNachAnsi({&byte, 1}, &text[i]);
-    }
+    std::ranges::transform(bytes, text.begin(), [seite = Codeseite850()](char byte) {
+        return seite.Zeichen[static_cast<unsigned char>(byte)];
+    });
     return text;
 }
 
@@ -68,6 +67,23 @@ void PruefeDekodierung(const std::vector<Text>& zeilen) {
         rest.remove_prefix(ende + 2);
     }
     Verlange(rest.empty(), "every line is read");
+}
+
+// --- Columns ---------------------------------------------------------------------------------------------------------
+
+bool Gleich(const Spaltenarten& a, const Spaltenarten& b) {
+    return a.Gefuellt.Worte == b.Gefuellt.Worte && a.Ziffern.Worte == b.Ziffern.Worte &&
+           a.Besonderes.Worte == b.Besonderes.Worte;
+}
+
+// The kinds of a line's columns, found many at a time and one by one, a byte and 16 bits a column.
+void PruefeSpaltenmengen(const std::vector<Text>& zeilen) {
+    for (std::size_t i = 0; i < zeilen.size(); ++i) {
+        Spaltenarten einzeln;
+        SpaltenEinzelnEinteilen(testDaten.Zeilen[i], einzeln);
+        Verlange(Gleich(Satz(testDaten.Zeilen[i]).Arten(), einzeln), "the kinds of columns");
+        Verlange(Gleich(Satz(zeilen[i]).Arten(), einzeln), "the same in 16 bits");
+    }
 }
 
 // --- Keys and order --------------------------------------------------------------------------------------------------
@@ -135,6 +151,7 @@ void PruefeZeilen() {
     }
     const std::vector<Text> zeilen = Zeilentexte();
     PruefeDekodierung(zeilen);
+    PruefeSpaltenmengen(zeilen);
     const Reihenfolge reihenfolge = ReihenfolgeErmitteln(testDaten.Zeilen);
     PruefeReihenfolge(zeilen, reihenfolge);
     PruefeDoppelte(zeilen, DoppelterSchluessel(testDaten.Zeilen, reihenfolge));
