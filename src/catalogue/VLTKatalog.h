@@ -8,8 +8,8 @@
 #include "support/OS_API.h"
 #include "support/Text.h"
 
+#include <map>
 #include <string>
-#include <unordered_map>
 
 namespace zepholt {
 
@@ -21,9 +21,9 @@ struct KatalogInhalt {
         std::size_t Laenge = 0;   // bytes, head included
     };
 
-    Text Pfad;                                      // of the file that was walked
-    std::uint64_t Groesse = 0;                      // and its size then, in bytes
-    std::unordered_map<std::string, Platz> Plaetze; // by columns 5 to 12 of the head; the first of a key counts
+    Text Pfad;                            // of the file that was walked
+    std::uint64_t Groesse = 0;            // and its size then, in bytes
+    std::map<std::string, Platz> Plaetze; // by columns 5 to 12 of the head; the first of a key counts
 };
 
 struct KatalogDaten {
