@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the seeds of the fuzz targets from their descriptions: saat.sh FOLDER SATZSCHREIBER KAPITELSCHREIBER
-# Both programs may have an emulator in front. FOLDER gets a folder for each target. The descriptions of the samples are
+# FOLDER gets a folder for each target. The descriptions of the samples are
 # cut into small files: each block of records between the head and the end.
 set -euo pipefail
 ziel=$1
