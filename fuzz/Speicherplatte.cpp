@@ -71,7 +71,9 @@ LeseDatei::LeseDatei(const Text& pfad) {
     m_groesse = datei->second.size();
 }
 
-LeseDatei::~LeseDatei() = default;
+LeseDatei::~LeseDatei() {
+    m_griff = -1;
+}
 
 std::size_t LeseDatei::Lies(std::uint64_t stelle, std::span<unsigned char> ziel) {
     const ByteSicht inhalt = speicherplatte.Dateien[static_cast<std::size_t>(m_griff)].second;
