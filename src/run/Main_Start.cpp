@@ -115,13 +115,32 @@ int SpeicherBewacht(Lauf lauf) {
     }
 }
 
-// What the runtime calls where memory is so short that not even an exception can be made.
-[[noreturn]] void OhneAusnahmeEnden() {
-    if (std::current_exception() == nullptr) {
-        MeldungAusgeben(SpeicherMeldung());
-        std::_Exit(1);
+bool IstSpeicherfehler(const std::exception_ptr& fehler) {
+    if (fehler == nullptr) { // not even the exception could be made
+        return true;
     }
-    std::abort();
+    try {
+        std::rethrow_exception(fehler);
+    } catch (const std::bad_alloc&) {
+        return true;
+    } catch (...) {
+        return false;
+    }
+}
+
+// What the runtime calls for an exception that nobody catches: memory so short that none can be made, or that the
+// shared state finds no room before the program begins.
+[[noreturn]] void UngefangenEnden() {
+    if (!IstSpeicherfehler(std::current_exception())) {
+        std::abort();
+    }
+    MeldungAusgeben(SpeicherMeldung());
+    std::_Exit(1);
+}
+
+// Before any state is made.
+[[gnu::constructor(101)]] void UngefangenesVorbereiten() {
+    std::set_terminate(&UngefangenEnden);
 }
 
 } // namespace
@@ -171,7 +190,6 @@ int Main(TextSicht kommandozeile) {
 
 int Programm(int anzahl, char** argumente) {
     ProzessVorbereiten();
-    std::set_terminate(&OhneAusnahmeEnden);
     return SpeicherBewacht([&] { return LaufAusfuehren(Kommandozeile(anzahl, argumente)); });
 }
 
