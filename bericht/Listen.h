@@ -1,0 +1,36 @@
+// The findings as rows: for a terminal, for a spreadsheet, for programs.
+#pragma once
+
+#include "bericht/Ausgabe.h"
+#include "bericht/Austauschdatei.h"
+#include "bericht/Protokolldatei.h"
+
+namespace zepholt::bericht {
+
+// One line per finding, under a line with project, document and counts.
+void TabelleSchreiben(const Protokoll& protokoll, Sprache sprache, Ausgabe& ausgabe);
+
+// One row per finding for a spreadsheet: UTF-8 with a mark, semicolons, CR LF, and no cell that it would take for a
+// formula. `datei` may be missing: field names then come from the reference alone.
+void CsvSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe);
+
+// One JSON object per finding and line.
+void JsonlSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe);
+
+// SARIF 2.1.0, as code review tools read it. `dateiname` is how it calls the exchange file.
+void SarifSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe);
+
+// What a code means: severity, field, message.
+void CodeSchreiben(std::int32_t code, Sprache sprache, Ausgabe& ausgabe);
+
+// docs/felder.md: every field with its columns and its names in three languages.
+void FelderSchreiben(Ausgabe& ausgabe);
+
+// The message of a finding: that of the table in the language, or for an unknown code what the protocol says.
+std::string Befundtext(const Protokoll& protokoll, const Befund& befund, Sprache sprache);
+
+// The field of a finding; with the file, as its record has it.
+struct Feldangabe;
+Feldangabe FeldangabeZu(const Protokoll& protokoll, const Befund& befund, const Austauschdatei* datei, Sprache sprache);
+
+} // namespace zepholt::bericht
