@@ -133,7 +133,10 @@ std::string Ortskuerzel(const Feldort& ort) {
     }
     std::string kuerzel;
     for (const std::size_t feld : ort.Felder) {
-        kuerzel += (kuerzel.empty() ? "" : ",") + std::to_string(feld);
+        if (!kuerzel.empty()) {
+            kuerzel.push_back(',');
+        }
+        kuerzel.append(std::to_string(feld));
     }
     return kuerzel;
 }

@@ -91,13 +91,16 @@ std::string Befundtext(const Protokoll& protokoll, const Befund& befund, Sprache
                                       : protokoll.Worte.Wort(befund.Text);
 }
 
-Feldangabe FeldangabeZu(const Protokoll& protokoll, const Befund& befund, const Austauschdatei* datei,
-                        Sprache sprache) {
-    std::span<const RecordLayout> layouts;
-    if (datei != nullptr && befund.Zeile > 0 && befund.Zeile <= datei->Zeilenzahl()) {
-        layouts = LayoutsVon(datei->Zeile(befund.Zeile));
+const Feldangabe& Feldangaben::Zu(const Befund& befund) {
+    std::string typ;
+    if (m_datei != nullptr && befund.Zeile > 0 && befund.Zeile <= m_datei->Zeilenzahl()) {
+        typ = Recordtyp(m_datei->Zeile(befund.Zeile, 42));
     }
-    return FeldangabeVon(protokoll.Worte.Wort(befund.Feld), layouts, sprache);
+    const auto [fund, neu] = m_bekannte.try_emplace({typ, befund.Feld});
+    if (neu) {
+        fund->second = FeldangabeVon(m_protokoll.Worte.Wort(befund.Feld), LayoutsDesTyps(typ), m_sprache);
+    }
+    return fund->second;
 }
 
 void TabelleSchreiben(const Protokoll& protokoll, Sprache sprache, Ausgabe& ausgabe) {
@@ -118,6 +121,7 @@ void TabelleSchreiben(const Protokoll& protokoll, Sprache sprache, Ausgabe& ausg
 }
 
 void CsvSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe) {
+    Feldangaben felder(protokoll, datei, sprache);
     ausgabe.Schreiben("\xEF\xBB\xBF");
     std::string kopf;
     for (const DreiTexte& spalte : Spalten) {
@@ -127,7 +131,7 @@ void CsvSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprac
     const std::string vorne = Zelle(Titel(protokoll.ProjektNummer, protokoll.Projekt)) + ';' +
                               Zelle(Titel(protokoll.DokumentNummer, protokoll.Dokument)) + ';';
     for (const Befund& befund : protokoll.Befunde) {
-        const Feldangabe feld = FeldangabeZu(protokoll, befund, datei, sprache);
+        const Feldangabe& feld = felder.Zu(befund);
         std::string zeile = vorne + Zelle(protokoll.Worte.Wort(befund.Position)) + ';' + ZeilenText(befund.Zeile) + ';';
         zeile += Zelle(protokoll.Worte.Wort(befund.Feld)) + ';' + Zelle(feld.Name) + ';' + ZeilenText(feld.Von) + ';';
         zeile += std::to_string(befund.Code) + (befund.IstWarnung ? ";B;" : ";A;");
@@ -136,10 +140,11 @@ void CsvSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprac
 }
 
 void JsonlSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe) {
+    Feldangaben felder(protokoll, datei, sprache);
     const std::string vorne = "{\"project\":" + JsonText(Titel(protokoll.ProjektNummer, protokoll.Projekt)) +
                               ",\"document\":" + JsonText(Titel(protokoll.DokumentNummer, protokoll.Dokument));
     for (const Befund& befund : protokoll.Befunde) {
-        const Feldangabe feld = FeldangabeZu(protokoll, befund, datei, sprache);
+        const Feldangabe& feld = felder.Zu(befund);
         const auto zahl = [](std::int32_t wert) { return wert > 0 ? std::to_string(wert) : std::string("null"); };
         const auto text = [](const std::string& wert) { return wert.empty() ? std::string("null") : JsonText(wert); };
         std::string zeile = vorne + ",\"position\":" + text(protokoll.Worte.Wort(befund.Position));

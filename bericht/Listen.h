@@ -3,7 +3,10 @@
 
 #include "bericht/Ausgabe.h"
 #include "bericht/Austauschdatei.h"
+#include "bericht/Feldangabe.h"
 #include "bericht/Protokolldatei.h"
+
+#include <map>
 
 namespace zepholt::bericht {
 
@@ -29,8 +32,19 @@ void FelderSchreiben(Ausgabe& ausgabe);
 // The message of a finding: that of the table in the language, or for an unknown code what the protocol says.
 std::string Befundtext(const Protokoll& protokoll, const Befund& befund, Sprache sprache);
 
-// The field of a finding; with the file, as its record has it.
-struct Feldangabe;
-Feldangabe FeldangabeZu(const Protokoll& protokoll, const Befund& befund, const Austauschdatei* datei, Sprache sprache);
+// What the findings' fields are called; with the file, as each finding's record has them.
+class Feldangaben {
+public:
+    Feldangaben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache)
+        : m_protokoll(protokoll), m_datei(datei), m_sprache(sprache) {}
+
+    const Feldangabe& Zu(const Befund& befund);
+
+private:
+    const Protokoll& m_protokoll;
+    const Austauschdatei* m_datei;
+    Sprache m_sprache;
+    std::map<std::pair<std::string, std::uint32_t>, Feldangabe> m_bekannte; // by record type and reference
+};
 
 } // namespace zepholt::bericht

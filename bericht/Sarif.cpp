@@ -92,9 +92,10 @@ void SarifSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Spr
                       "}}],\"properties\":{\"project\":" + JsonText(protokoll.Projekt) + ",\"projectId\":" +
                       JsonText(protokoll.ProjektNummer) + ",\"document\":" + JsonText(protokoll.Dokument) +
                       ",\"documentId\":" + JsonText(protokoll.DokumentNummer) + "},\"results\":[");
+    Feldangaben felder(protokoll, datei, sprache);
     bool erstes = true;
     for (const Befund& befund : protokoll.Befunde) {
-        const Feldangabe feld = FeldangabeZu(protokoll, befund, datei, sprache);
+        const Feldangabe& feld = felder.Zu(befund);
         ausgabe.Schreiben((erstes ? "\n" : ",\n") +
                           Ergebnis(protokoll, befund, regeln.at(befund.Code), feld, uri, sprache));
         erstes = false;

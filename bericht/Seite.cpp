@@ -10,6 +10,9 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
+#include <map>
+#include <numeric>
+#include <tuple>
 
 namespace zepholt::bericht {
 
@@ -64,6 +67,8 @@ private:
         return Html(Befundtext(m_inhalt.Aus, m_inhalt.Aus.Befunde[code.Erster], m_sprache));
     }
 
+    std::string AlleZahl() const { return Zahl(static_cast<std::int64_t>(m_inhalt.Aufbau.Folge.size())); }
+
     // The findings of the plain part: the first one of each code, then in the order of the page as many as fit.
     void Auswaehlen() {
         const std::size_t anzahl = m_inhalt.Aufbau.Folge.size();
@@ -72,7 +77,7 @@ private:
         const auto waehlen = [&](std::int64_t hoechstens) {
             std::fill(jeCode.begin(), jeCode.end(), 0);
             for (std::uint32_t stelle = 0; stelle < anzahl; ++stelle) {
-                const std::uint32_t code = m_inhalt.CodeNummer(m_inhalt.BefundAn(stelle));
+                const std::uint32_t code = m_inhalt.CodeAn(stelle);
                 if (++jeCode[code] <= hoechstens && !m_gewaehlt[stelle] && m_anzahlGewaehlt < HoechstensZusammen) {
                     m_gewaehlt[stelle] = true;
                     ++m_anzahlGewaehlt;
@@ -195,8 +200,8 @@ private:
     std::string Schalter(std::string_view id, std::string_view titel,
                          std::initializer_list<std::pair<std::string_view, std::string_view>> werte) const {
         const std::string name(id);
-        std::string schalter = "<div class=\"paar\"><span class=\"v\" id=\"" + name + "-titel\" data-t=\"" +
-                               std::string(titel) + "\">" + W(titel) + "</span><div class=\"wahl\" id=\"" + name +
+        std::string schalter = "<div class=\"paar\"><span id=\"" + name + "-titel\" data-t=\"" + std::string(titel) +
+                               "\">" + W(titel) + "</span><div class=\"wahl\" id=\"" + name +
                                "\" role=\"group\" aria-labelledby=\"" + name + "-titel\">";
         bool erster = true;
         for (const auto& [wert, text] : werte) {
@@ -229,7 +234,9 @@ private:
         leiste += "<label class=\"lang\">" + Wort("span", "suche") +
                   "<input id=\"text\" type=\"search\" autocomplete=\"off\"></label>\n";
         leiste += Schalter("ordnung", "ordnen", {{"p", "nachposition"}, {"c", "nachcode2"}}) + "</form>\n";
-        leiste += "<div class=\"stand\" id=\"stand\" data-skript hidden><p role=\"status\"></p><button type=\"button\" "
+        leiste += "<div class=\"stand\" id=\"stand\" data-skript hidden><p role=\"status\">" +
+                  W("treffer", {AlleZahl(), AlleZahl()}) +
+                  "</p><button type=\"button\" "
                   "class=\"knopf\" data-t=\"loeschen\" hidden>" +
                   W("loeschen") + "</button></div>\n";
         m_ausgabe.Schreiben(leiste);
@@ -368,25 +375,33 @@ private:
 
 Seiteninhalt::Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& datei, Sprache sprache)
     : Aus(protokoll), Datei(datei), Anfangssprache(sprache), Aufbau(GliederungVon(protokoll, datei)) {
+    std::map<std::tuple<std::int32_t, bool, std::uint32_t>, std::uint32_t> nummern;
     for (std::uint32_t i = 0; i < protokoll.Befunde.size(); ++i) {
         const Befund& befund = protokoll.Befunde[i];
-        const std::uint32_t text = FehlerBekannt(befund.Code) ? 0 : befund.Text;
-        const auto [fund, neu] = CodeNummern.emplace(std::tuple(befund.Code, befund.IstWarnung, text),
-                                                     static_cast<std::uint32_t>(Codes.size()));
+        const auto [fund, neu] = nummern.emplace(std::tuple(befund.Code, befund.IstWarnung, befund.Text),
+                                                 static_cast<std::uint32_t>(Codes.size()));
         if (neu) {
-            Codes.push_back({befund.Code, befund.IstWarnung, text, i, 0});
+            Codes.push_back({befund.Code, befund.IstWarnung, befund.Text, i, 0});
         }
         ++Codes[fund->second].Anzahl;
+        m_codes.push_back(fund->second);
     }
-    std::ranges::sort(Codes, {},
-                      [](const Seitencode& c) { return std::tuple(c.IstWarnung, -c.Anzahl, c.Code, c.Text); });
-    for (std::uint32_t i = 0; i < Codes.size(); ++i) {
-        CodeNummern[{Codes[i].Code, Codes[i].IstWarnung, Codes[i].Text}] = i;
+    std::vector<std::uint32_t> folge(Codes.size());
+    std::iota(folge.begin(), folge.end(), 0U);
+    std::ranges::sort(folge, {}, [&](std::uint32_t nummer) {
+        const Seitencode& c = Codes[nummer];
+        return std::tuple(c.IstWarnung, -c.Anzahl, c.Code, c.Text);
+    });
+    std::vector<Seitencode> geordnet;
+    std::vector<std::uint32_t> neueNummern(folge.size());
+    for (const std::uint32_t nummer : folge) {
+        neueNummern[nummer] = static_cast<std::uint32_t>(geordnet.size());
+        geordnet.push_back(Codes[nummer]);
     }
-}
-
-std::uint32_t Seiteninhalt::CodeNummer(const Befund& befund) const {
-    return CodeNummern.at({befund.Code, befund.IstWarnung, FehlerBekannt(befund.Code) ? 0 : befund.Text});
+    Codes = std::move(geordnet);
+    for (std::uint32_t& code : m_codes) {
+        code = neueNummern[code];
+    }
 }
 
 void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const std::string& katalog,

@@ -7,9 +7,7 @@
 #include "bericht/Gliederung.h"
 #include "bericht/Protokolldatei.h"
 
-#include <map>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace zepholt::bericht {
@@ -32,10 +30,14 @@ struct Seiteninhalt {
     Sprache Anfangssprache;
     Gliederung Aufbau;
     std::vector<Seitencode> Codes; // errors before warnings, frequent ones first
-    std::map<std::tuple<std::int32_t, bool, std::uint32_t>, std::uint32_t> CodeNummern;
 
     const Befund& BefundAn(std::uint32_t stelle) const { return Aus.Befunde[Aufbau.Folge[stelle]]; }
-    std::uint32_t CodeNummer(const Befund& befund) const;
+
+    // The number in Codes of the finding at that place.
+    std::uint32_t CodeAn(std::uint32_t stelle) const { return m_codes[Aufbau.Folge[stelle]]; }
+
+private:
+    std::vector<std::uint32_t> m_codes; // of each finding
 };
 
 // `katalog` is shown in the head when it is known.

@@ -145,7 +145,7 @@ private:
     void BefundeAnhaengen(std::uint32_t von, std::uint32_t bis, const std::string& typ) {
         for (std::uint32_t stelle = von; stelle < bis; ++stelle) {
             const Befund& befund = m_inhalt.BefundAn(stelle);
-            m_puffer += (stelle > von ? "," : "") + std::to_string(m_inhalt.CodeNummer(befund)) + "," +
+            m_puffer += (stelle > von ? "," : "") + std::to_string(m_inhalt.CodeAn(stelle)) + "," +
                         std::to_string(Feldnummer(befund.Feld, typ));
         }
     }
