@@ -24,6 +24,8 @@ constexpr DreiTexte EinFehler = {"Fehler", "erreur", "errore"};
 constexpr DreiTexte EineWarnung = {"Warnung", "avertissement", "avvertimento"};
 constexpr DreiTexte Zeile = {"Zeile", "Ligne", "Riga"};
 
+constexpr DreiTexte OhneZeile = {"ohne Zeile", "sans ligne", "senza riga"};
+
 constexpr std::array<DreiTexte, 10> Spalten = {{
     {"Projekt", "Projet", "Progetto"},
     {"Dokument", "Document", "Documento"},
@@ -112,7 +114,9 @@ void TabelleSchreiben(const Protokoll& protokoll, Sprache sprache, Ausgabe& ausg
     kopf += "   " + std::string(In(Warnungen, sprache)) + ": " + std::to_string(protokoll.Warnungen);
     ausgabe.Schreiben(kopf + "\n");
     for (const Befund& befund : protokoll.Befunde) {
-        std::string zeile = Gefuellt(std::string(In(Zeile, sprache)) + " " + ZeilenText(befund.Zeile), 12);
+        const std::string ort = befund.Zeile > 0 ? std::string(In(Zeile, sprache)) + " " + ZeilenText(befund.Zeile)
+                                                 : std::string(In(OhneZeile, sprache));
+        std::string zeile = Gefuellt(ort, 11);
         zeile += Gefuellt(Ungefaehrlich(protokoll.Worte.Wort(befund.Position)), 12);
         zeile += Gefuellt(Ungefaehrlich(protokoll.Worte.Wort(befund.Feld)), 11);
         zeile += std::to_string(befund.Code) + (befund.IstWarnung ? " B  " : " A  ");

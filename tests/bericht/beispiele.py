@@ -72,7 +72,7 @@ def main():
     schreiben(ordner / "gross.01S", gross(zeilen), "cp850")
     schreiben(ordner / "feindlich.E1S", feindlich(), "utf-8")
     zeilen = (wurzel / "samples/sauber.01S").read_bytes().split(b"\r\n")
-    zeilen[14], zeilen[15] = zeilen[15], zeilen[14]
+    zeilen.insert(1, zeilen.pop(-3))  # the last chapter's last record before the structures
     (ordner / "abgewiesen.01S").write_bytes(b"\r\n".join(zeilen))
 
 
