@@ -45,3 +45,6 @@ tools/windows_pruefen.sh
 stufe "The windows of the Windows program, by clicks and keys"
 tests/fenster/wine_fenster.sh
 stufe "All checks done"
+
+echo "== The pages of the report in Chromium"
+tests/bericht/seiten_pruefen.sh build/debug
