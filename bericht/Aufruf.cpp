@@ -2,6 +2,7 @@
 
 #include "bericht/Konsole.h"
 #include "bericht/Listen.h"
+#include "bericht/Pruefgang.h"
 #include "bericht/Seite.h"
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERL.h"
@@ -26,6 +27,7 @@ struct Auftrag {
     Text Katalog;
     Text Modus;
     bool ErstPruefen = false;
+    bool MitFenster = false;
 };
 
 // How a command is called: the least and the most that stands behind it, the exchange file counted.
@@ -46,6 +48,7 @@ constexpr Befehl Befehle[] = {
     {"verdict", 1, 1, "PROTOKOLL", true},
     {"code", 1, 1, "NNNN", false},
     {"fields", 0, 0, "", false},
+    {"test", 1, SIZE_MAX, "AUSTAUSCHDATEI", false},
 };
 
 Sprache SpracheAus(const std::string& kuerzel) {
@@ -74,16 +77,22 @@ public:
 
     Sonst Lesen(Auftrag& auftrag) {
         constexpr option Lange[] = {
-            {"output", required_argument, nullptr, 'o'}, {"language", required_argument, nullptr, 'l'},
-            {"test", no_argument, nullptr, 't'},         {"catalog", required_argument, nullptr, 'c'},
-            {"mode", required_argument, nullptr, 'm'},   {"help", no_argument, nullptr, 'h'},
-            {"version", no_argument, nullptr, 'V'},      {nullptr, 0, nullptr, 0},
+            {"output", required_argument, nullptr, 'o'},
+            {"language", required_argument, nullptr, 'l'},
+            {"test", no_argument, nullptr, 't'},
+            {"catalog", required_argument, nullptr, 'c'},
+            {"mode", required_argument, nullptr, 'm'},
+            {"help", no_argument, nullptr, 'h'},
+            {"version", no_argument, nullptr, 'V'},
+            {"window", no_argument, nullptr, 'w'},
+            {nullptr, 0, nullptr, 0},
         };
         optind = 1;
         opterr = 0; // the messages are this program's own
         const int anzahl = static_cast<int>(m_zeiger.size()) - 1;
         Sonst sonst = Sonst::Nichts;
-        for (int zeichen = 0; (zeichen = getopt_long(anzahl, m_zeiger.data(), ":o:l:tc:m:hV", Lange, nullptr)) != -1;) {
+        for (int zeichen = 0;
+             (zeichen = getopt_long(anzahl, m_zeiger.data(), ":o:l:tc:m:hVw", Lange, nullptr)) != -1;) {
             Option(zeichen, auftrag, sonst);
         }
         for (int i = optind; i < anzahl; ++i) {
@@ -114,6 +123,9 @@ private:
             break;
         case 'm':
             auftrag.Modus = AusUtf8Bytes(wert);
+            break;
+        case 'w':
+            auftrag.MitFenster = true;
             break;
         case 'h':
             sonst = Sonst::Hilfe;
@@ -148,50 +160,27 @@ const Befehl& BefehlVon(const Auftrag& auftrag) {
     if (auftrag.Angaben.size() > hoechstens) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::ZuVieleArgumente, {Utf8(auftrag.Angaben[hoechstens])});
     }
-    if (prueft && auftrag.Katalog.empty()) {
+    if ((prueft || befehl->Name == "test") && auftrag.Katalog.empty()) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::KatalogFehlt);
     }
     return *befehl;
 }
 
-// A protocol that is gone when it has been read.
-class TemporaeresProtokoll {
-public:
-    TemporaeresProtokoll() : m_pfad(TemporaererPfad()) {}
-    ~TemporaeresProtokoll() { DateiLoeschen(m_pfad); }
-    TemporaeresProtokoll(const TemporaeresProtokoll&) = delete;
-    TemporaeresProtokoll& operator=(const TemporaeresProtokoll&) = delete;
+Pruefwunsch WunschAus(const Auftrag& auftrag) {
+    return {auftrag.Katalog, auftrag.Modus, auftrag.Gewaehlt.value_or(Systemsprache()), auftrag.MitFenster};
+}
 
-    const Text& Pfad() const { return m_pfad; }
-
-private:
-    Text m_pfad;
-};
-
-// Tests the exchange file with the program beside this one, without its window, and reads what it wrote.
-Protokoll Geprueft(const Auftrag& auftrag, const Text& datei) {
-    if (ArtVon(datei) != DateiArt::Datei) {
-        throw Ablehnung(StatusKeinErgebnis, Meldung::DateiFehlt, {Utf8(datei)});
+Protokoll ProtokollDes(const Auftrag& auftrag) {
+    const Text& angabe = auftrag.Angaben[0];
+    if (!auftrag.ErstPruefen) {
+        return ProtokollLesen(angabe);
     }
-    if (ArtVon(Pruefprogramm()) != DateiArt::Datei) {
-        throw Ablehnung(StatusKeinErgebnis, Meldung::ProgrammFehlt, {Utf8(Pruefprogramm())});
-    }
-    const TemporaeresProtokoll protokoll;
-    const std::string sprache(Sprachkuerzel[static_cast<std::size_t>(auftrag.Gewaehlt.value_or(Systemsprache()))]);
-    std::vector<Text> argumente = {u"file=" + datei, u"dialog=" + AusUtf8Bytes(sprache) + u"-",
-                                   u"errorfile=" + protokoll.Pfad(), u"catalog=" + auftrag.Katalog};
-    if (!auftrag.Modus.empty()) {
-        argumente.push_back(u"mode=" + auftrag.Modus);
-    }
-    if (!ProgrammAusfuehren(Pruefprogramm(), argumente) || ArtVon(protokoll.Pfad()) != DateiArt::Datei) {
-        throw Ablehnung(StatusKeinErgebnis, Meldung::OhneErgebnis, {Utf8(datei)});
-    }
-    return ProtokollLesen(protokoll.Pfad());
+    const Bytes bytes = Geprueft(angabe, WunschAus(auftrag));
+    return ProtokollAus({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, Utf8(angabe));
 }
 
 int BerichtSchreiben(const Auftrag& auftrag) {
-    const Protokoll protokoll =
-        auftrag.ErstPruefen ? Geprueft(auftrag, auftrag.Angaben[0]) : ProtokollLesen(auftrag.Angaben[0]);
+    const Protokoll protokoll = ProtokollDes(auftrag);
     const bool istE1S = protokoll.Dateiformat == "e1s";
     SchnittstelleSetzen(istE1S);
     std::optional<Austauschdatei> datei;
@@ -206,7 +195,7 @@ int BerichtSchreiben(const Auftrag& auftrag) {
     }
     Ausgabe ausgabe(auftrag.Ziel);
     if (auftrag.Befehl == "html") {
-        SeiteSchreiben(protokoll, *datei, Utf8(auftrag.Katalog), sprache, ausgabe);
+        SeiteSchreiben(protokoll, *datei, {sprache, Utf8(auftrag.Katalog), {}}, ausgabe);
     } else if (auftrag.Befehl == "table") {
         TabelleSchreiben(protokoll, sprache, ausgabe);
     } else if (auftrag.Befehl == "csv") {
@@ -227,9 +216,28 @@ int CodeErklaeren(const Auftrag& auftrag, Sprache sprache) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::UnbekannterCode, {Utf8(angabe)});
     }
     Ausgabe ausgabe(auftrag.Ziel);
-    CodeSchreiben(code, sprache, ausgabe);
+    SchnittstelleSetzen(true); // which has every field
+    CodeSchreiben(Erklaerung(code, sprache), sprache, ausgabe);
     ausgabe.Abschliessen();
     return StatusOhneFehler;
+}
+
+// Tests each file, lays its page down, and names the one page that is to be opened.
+int DateienPruefen(const Auftrag& auftrag) {
+    const Pruefwunsch wunsch = WunschAus(auftrag);
+    std::vector<Pruefergebnis> ergebnisse;
+    for (const Text& datei : auftrag.Angaben) {
+        ergebnisse.push_back(PruefenUndAblegen(datei, wunsch));
+        if (!ergebnisse.back().Hindernis.empty()) {
+            FehlerausgabeSchreiben("zepholt-bericht: " + ergebnisse.back().Hindernis + "\n");
+        }
+    }
+    const Text seite =
+        ergebnisse.size() > 1 ? UebersichtAblegen(ergebnisse, wunsch.Gewaehlt) : ergebnisse.front().Seite;
+    if (!seite.empty()) {
+        StandardausgabeSchreiben(Utf8Bytes(seite) + "\n");
+    }
+    return StatusVon(ergebnisse);
 }
 
 int Erledigen(const std::vector<Text>& argumente, Auftrag& auftrag) {
@@ -241,6 +249,9 @@ int Erledigen(const std::vector<Text>& argumente, Auftrag& auftrag) {
     }
     if (BefehlVon(auftrag).LiestProtokoll) {
         return BerichtSchreiben(auftrag);
+    }
+    if (auftrag.Befehl == "test") {
+        return DateienPruefen(auftrag);
     }
     if (auftrag.Befehl == "code") {
         return CodeErklaeren(auftrag, sprache);

@@ -7,6 +7,7 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace zepholt::bericht {
@@ -60,7 +61,7 @@ std::span<const unsigned char> Austauschdatei::Rohzeile(std::int32_t nummer) con
     const auto index = static_cast<std::size_t>(nummer - 1);
     std::span<const unsigned char> zeile =
         m_bytes.Sicht().subspan(m_anfaenge[index], m_anfaenge[index + 1] - m_anfaenge[index]);
-    for (const unsigned char ende : {'\n', '\r'}) {
+    for (const unsigned char ende : std::array<unsigned char, 2>{'\n', '\r'}) {
         if (!zeile.empty() && zeile.back() == ende) {
             zeile = zeile.first(zeile.size() - 1);
         }
@@ -87,11 +88,11 @@ char Austauschdatei::Buchstabe(std::int32_t nummer) const {
 
 std::int64_t Austauschdatei::Position(std::int32_t nummer) const {
     const TextSicht zeile = Zeile(nummer, Positionsende);
-    return Nummer(Feld(zeile, 2, 3)) * 1'000'000 + Nummer(Feld(zeile, 8, 6));
+    return Nummer(SpaltenVon(zeile, 2, 3)) * 1'000'000 + Nummer(SpaltenVon(zeile, 8, 6));
 }
 
 std::string Austauschdatei::Sprachcode() const {
-    return Zeilenzahl() > 0 ? Utf8(Feld(Zeile(1), 42, 1)) : std::string();
+    return Zeilenzahl() > 0 ? Utf8(SpaltenVon(Zeile(1), 42, 1)) : std::string();
 }
 
 void SchnittstelleSetzen(bool istE1S) {
@@ -109,13 +110,13 @@ std::span<const RecordLayout> LayoutsDesTyps(std::string_view typ) {
     return LayoutsVon(zeile);
 }
 
-std::string Recordtyp(TextSicht zeile) {
+std::string TypDerZeile(TextSicht zeile) {
     if (zeile.empty()) {
         return {};
     }
     const bool ohneZiffer = zeile[0] == u'A' || zeile[0] == u'Z';
-    std::string typ = Utf8(Feld(zeile, 1, 1));
-    return ohneZiffer ? typ : typ + Utf8(Feld(zeile, 42, 1));
+    std::string typ = Utf8(SpaltenVon(zeile, 1, 1));
+    return ohneZiffer ? typ : typ + Utf8(SpaltenVon(zeile, 42, 1));
 }
 
 } // namespace zepholt::bericht

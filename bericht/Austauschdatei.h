@@ -51,6 +51,6 @@ void SchnittstelleSetzen(bool istE1S);
 std::span<const RecordLayout> LayoutsDesTyps(std::string_view typ);
 
 // "G6", "A", "Z": the record type of a line by its columns 1 and 42; what can't be one reads as it stands.
-std::string Recordtyp(TextSicht zeile);
+std::string TypDerZeile(TextSicht zeile);
 
 } // namespace zepholt::bericht

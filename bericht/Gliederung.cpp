@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <limits>
 #include <numeric>
+#include <set>
 #include <tuple>
 #include <unordered_map>
 
@@ -39,7 +40,7 @@ struct Ortsverzeichnis {
 };
 
 std::string Textfeld(const Austauschdatei& datei, std::int32_t zeile, std::int32_t spalte, std::int32_t laenge) {
-    return std::string(OhneRand(Utf8(Feld(datei.Zeile(zeile), spalte, laenge))));
+    return std::string(OhneRand(Utf8(SpaltenVon(datei.Zeile(zeile), spalte, laenge))));
 }
 
 void ZeileVerzeichnen(const Austauschdatei& datei, std::int32_t nummer, Ortsverzeichnis& verzeichnis) {
@@ -49,12 +50,12 @@ void ZeileVerzeichnen(const Austauschdatei& datei, std::int32_t nummer, Ortsverz
         gesucht->second.push_back(nummer);
     }
     const TextSicht zeile = datei.Zeile(nummer, 122);
-    const TextSicht ziffer = Feld(zeile, 42, 1);
+    const TextSicht ziffer = SpaltenVon(zeile, 42, 1);
     if (ziffer == u"1" && verzeichnis.Kapitel.emplace(position / 1'000'000, nummer).second) {
         verzeichnis.KapitelFolge.push_back(nummer);
     }
     const bool mitText = ziffer == u"2" || ziffer == u"3";
-    if (mitText && !OhneLeerzeichenRechts(Feld(zeile, 93, 30)).empty()) {
+    if (mitText && !OhneLeerzeichenRechts(SpaltenVon(zeile, 93, 30)).empty()) {
         verzeichnis.Text.emplace(position, nummer);
     }
 }
@@ -208,15 +209,13 @@ private:
     }
 
     // The lines that a finding without one speaks of: those of its position, the undefined records, the structures.
-    void UmgebungErgaenzen(const Befund& befund, Abschnitt& abschnitt) const {
+    // Once for each section, or for each of these codes.
+    void UmgebungErgaenzen(const Befund& befund, Abschnitt& abschnitt) {
         std::vector<std::int32_t> zeilen;
-        if (abschnitt.Art == 'G') {
+        if (abschnitt.Art == 'G' && abschnitt.UmgebungAnzahl == 0) {
             zeilen = m_orte.Zeilen.at(abschnitt.Position);
-        } else if (befund.Code == 2041 || befund.Code == 3205) {
+        } else if ((befund.Code == 2041 || befund.Code == 3205) && m_betroffen.insert(befund.Code).second) {
             zeilen = BetroffeneZeilen(befund.Code == 2041);
-        }
-        if (abschnitt.Art == 'G' && abschnitt.UmgebungAnzahl > 0) {
-            return;
         }
         abschnitt.UmgebungAnzahl += AnzahlElemente(zeilen);
         zeilen.resize(std::min(zeilen.size(), GezeigteUmgebung));
@@ -229,7 +228,7 @@ private:
         for (std::int32_t nummer = 1; nummer <= m_datei.Zeilenzahl(); ++nummer) {
             const TextSicht zeile = m_datei.Zeile(nummer, 42);
             const bool frei = Freie.find(m_datei.Buchstabe(nummer)) != std::string_view::npos;
-            if (undefinierte ? !frei && LayoutsVon(zeile).empty() : Recordtyp(zeile) == "B0") {
+            if (undefinierte ? !frei && LayoutsVon(zeile).empty() : TypDerZeile(zeile) == "B0") {
                 zeilen.push_back(nummer);
             }
         }
@@ -270,6 +269,7 @@ private:
     Gliederung m_gliederung;
     std::vector<std::uint32_t> m_abschnittVon; // of each finding
     std::vector<std::int32_t> m_ersteZeile;    // of each section
+    std::set<std::int32_t> m_betroffen;        // codes whose lines were looked for
 };
 
 // Letters and digits of ASCII only: what a protocol's escaping never changes.

@@ -24,11 +24,19 @@ Sprache Systemsprache();
 Text EigenerOrdner();
 Text Pruefprogramm();
 
+// The whole path of a file, from the root on.
+Text VollerPfad(const Text& pfad);
+
+// The folder for reports that can't stand beside their exchange file, made if need be, with a path separator behind it:
+// ZEPHOLT among the user's documents, on Linux in the home folder.
+Text Benutzerordner();
+
 // A path in the system's folder for temporary files at which nothing stands.
 Text TemporaererPfad();
 void DateiLoeschen(const Text& pfad);
 
-// Starts a program and waits for its end. False when it could not be started.
+// Starts a program and waits for its end; a window of this process is painted meanwhile. False when it could not be
+// started.
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente);
 
 } // namespace zepholt::bericht

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -67,6 +68,25 @@ Text EigenerOrdner() {
 
 Text Pruefprogramm() {
     return EigenerOrdner() + u"zepholt";
+}
+
+Text VollerPfad(const Text& pfad) {
+    if (pfad.starts_with(u'/')) {
+        return pfad;
+    }
+    std::string ordner(4096, '\0');
+    if (getcwd(ordner.data(), ordner.size()) == nullptr) {
+        return pfad;
+    }
+    ordner.resize(ordner.find('\0'));
+    return AusUtf8Bytes(ordner + "/") + pfad;
+}
+
+Text Benutzerordner() {
+    const char* heim = std::getenv("HOME");
+    const std::string ordner = std::string(heim != nullptr ? heim : "") + "/ZEPHOLT";
+    mkdir(ordner.c_str(), S_IRWXU); // where it fails, so does writing into it
+    return AusUtf8Bytes(ordner + "/");
 }
 
 Text TemporaererPfad() {

@@ -6,6 +6,7 @@
 #include <windows.h>
 
 #include <shellapi.h>
+#include <shlobj.h>
 
 namespace zepholt::bericht {
 
@@ -45,6 +46,17 @@ std::wstring Eingefasst(const Text& argument) {
         return Breit(argument);
     }
     return Breit(argument.substr(0, gleich + 1)) + L'"' + Breit(argument.substr(gleich + 1)) + L'"';
+}
+
+// Waits for the end of a process; what the windows of this thread are sent is handled meanwhile.
+void Abwarten(HANDLE prozess) {
+    while (MsgWaitForMultipleObjects(1, &prozess, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
+        MSG nachricht{};
+        while (PeekMessageW(&nachricht, nullptr, 0, 0, PM_REMOVE) != 0) {
+            TranslateMessage(&nachricht);
+            DispatchMessageW(&nachricht);
+        }
+    }
 }
 
 } // namespace
@@ -89,6 +101,24 @@ Text Pruefprogramm() {
     return EigenerOrdner() + u"zepholt.exe";
 }
 
+Text VollerPfad(const Text& pfad) {
+    std::wstring voll(32768, L'\0');
+    voll.resize(GetFullPathNameW(Breit(pfad).c_str(), static_cast<DWORD>(voll.size()), voll.data(), nullptr));
+    return voll.empty() ? pfad : AusBreit(voll);
+}
+
+Text Benutzerordner() {
+    wchar_t* dokumente = nullptr;
+    std::wstring ordner;
+    if (SHGetKnownFolderPath(FOLDERID_Documents, KF_FLAG_CREATE, nullptr, &dokumente) == S_OK) {
+        ordner = dokumente;
+    }
+    CoTaskMemFree(dokumente);
+    ordner += L"\\ZEPHOLT";
+    CreateDirectoryW(ordner.c_str(), nullptr); // where it fails, so does writing into it
+    return AusBreit(ordner + L'\\');
+}
+
 Text TemporaererPfad() {
     std::wstring ordner(MAX_PATH + 1, L'\0');
     ordner.resize(GetTempPathW(static_cast<DWORD>(ordner.size()), ordner.data()));
@@ -117,7 +147,7 @@ bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente
                        &prozess) == 0) {
         return false;
     }
-    WaitForSingleObject(prozess.hProcess, INFINITE);
+    Abwarten(prozess.hProcess);
     CloseHandle(prozess.hThread);
     CloseHandle(prozess.hProcess);
     return true;

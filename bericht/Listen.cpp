@@ -96,7 +96,7 @@ std::string Befundtext(const Protokoll& protokoll, const Befund& befund, Sprache
 const Feldangabe& Feldangaben::Zu(const Befund& befund) {
     std::string typ;
     if (m_datei != nullptr && befund.Zeile > 0 && befund.Zeile <= m_datei->Zeilenzahl()) {
-        typ = Recordtyp(m_datei->Zeile(befund.Zeile, 42));
+        typ = TypDerZeile(m_datei->Zeile(befund.Zeile, 42));
     }
     const auto [fund, neu] = m_bekannte.try_emplace({typ, befund.Feld});
     if (neu) {
@@ -161,18 +161,16 @@ void JsonlSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Spr
     }
 }
 
-void CodeSchreiben(std::int32_t code, Sprache sprache, Ausgabe& ausgabe) {
-    const bool warnung = FehlerSchwere(code) == u"B";
-    const std::string feld = Utf8(FehlerFeld(code));
-    std::string text = std::to_string(code);
-    if (!FehlerSchwere(code).empty()) {
-        text += "  " + std::string(In(warnung ? EineWarnung : EinFehler, sprache)) + (warnung ? " (B)" : " (A)");
+void CodeSchreiben(const CodeErklaerung& erklaerung, Sprache sprache, Ausgabe& ausgabe) {
+    std::string text = std::to_string(erklaerung.Code);
+    if (!erklaerung.Schwere.empty()) {
+        text += "  " + std::string(In(erklaerung.Schwere == "B" ? EineWarnung : EinFehler, sprache)) + " (" +
+                erklaerung.Schwere + ")";
     }
-    text += "\n" + Utf8(FehlerText(code, Tabellensprache(sprache))) + "\n";
-    SchnittstelleSetzen(true);
-    const Feldangabe angabe = FeldangabeVon(feld, {}, sprache);
-    if (!feld.empty()) {
-        text += (angabe.Name.empty() ? feld : angabe.Name + " (" + feld + ")") + "\n";
+    text += "\n" + erklaerung.Text + "\n";
+    if (!erklaerung.Feld.empty()) {
+        text +=
+            (erklaerung.Feldname.empty() ? erklaerung.Feld : erklaerung.Feldname + " (" + erklaerung.Feld + ")") + "\n";
     }
     ausgabe.Schreiben(text);
 }

@@ -3,6 +3,7 @@
 
 #include "bericht/Ausgabe.h"
 #include "bericht/Austauschdatei.h"
+#include "bericht/Erklaerung.h"
 #include "bericht/Feldangabe.h"
 #include "bericht/Protokolldatei.h"
 
@@ -23,8 +24,8 @@ void JsonlSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Spr
 // SARIF 2.1.0, as code review tools read it. `dateiname` is how it calls the exchange file.
 void SarifSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe);
 
-// What a code means: severity, field, message.
-void CodeSchreiben(std::int32_t code, Sprache sprache, Ausgabe& ausgabe);
+// What a code means.
+void CodeSchreiben(const CodeErklaerung& erklaerung, Sprache sprache, Ausgabe& ausgabe);
 
 // docs/felder.md: every field with its columns and its names in three languages.
 void FelderSchreiben(Ausgabe& ausgabe);

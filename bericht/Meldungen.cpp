@@ -30,9 +30,8 @@ constexpr Zeile Tabelle[] = {
     {Meldung::UnbekannterCode,
      {"Diesen Code gibt es nicht: {0}", "Ce code n’existe pas : {0}", "Questo codice non esiste: {0}"}},
     {Meldung::KatalogFehlt,
-     {"Mit --test muss der Katalog genannt sein: --catalog=ORDNER",
-      "Avec --test, il faut indiquer le catalogue : --catalog=DOSSIER",
-      "Con --test occorre indicare il catalogo: --catalog=CARTELLA"}},
+     {"Der Katalog muss genannt sein: --catalog=ORDNER", "Il faut indiquer le catalogue : --catalog=DOSSIER",
+      "Occorre indicare il catalogo: --catalog=CARTELLA"}},
     {Meldung::ProtokollFehlt,
      {"Das Protokoll gibt es nicht: {0}", "Le journal n’existe pas : {0}", "Il protocollo non esiste: {0}"}},
     {Meldung::ProtokollUnlesbar,
@@ -90,12 +89,14 @@ constexpr std::array<std::string_view, 3> Hilfe = {
   zepholt-bericht verdict PROTOKOLL                             nur der Status
   zepholt-bericht code    NNNN                                  was ein Code bedeutet
   zepholt-bericht fields                                        die Namen aller Felder
+  zepholt-bericht test    AUSTAUSCHDATEI...                     prüft und legt Seite und Protokoll daneben ab
 
   -o, --output=DATEI     schreibt in die Datei statt auf die Standardausgabe
   -l, --language=de|fr|it  Sprache; ohne Angabe die des Protokolls, für Meldungen die des Systems
   -t, --test             prüft zuerst: statt PROTOKOLL und AUSTAUSCHDATEI steht nur AUSTAUSCHDATEI
-  -c, --catalog=ORDNER   der VLT-Katalog für --test
-  -m, --mode=E|I         der Modus für --test
+  -c, --catalog=ORDNER   der VLT-Katalog für --test und test
+  -m, --mode=E|I         der Modus für --test und test
+  -w, --window           zeigt bei test das Fortschrittsfenster
   -h, --help             diese Hilfe
   -V, --version          die Version
 
@@ -112,12 +113,14 @@ Status: 0 keine Fehler, 1 Fehler, 2 kein oder ein beschädigtes Protokoll (oder 
   zepholt-bericht verdict JOURNAL                     seulement le statut
   zepholt-bericht code    NNNN                        ce que signifie un code
   zepholt-bericht fields                              les noms de tous les champs
+  zepholt-bericht test    FICHIER...                  teste, place la page et le journal à côté
 
   -o, --output=FICHIER   écrit dans le fichier au lieu de la sortie standard
   -l, --language=de|fr|it  langue ; sans indication celle du journal, pour les messages celle du système
   -t, --test             teste d’abord : au lieu de JOURNAL et FICHIER, seulement FICHIER
-  -c, --catalog=DOSSIER  le catalogue BRQ pour --test
-  -m, --mode=E|I         le mode pour --test
+  -c, --catalog=DOSSIER  le catalogue BRQ pour --test et test
+  -m, --mode=E|I         le mode pour --test et test
+  -w, --window           montre pour test la fenêtre de progression
   -h, --help             cette aide
   -V, --version          la version
 
@@ -134,12 +137,14 @@ Statut : 0 sans erreur, 1 erreurs, 2 journal absent ou endommagé (ou rien dont 
   zepholt-bericht verdict PROTOCOLLO                    solo lo stato
   zepholt-bericht code    NNNN                          che cosa significa un codice
   zepholt-bericht fields                                i nomi di tutti i campi
+  zepholt-bericht test    FILE...                       esegue il test, mette pagina e protocollo accanto
 
   -o, --output=FILE      scrive nel file invece che sull'output standard
   -l, --language=de|fr|it  lingua; senza indicazione quella del protocollo, per i messaggi quella del sistema
   -t, --test             esegue prima il test: invece di PROTOCOLLO e FILE solo FILE
-  -c, --catalog=CARTELLA il catalogo DXM per --test
-  -m, --mode=E|I         il modo per --test
+  -c, --catalog=CARTELLA il catalogo DXM per --test e test
+  -m, --mode=E|I         il modo per --test e test
+  -w, --window           mostra per test la finestra di avanzamento
   -h, --help             questo aiuto
   -V, --version          la versione
 

@@ -5,6 +5,7 @@
 #include "errors/FehlerERL.h"
 #include "support/OS_API.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace zepholt::bericht {
@@ -252,6 +253,13 @@ Protokoll ProtokollLesen(const Text& pfad) {
 
 int StatusVon(const Protokoll& protokoll) {
     return protokoll.Fehler > 0 ? StatusMitFehlern : StatusOhneFehler;
+}
+
+std::string_view Urteilsart(const Protokoll& protokoll) {
+    const bool abgewiesen = std::ranges::any_of(protokoll.Befunde, [](const Befund& befund) {
+        return befund.Code >= 2001 && befund.Code <= 2022; // the run ends with each of these
+    });
+    return abgewiesen ? "abgewiesen" : protokoll.Fehler > 0 ? "fehlerhaft" : "ordnung";
 }
 
 std::optional<std::int64_t> Positionsnummer(std::string_view position) {

@@ -70,6 +70,9 @@ Protokoll ProtokollAus(std::string_view bytes, const std::string& name);
 // The status of a protocol: 1 when it holds an error, else 0.
 int StatusVon(const Protokoll& protokoll);
 
+// "ordnung", "fehlerhaft", or "abgewiesen" for a file whose content was not tested: the key of a word of the page.
+std::string_view Urteilsart(const Protokoll& protokoll);
+
 // Chapter times 1,000,000 plus position of "241.211.001"; none for anything else.
 std::optional<std::int64_t> Positionsnummer(std::string_view position);
 

@@ -94,7 +94,7 @@ bool IstTypfeld(TextSicht feldbezug) {
 }
 
 std::string Wert(TextSicht zeile, std::int32_t spalte, std::int32_t laenge) {
-    return Utf8(OhneLeerzeichenRechts(Feld(zeile, spalte, laenge)));
+    return Utf8(OhneLeerzeichenRechts(SpaltenVon(zeile, spalte, laenge)));
 }
 
 // The stretch around a column that no field covers, with a caret under the column.
@@ -110,7 +110,7 @@ std::string Luecke(TextSicht zeile, std::span<const RecordLayout> layouts, std::
             bis = std::min(bis, layout.Spalte - 1);
         }
     }
-    const TextSicht text = OhneLeerzeichenRechts(Feld(zeile, von, bis - von + 1));
+    const TextSicht text = OhneLeerzeichenRechts(SpaltenVon(zeile, von, bis - von + 1));
     std::string zeiger;
     if (text.size() > static_cast<std::size_t>(spalte - von) && text.size() < BreiteMitZeiger) {
         zeiger = "\n" + std::string(static_cast<std::size_t>(spalte - von), ' ') + "^";

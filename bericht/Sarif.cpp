@@ -3,26 +3,11 @@
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERL.h"
 
-#include <cstdio>
 #include <map>
 
 namespace zepholt::bericht {
 
 namespace {
-
-// A file name as a relative reference.
-std::string Uri(std::string_view name) {
-    std::string uri;
-    for (const char zeichen : name) {
-        const bool frei = (zeichen >= 'a' && zeichen <= 'z') || (zeichen >= 'A' && zeichen <= 'Z') ||
-                          (zeichen >= '0' && zeichen <= '9') ||
-                          std::string_view("-._~").find(zeichen) != std::string_view::npos;
-        char text[4];
-        std::snprintf(text, sizeof text, "%%%02X", static_cast<unsigned>(static_cast<unsigned char>(zeichen)));
-        uri += frei ? std::string(1, zeichen) : text;
-    }
-    return uri;
-}
 
 // The number of each code's rule, in the order of the codes.
 std::map<std::int32_t, std::size_t> RegelnDer(const Protokoll& protokoll) {
@@ -78,7 +63,7 @@ std::string Ergebnis(const Protokoll& protokoll, const Befund& befund, std::size
 } // namespace
 
 void SarifSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe) {
-    const std::string uri = Uri(datei != nullptr ? datei->Name() : "austauschdatei." + protokoll.Dateiformat);
+    const std::string uri = UriTeil(datei != nullptr ? datei->Name() : "austauschdatei." + protokoll.Dateiformat);
     const std::map<std::int32_t, std::size_t> regeln = RegelnDer(protokoll);
     ausgabe.Schreiben("{\"$schema\":\"https://json.schemastore.org/sarif-2.1.0.json\",\"version\":\"2.1.0\",\"runs\":["
                       "{\"tool\":{\"driver\":{\"name\":" +

@@ -2,6 +2,7 @@
 
 #include "bericht/Listen.h"
 #include "bericht/Recordbild.h"
+#include "bericht/Seitenkopf.h"
 #include "bericht/Seitenteile.h"
 #include "bericht/Seitentexte.h"
 #include "bericht/Zeichen.h"
@@ -26,18 +27,22 @@ constexpr std::size_t GezeigteKapitel = 6;
 // Writes the plain part.
 class Seitenbau {
 public:
-    Seitenbau(const Seiteninhalt& inhalt, const std::string& katalog, Ausgabe& ausgabe)
-        : m_inhalt(inhalt), m_katalog(katalog), m_ausgabe(ausgabe), m_sprache(inhalt.Anfangssprache) {}
+    Seitenbau(const Seiteninhalt& inhalt, const Seitenangaben& angaben, Ausgabe& ausgabe)
+        : m_inhalt(inhalt), m_angaben(angaben), m_ausgabe(ausgabe), m_sprache(angaben.Anfangssprache) {}
 
     void Schreiben() {
         Auswaehlen();
-        KopfSchreiben();
+        const std::string titel = Seitenwort("titel", m_sprache) + " – " + m_inhalt.Datei.Name();
+        m_ausgabe.Schreiben(Seitenkopf(titel, m_sprache, m_angaben.Vermerk));
         UrteilSchreiben();
-        m_ausgabe.Schreiben("<div class=\"breite raster\">\n");
+        const bool leer = m_inhalt.Codes.empty();
+        m_ausgabe.Schreiben(leer ? "<div class=\"breite raster allein\">\n" : "<div class=\"breite raster\">\n");
         CodesSchreiben();
         m_ausgabe.Schreiben("<main class=\"haupt\">\n<h2 id=\"befunde\" tabindex=\"-1\" data-t=\"befunde\">" +
                             W("befunde") + "</h2>\n");
-        LeisteSchreiben();
+        if (!leer) {
+            LeisteSchreiben();
+        }
         ListeSchreiben();
         m_ausgabe.Schreiben("</main>\n</div>\n<footer class=\"breite\"><p data-t=\"fuss\">" + W("fuss") +
                             "</p></footer>\n");
@@ -88,47 +93,19 @@ private:
         waehlen(HoechstensJeCode);
     }
 
-    void KopfSchreiben() {
-        m_ausgabe.Schreiben(
-            "<!DOCTYPE html>\n<html lang=\"" + std::string(Sprachkuerzel[static_cast<std::size_t>(m_sprache)]) +
-            "\">\n<head>\n<meta charset=\"utf-8\">\n<meta http-equiv=\"Content-Security-Policy\" content=\"" +
-            std::string(Inhaltsregel()) +
-            "\">\n<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-            "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"referrer\" content=\"no-referrer\">\n"
-            "<meta name=\"generator\" content=\"zepholt-bericht 4.0\">\n<title>" +
-            W("titel") + " – " + Attribut(m_inhalt.Datei.Name()) + "</title>\n<style>" + std::string(Seitenstil()) +
-            "</style>\n</head>\n<body>\n");
-    }
-
-    // A text where no tags may stand.
-    static std::string Attribut(std::string_view text) {
-        std::string sauber;
-        while (!text.empty()) {
-            const char32_t zeichen = NaechstesZeichen(text);
-            if (IstUnsichtbar(zeichen)) {
-                sauber += Codepunktname(zeichen);
-            } else {
-                Utf8Anhaengen(sauber, zeichen);
-            }
-        }
-        return Html(sauber);
-    }
-
-    std::string Art() const {
-        const bool abgewiesen = std::ranges::any_of(m_inhalt.Aus.Befunde, [](const Befund& befund) {
-            return befund.Code >= 2001 && befund.Code <= 2022; // the run ends with each of these
-        });
-        return abgewiesen ? "abgewiesen" : m_inhalt.Aus.Fehler > 0 ? "fehlerhaft" : "ordnung";
-    }
-
     void UrteilSchreiben() {
-        const std::string art = Art();
+        const std::string art(Urteilsart(m_inhalt.Aus));
         std::string urteil = "<header class=\"urteil " + art +
                              "\"><div class=\"breite\">\n<div class=\"oben\"><p>ZEPHOLT · " + Wort("span", "titel") +
                              "</p>\n" + Sprachwahl() + "</div>\n<h1>";
-        urteil += AnzahlWort("fehler", m_inhalt.Aus.Fehler, m_inhalt.Aus.Fehler > 0 ? "A" : "ok") + ", ";
-        urteil += AnzahlWort("warnungen", m_inhalt.Aus.Warnungen, m_inhalt.Aus.Warnungen > 0 ? "B" : "") + "</h1>\n";
-        urteil += "<p class=\"dazu\">" + Wort("b", art) + " – " + Wort("span", "dazu." + art) + "</p>\n";
+        const std::string fehler = AnzahlWort("fehler", m_inhalt.Aus.Fehler, m_inhalt.Aus.Fehler > 0 ? "A" : "ok");
+        const std::string warnungen =
+            AnzahlWort("warnungen", m_inhalt.Aus.Warnungen, m_inhalt.Aus.Warnungen > 0 ? "B" : "");
+        // A file that was refused has one error, and its number says nothing.
+        urteil += art == "abgewiesen" ? "<span class=\"A\" data-t=\"abgewiesen\">" + W(art) + "</span>"
+                                      : fehler + ", " + warnungen;
+        urteil += "</h1>\n<p class=\"dazu\">" + (art == "abgewiesen" ? "<b>" + fehler + "</b>" : Wort("b", art)) +
+                  " – " + Wort("span", "dazu." + art) + "</p>\n";
         m_ausgabe.Schreiben(urteil + Angaben() + "</div></header>\n");
     }
 
@@ -165,7 +142,7 @@ private:
                    "</span><small>" + Html(p.Schnittstelle) + "</small></dd></div>\n";
         angaben += Angabe("erstellt", p.Software, p.Hersteller);
         angaben += Angabe("geprueft", datum + " " + p.Zeit, p.Pruefprogramm + " " + p.ProgrammVersion);
-        angaben += Angabe("katalog", m_katalog);
+        angaben += Angabe("katalog", m_angaben.Katalog);
         angaben += Angabe("kapitel", Kapitel());
         return angaben + Angabe("modus", p.Modus) + "</dl>\n";
     }
@@ -235,7 +212,7 @@ private:
                   "<input id=\"text\" type=\"search\" autocomplete=\"off\"></label>\n";
         leiste += Schalter("ordnung", "ordnen", {{"p", "nachposition"}, {"c", "nachcode2"}}) + "</form>\n";
         leiste += "<div class=\"stand\" id=\"stand\" data-skript hidden><p role=\"status\">" +
-                  W("treffer", {AlleZahl(), AlleZahl()}) +
+                  W(m_inhalt.Aufbau.Folge.size() == 1 ? "treffer1" : "treffer", {AlleZahl(), AlleZahl()}) +
                   "</p><button type=\"button\" "
                   "class=\"knopf\" data-t=\"loeschen\" hidden>" +
                   W("loeschen") + "</button></div>\n";
@@ -260,7 +237,7 @@ private:
         m_ausgabe.Schreiben("<p class=\"hinweis\" data-ohne data-t=\"ohneskript\">" + W("ohneskript") +
                             "</p>\n<div id=\"liste\">\n");
         if (alle == 0) {
-            m_ausgabe.Schreiben("<p>" + W("sauber") + "</p>\n");
+            m_ausgabe.Schreiben("<p data-t=\"sauber\">" + W("sauber") + "</p>\n");
         }
         for (const Abschnitt& abschnitt : m_inhalt.Aufbau.Abschnitte) {
             AbschnittSchreiben(abschnitt);
@@ -338,7 +315,7 @@ private:
             const Befund& befund = m_inhalt.BefundAn(stelle);
             befunde.push_back({m_inhalt.Aus.Worte.Wort(befund.Feld), befund.IstWarnung});
         }
-        const std::string typ = Recordtyp(zeile);
+        const std::string typ = TypDerZeile(zeile);
         const TextSicht name = Recordbezeichnung(AusUtf8Bytes(typ), Tabellensprache(m_sprache));
         std::string bild =
             "<article class=\"e\"><h4>" + W("zeile", {Zahl(nummer)}) + "<span>" +
@@ -363,7 +340,7 @@ private:
     }
 
     const Seiteninhalt& m_inhalt;
-    const std::string& m_katalog;
+    const Seitenangaben& m_angaben;
     Ausgabe& m_ausgabe;
     Sprache m_sprache;
     std::vector<bool> m_gewaehlt; // by place
@@ -373,8 +350,8 @@ private:
 
 } // namespace
 
-Seiteninhalt::Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& datei, Sprache sprache)
-    : Aus(protokoll), Datei(datei), Anfangssprache(sprache), Aufbau(GliederungVon(protokoll, datei)) {
+Seiteninhalt::Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& datei)
+    : Aus(protokoll), Datei(datei), Aufbau(GliederungVon(protokoll, datei)) {
     std::map<std::tuple<std::int32_t, bool, std::uint32_t>, std::uint32_t> nummern;
     for (std::uint32_t i = 0; i < protokoll.Befunde.size(); ++i) {
         const Befund& befund = protokoll.Befunde[i];
@@ -404,10 +381,10 @@ Seiteninhalt::Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& dat
     }
 }
 
-void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const std::string& katalog,
-                    Sprache sprache, Ausgabe& ausgabe) {
-    const Seiteninhalt inhalt(protokoll, datei, sprache);
-    Seitenbau(inhalt, katalog, ausgabe).Schreiben();
+void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const Seitenangaben& angaben,
+                    Ausgabe& ausgabe) {
+    const Seiteninhalt inhalt(protokoll, datei);
+    Seitenbau(inhalt, angaben, ausgabe).Schreiben();
 }
 
 } // namespace zepholt::bericht

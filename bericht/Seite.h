@@ -23,11 +23,10 @@ struct Seitencode {
 
 // What the parts of the page share.
 struct Seiteninhalt {
-    Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& datei, Sprache sprache);
+    Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& datei);
 
     const Protokoll& Aus;
     const Austauschdatei& Datei;
-    Sprache Anfangssprache;
     Gliederung Aufbau;
     std::vector<Seitencode> Codes; // errors before warnings, frequent ones first
 
@@ -40,9 +39,15 @@ private:
     std::vector<std::uint32_t> m_codes; // of each finding
 };
 
-// `katalog` is shown in the head when it is known.
-void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const std::string& katalog,
-                    Sprache sprache, Ausgabe& ausgabe);
+// What the page is told beside protocol and exchange file.
+struct Seitenangaben {
+    Sprache Anfangssprache = Sprache::Deutsch;
+    std::string Katalog; // shown in the head when it is known
+    std::string Vermerk; // see Ablagevermerk; empty for a page whose place the caller chose
+};
+
+void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const Seitenangaben& angaben,
+                    Ausgabe& ausgabe);
 
 // The data part: everything that the page can show, in all languages.
 void SeitendatenSchreiben(const Seiteninhalt& inhalt, Ausgabe& ausgabe);

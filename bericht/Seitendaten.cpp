@@ -118,7 +118,7 @@ private:
             stelle = ZeichenAnhaengen(zeile, stelle);
         }
         m_puffer += '"';
-        return *m_typen.emplace(Recordtyp(zeile)).first;
+        return *m_typen.emplace(TypDerZeile(zeile)).first;
     }
 
     void LaufAnhaengen(std::size_t laenge) {

@@ -16,6 +16,11 @@ bool IstErsatz(char32_t zeichen) {
 
 } // namespace
 
+TextSicht SpaltenVon(TextSicht zeile, std::int32_t spalte, std::int32_t laenge) {
+    const auto anfang = static_cast<std::size_t>(spalte - 1);
+    return anfang < zeile.size() ? zeile.substr(anfang, static_cast<std::size_t>(laenge)) : TextSicht();
+}
+
 void Utf8Anhaengen(std::string& ziel, char32_t zeichen) {
     if (IstErsatz(zeichen) || zeichen > 0x10FFFF) {
         zeichen = Ersatzzeichen;
@@ -77,6 +82,19 @@ char32_t NaechstesZeichen(std::string_view& utf8) {
     }
     utf8.remove_prefix(std::min(laenge, utf8.size()));
     return zeichen;
+}
+
+std::string UriTeil(std::string_view bytes) {
+    std::string uri;
+    for (const char zeichen : bytes) {
+        const bool frei = (zeichen >= 'a' && zeichen <= 'z') || (zeichen >= 'A' && zeichen <= 'Z') ||
+                          (zeichen >= '0' && zeichen <= '9') ||
+                          std::string_view("-._~/").find(zeichen) != std::string_view::npos;
+        char text[4];
+        std::snprintf(text, sizeof text, "%%%02X", static_cast<unsigned>(static_cast<unsigned char>(zeichen)));
+        uri += frei ? std::string(1, zeichen) : text;
+    }
+    return uri;
 }
 
 std::string Zahl(std::int64_t zahl) {

@@ -9,6 +9,9 @@
 
 namespace zepholt::bericht {
 
+// The columns of a line from `spalte` (from 1) on, fewer where the line ends before.
+TextSicht SpaltenVon(TextSicht zeile, std::int32_t spalte, std::int32_t laenge);
+
 // UTF-8 of a text; a surrogate that has no partner becomes U+FFFD, so that the result is valid in every case.
 std::string Utf8(TextSicht text);
 
@@ -27,6 +30,9 @@ std::string Codepunktname(char32_t zeichen);
 
 // Takes one character off the front of valid UTF-8.
 char32_t NaechstesZeichen(std::string_view& utf8);
+
+// Bytes as a part of an address: everything but letters, digits and "-._~" as %XX; '/' stays.
+std::string UriTeil(std::string_view bytes);
 
 // A number with an apostrophe between the thousands, as it is written in Switzerland.
 std::string Zahl(std::int64_t zahl);

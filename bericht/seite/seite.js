@@ -293,7 +293,7 @@
     const n = gefunden.reduce((summe, hit) => summe + hit.befunde.length, 0);
     liste.replaceChildren();
     $('#auszug')?.remove();
-    stand.querySelector('p').textContent = n ? wort('treffer', zahl(n), zahl(D().n)) : D().n ? wort('keine') : wort('sauber');
+    stand.querySelector('p').textContent = n ? wort(n === 1 ? 'treffer1' : 'treffer', zahl(n), zahl(D().n)) : D().n ? wort('keine') : wort('sauber');
     stand.querySelector('button').hidden = !(wahl.schwere || wahl.code || wahl.position || wahl.text);
     for (const a of document.querySelectorAll('.codes a')) {
       if (a.hash === '#c' + wahl.code) a.setAttribute('aria-current', 'true');
@@ -334,8 +334,9 @@
     if (!k) return;
     sprache = +k.value;
     beschriften();
-    anwenden();
+    if ($('#leiste')) anwenden();
   });
+  if (!$('#leiste')) return; // without findings there is nothing to choose from
   umschalter('#schwere', 'schwere');
   umschalter('#ordnung', 'ordnung');
   let uhr = 0;

@@ -54,7 +54,7 @@ TEST_F(GliederungTest, AFindingWithoutALineStandsAtItsPosition) {
     const std::vector<std::string> soll = {"D -", "G 241.000.000 -", "G 241.211.001 -", "G 241.212.001 8",
                                            "G 999.000.000 -"};
     EXPECT_EQ(Bild(gliederung), soll);
-    EXPECT_EQ(gliederung.Abschnitte[0].Umgebung, std::vector<std::int32_t>{}); // D records are free, not undefined
+    EXPECT_EQ(gliederung.Abschnitte[0].Umgebung, std::vector<std::int32_t>{9}); // X is none of 451-92; D is free
     EXPECT_EQ(gliederung.Abschnitte[1].Umgebung, std::vector<std::int32_t>{3});
     EXPECT_EQ(gliederung.Abschnitte[2].Umgebung, (std::vector<std::int32_t>{5, 6, 7}));
     EXPECT_EQ(gliederung.Abschnitte[4].UmgebungAnzahl, 0);

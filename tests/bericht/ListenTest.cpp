@@ -58,17 +58,21 @@ TEST_F(ListenTest, ATerminalSeesNoControls) {
 }
 
 TEST_F(ListenTest, ACodeIsExplained) {
-    EXPECT_EQ(Geschrieben([](Ausgabe& aus) { CodeSchreiben(4504, Sprache::Deutsch, aus); }),
-              "4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\nMengeneinheit (G5:16)\n");
-    EXPECT_EQ(Geschrieben([](Ausgabe& aus) { CodeSchreiben(1001, Sprache::Italienisch, aus); }),
+    EXPECT_EQ(
+        Geschrieben([](Ausgabe& aus) { CodeSchreiben(Erklaerung(4504, Sprache::Deutsch), Sprache::Deutsch, aus); }),
+        "4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\nMengeneinheit (G5:16)\n");
+    EXPECT_EQ(Geschrieben([](Ausgabe& aus) {
+                  CodeSchreiben(Erklaerung(1001, Sprache::Italienisch), Sprache::Italienisch, aus);
+              }),
               "1001\nProblema generale nei parametri di chiamata\n");
 }
 
 TEST_F(ListenTest, ThePageHoldsEachFindingOnceInItsPlainPart) {
     const Austauschdatei datei = Datei({A, G("211001", "6"), Z});
     const Protokoll p = ProtokollMit({R"(L="2" I="241.211.001" N="4611" E="A" F="G6:13")", R"(N="2041" E="B")"});
-    const std::string seite =
-        Geschrieben([&](Ausgabe& aus) { SeiteSchreiben(p, datei, "katalog", Sprache::Deutsch, aus); });
+    const std::string seite = Geschrieben([&](Ausgabe& aus) {
+        SeiteSchreiben(p, datei, {Sprache::Deutsch, "katalog", ""}, aus);
+    });
     EXPECT_NE(seite.find("<li class=\"A\" id=\"c4611\">"), std::string::npos);
     EXPECT_NE(seite.find("<li class=\"B\" id=\"c2041\">"), std::string::npos);
     EXPECT_NE(seite.find("Mengenart (G6:13, Spalte 44)"), std::string::npos);

@@ -13,6 +13,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import urllib.parse
 import xml.etree.ElementTree as ET
 
 ZEPHOLT, BERICHT = sys.argv[-2], sys.argv[-1]
@@ -83,31 +84,77 @@ def listen(ordner):
                 [json.loads(z)["text"] for z in bericht("jsonl", xml, "-l", sprache)[1].splitlines()])
 
 
+def ganzzahl(kleinste):
+    return lambda wert: isinstance(wert, int) and not isinstance(wert, bool) and wert >= kleinste
+
+
+def aus(*werte):
+    return lambda wert: wert in werte
+
+
+def muster(regel):
+    return lambda wert: isinstance(wert, str) and re.fullmatch(regel, wert) is not None
+
+
+def jedes(art, einmalig=False):
+    return lambda wert: isinstance(wert, list) and all(erlaubt(art, w) for w in wert) and (
+        not einmalig or len({json.dumps(w, sort_keys=True) for w in wert}) == len(wert))
+
+
+def eines(art):
+    return lambda wert: erlaubt(art, wert)
+
+
+TEXT = muster(r"(?s).*")
+# What the published schema of SARIF 2.1.0 lays down for the objects that stand here: each permits no other keys than those that
+# it names, of which only these are written; then the keys that it requires.
+SARIF = {
+    "log": ({"$schema": muster(r"https://\S+"), "version": aus("2.1.0"), "runs": jedes("run")}, {"version", "runs"}),
+    "run": ({"tool": eines("tool"), "language": muster(r"[a-zA-Z]{2}(-[a-zA-Z]{2})?"), "columnKind": aus("utf16CodeUnits", "unicodeCodePoints"),
+             "artifacts": jedes("artifact", True), "properties": lambda wert: isinstance(wert, dict), "results": jedes("result")}, {"tool"}),
+    "tool": ({"driver": eines("driver")}, {"driver"}),
+    "driver": ({"name": TEXT, "version": TEXT, "rules": jedes("rule", True)}, {"name"}),
+    "rule": ({"id": TEXT, "shortDescription": eines("text"), "defaultConfiguration": eines("configuration")}, {"id"}),
+    "configuration": ({"level": aus("none", "note", "warning", "error")}, set()),
+    "text": ({"text": TEXT}, {"text"}),
+    "artifact": ({"location": eines("artifactLocation")}, set()),
+    "artifactLocation": ({"uri": muster(r"([A-Za-z0-9._~/-]|%[0-9A-F]{2})*"), "index": ganzzahl(-1)}, set()),
+    "result": ({"ruleId": TEXT, "ruleIndex": ganzzahl(-1), "level": aus("none", "note", "warning", "error"), "message": eines("text"),
+                "locations": jedes("location")}, {"message"}),
+    "location": ({"physicalLocation": eines("physicalLocation"), "logicalLocations": jedes("logicalLocation", True)}, set()),
+    "physicalLocation": ({"artifactLocation": eines("artifactLocation"), "region": eines("region")}, {"artifactLocation"}),
+    "region": ({"startLine": ganzzahl(1), "startColumn": ganzzahl(1), "endColumn": ganzzahl(1)}, set()),
+    "logicalLocation": ({"fullyQualifiedName": TEXT, "kind": TEXT}, set()),
+}
+
+
+def erlaubt(art, objekt):
+    formen, noetig = SARIF[art]
+    return isinstance(objekt, dict) and noetig <= set(objekt) and all(k in formen and formen[k](w) for k, w in objekt.items())
+
+
 def sarif(ordner):
-    """The rules of SARIF 2.1.0 that its schema lays down for what stands here."""
     for name in ("fehlerhaft.01S", "fehlerhaft.E1S", "sauber.01S"):
         datei = QUELLE / "samples" / name
         xml = protokoll(ordner, datei)
         log = json.loads(bericht("sarif", xml, datei)[1])
         fehler = elemente(xml)
-        erwarte("sarif: version", (log["version"], len(log["runs"])), ("2.1.0", 1))
+        erwarte("sarif: the schema's rules", erlaubt("log", log), True)
         lauf = log["runs"][0]
         regeln = lauf["tool"]["driver"]["rules"]
-        erwarte("sarif: keys", set(lauf), {"tool", "language", "columnKind", "artifacts", "properties", "results"})
-        erwarte("sarif: driver", lauf["tool"]["driver"]["name"], "ZEPHOLT")
-        erwarte("sarif: column kind", lauf["columnKind"], "utf16CodeUnits")
         erwarte("sarif: rules are unique", len({r["id"] for r in regeln}), len(regeln))
         erwarte("sarif: results", [r["ruleId"] for r in lauf["results"]], [e.get("N") for e in fehler])
         for ergebnis, e in zip(lauf["results"], fehler):
             erwarte("sarif: rule", regeln[ergebnis["ruleIndex"]]["id"], ergebnis["ruleId"])
             erwarte("sarif: level", ergebnis["level"], "error" if e.get("E") == "A" else "warning")
-            erwarte("sarif: message", bool(ergebnis["message"]["text"]), True)
             ort = ergebnis["locations"][0]["physicalLocation"]
             erwarte("sarif: artifact", lauf["artifacts"][ort["artifactLocation"]["index"]]["location"]["uri"], name)
             bereich = ort.get("region")
             erwarte("sarif: line", bereich and bereich["startLine"], e.get("L") and int(e.get("L")))
             if bereich and "startColumn" in bereich:
                 erwarte("sarif: columns", 1 <= bereich["startColumn"] < bereich["endColumn"] <= 258, True)
+    log["runs"][0]["tool"]["driver"]["rule"] = []
+    erwarte("sarif: a key of none of the schema's", erlaubt("log", log), False)
 
 
 def schema(ordner):
@@ -196,8 +243,72 @@ def seite(ordner):
             re.sub(r"<dt data-t=\"geprueft.*?</div>", "", bericht("html", xml, datei, "-c", KATALOG)[1]))
 
 
+def ablage(ordner):
+    """test: page and protocol beside the file, never over what someone else made, else in the user's folder."""
+    heim = ordner / "heim"
+    heim.mkdir()
+    mauern = ordner / "Mauern ä.01S"
+    shutil.copy(QUELLE / "samples/fehlerhaft.01S", mauern)
+    umgebung = {"HOME": str(heim), "USERPROFILE": str(heim)}
+
+    def pruefe(*dateien, sprache="de", davor=()):
+        lauf = subprocess.run([*davor, *EMULATOR, BERICHT, "test", *map(str, dateien), "-c", KATALOG, "-l", sprache], capture_output=True,
+                              env={**os.environ, "LC_ALL": "de_CH.UTF-8", **umgebung}, check=False)
+        return lauf.returncode, pathlib.PureWindowsPath(lauf.stdout.decode().strip()).name, lauf.stderr.decode()
+
+    def namen(wo):
+        return sorted(p.name for p in wo.iterdir() if p.suffix in (".html", ".xml"))
+
+    erste = ["Mauern ä.01S.bericht.html", "Mauern ä.01S.protokoll.xml"]
+    for _ in range(2):
+        erwarte("beside the file, again in the same place", (pruefe(mauern), namen(ordner)), ((1, erste[0], ""), erste))
+    xml = (ordner / erste[1]).read_bytes()
+    erwarte("the protocol is the program's", re.sub(rb"<Date>.*</Time>", b"", xml),
+            re.sub(rb"<Date>.*</Time>", b"", protokoll(ordner / "heim", QUELLE / "samples/fehlerhaft.01S").read_bytes()))
+    (ordner / erste[1]).write_bytes(xml + b" ")
+    zweite = ["Mauern ä.01S.bericht-2.html", "Mauern ä.01S.protokoll-2.xml"]
+    erwarte("a protocol that was changed stays", (pruefe(mauern), namen(ordner)), ((1, zweite[0], ""), sorted(erste + zweite)))
+    (ordner / erste[0]).write_text("<p>", "utf-8")
+    (ordner / erste[1]).unlink()
+    erwarte("another page stays", (pruefe(mauern)[1], (ordner / erste[0]).read_text("utf-8")), (zweite[0], "<p>"))
+    erwarte("French names", (pruefe(mauern, sprache="fr")[1]), "Mauern ä.01S.rapport.html")
+    erwarte("no such file", pruefe(ordner / "fehlt.01S"), (2, "", f"zepholt-bericht: Die Austauschdatei gibt es nicht: {ordner / 'fehlt.01S'}\n")
+            if not EMULATOR else pruefe(ordner / "fehlt.01S"))
+
+    mehrere = ordner / "mehrere"
+    mehrere.mkdir()
+    for art in ("sauber.01S", "fehlerhaft.E1S"):
+        shutil.copy(QUELLE / "samples" / art, mehrere / art.replace("s", "<s", 1) if not EMULATOR else mehrere / art)
+    dateien = sorted(mehrere.iterdir())
+    status, name, _ = pruefe(*dateien, mehrere / "fehlt.01S")
+    seite_ = (mehrere / "Berichte.html").read_text("utf-8")
+    erwarte("several", (status, name), (2, "Berichte.html"))
+    ziele = re.findall(r'<a href="\./([^"]*)">', seite_)
+    erwarte("several: their pages", sorted(urllib.parse.unquote(z) for z in ziele), [n for n in namen(mehrere) if n != name and n.endswith("html")])
+    erwarte("several: outcomes", re.findall(r"<li class=\"\w+\"><b>([^<]*)", seite_), [
+        {"f": "Fehlerhaft", "s": "In Ordnung", "<": "In Ordnung"}[d.name[0]] for d in dateien] + ["Nicht geprüft"])
+    erwarte("several: headline", re.findall(r"<h1 class=\"viele\">(.*)</h1>", seite_), [
+        '<span class="A">1 nicht geprüft</span>, <span class="A">1 fehlerhaft</span>, <span class="ok">1 in Ordnung</span>'])
+
+    if EMULATOR:
+        return
+    fest = ordner / "fest"
+    fest.mkdir()
+    for art in ("sauber.01S", "sauber.E1S"):
+        shutil.copy(QUELLE / "samples" / art, fest / art)
+    fest.chmod(0o555)
+    davor = ["setpriv", "--bounding-set", "-dac_override"] if os.geteuid() == 0 else []
+    erwarte("a folder that can't be written", (pruefe(fest / "sauber.01S", davor=davor), namen(fest), namen(heim / "ZEPHOLT")),
+            ((0, "sauber.01S.bericht.html", ""), [], ["sauber.01S.bericht.html", "sauber.01S.protokoll.xml"]))
+    erwarte("two in such a folder", (pruefe(fest / "sauber.01S", fest / "sauber.E1S", davor=davor)[1], len(namen(heim / "ZEPHOLT"))), ("Berichte.html", 5))
+    (heim / "ZEPHOLT").chmod(0o555)
+    erwarte("nor the user's folder", (pruefe(fest / "sauber.01S", sprache="it", davor=davor)[0], len(namen(heim / "ZEPHOLT"))), (2, 5))
+    (heim / "ZEPHOLT").chmod(0o755)
+    fest.chmod(0o755)
+
+
 with tempfile.TemporaryDirectory() as name:
-    for pruefung in (status, listen, sarif, schema, aufruf, schlecht, seite):
+    for pruefung in (status, listen, sarif, schema, aufruf, schlecht, seite, ablage):
         unter = pathlib.Path(name) / pruefung.__name__
         unter.mkdir()
         pruefung(unter)
