@@ -9,4 +9,4 @@ PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3 python3-pytest"
 # The slower checks besides: clang, the Windows build, Wine, a display without a screen, and a browser for the
 # pages of the report.
 PAKETE_CI="$PAKETE_TEST git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
-xvfb xdotool openbox chromium nodejs npm"
+xvfb xdotool openbox chromium nodejs npm pngquant"
