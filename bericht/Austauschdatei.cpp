@@ -2,7 +2,6 @@
 
 #include "bericht/Meldungen.h"
 #include "bericht/Zeichen.h"
-#include "intake/UTF8_Speicherung.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
@@ -76,8 +75,12 @@ TextSicht Austauschdatei::Zeile(std::int32_t nummer, std::size_t hoechstens) con
     if (m_text.size() < zeile.size()) {
         m_text.resize(zeile.size());
     }
-    const char16_t* ende = m_istE1S ? Utf8NachUnicode(zeile, m_text.data()) : OemNachAnsi(zeile, m_text.data());
-    const auto laenge = static_cast<std::size_t>(ende - m_text.data());
+    auto laenge = zeile.size();
+    if (m_istE1S) {
+        laenge = static_cast<std::size_t>(Utf8NachUnicode(zeile, m_text.data()) - m_text.data());
+    } else {
+        std::ranges::transform(zeile, m_text.begin(), [this](unsigned char byte) { return m_seite.Zeichen[byte]; });
+    }
     return {m_text.data(), std::min(laenge, hoechstens)};
 }
 

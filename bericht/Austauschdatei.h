@@ -2,6 +2,7 @@
 // their fields. This is the one place of the report that touches the program's own intake.
 #pragma once
 
+#include "intake/UTF8_Speicherung.h"
 #include "state/SIA451Felder.h"
 #include "support/OS_API.h"
 #include "support/Text.h"
@@ -39,6 +40,7 @@ private:
     Bytes m_bytes;
     std::vector<std::size_t> m_anfaenge; // of each line, and behind the last one
     bool m_istE1S;
+    Codeseite m_seite = Codeseite850(); // of a file of the old interface
     std::string m_name;
     mutable std::vector<char16_t> m_text; // of the line in hand
 };

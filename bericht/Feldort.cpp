@@ -22,7 +22,8 @@ struct Feldnummer {
     int Zahl = 0;
     char Buchstabe = '\0';
 
-    auto operator<=>(const Feldnummer&) const = default;
+    // An order: the number, then the letter.
+    std::int64_t Rang() const { return std::int64_t{Zahl} * 256 + static_cast<unsigned char>(Buchstabe); }
 };
 
 std::optional<Feldnummer> NummerAus(std::string_view text) {
@@ -51,7 +52,7 @@ bool Umfasst(std::string_view bereich, std::string_view gesucht) {
     if (von && !bis && strich + 2 == bereich.size()) { // the second letter alone: 24a-d
         bis = Feldnummer{von->Zahl, bereich.back()};
     }
-    return von && bis && *von <= *nummer && *nummer <= *bis;
+    return von && bis && von->Rang() <= nummer->Rang() && nummer->Rang() <= bis->Rang();
 }
 
 std::string_view NummerDer(std::string_view feldbezug) {

@@ -201,7 +201,7 @@ private:
             codes.push_back(code.Code);
         }
         std::ranges::sort(codes);
-        codes.erase(std::ranges::unique(codes).begin(), codes.end());
+        codes.erase(std::unique(codes.begin(), codes.end()), codes.end());
         for (const std::int32_t code : codes) {
             leiste += "<option>" + std::to_string(code) + "</option>";
         }

@@ -20,6 +20,8 @@ ZEPHOLT, BERICHT = sys.argv[-2], sys.argv[-1]
 EMULATOR = sys.argv[1:-2]
 QUELLE = pathlib.Path(__file__).resolve().parents[2]
 KATALOG = QUELLE / "samples/katalog"
+# Wine takes names outside of ASCII only in a locale that the system has.
+os.environ["LC_ALL"] = "C.UTF-8" if EMULATOR else "de_CH.UTF-8"
 FALSCH = 0
 GEPRUEFT = 0
 
@@ -35,7 +37,7 @@ def erwarte(name, ist, soll):
 def bericht(*argumente, umgebung=None):
     """Status, standard output, standard error."""
     lauf = subprocess.run([*EMULATOR, BERICHT, *map(str, argumente)], capture_output=True,
-                          env={**os.environ, "LC_ALL": "de_CH.UTF-8", **(umgebung or {})}, check=False)
+                          env={**os.environ, **(umgebung or {})}, check=False)
     return lauf.returncode, lauf.stdout.decode("utf-8"), lauf.stderr.decode("utf-8")
 
 
@@ -253,7 +255,7 @@ def ablage(ordner):
 
     def pruefe(*dateien, sprache="de", davor=()):
         lauf = subprocess.run([*davor, *EMULATOR, BERICHT, "test", *map(str, dateien), "-c", KATALOG, "-l", sprache], capture_output=True,
-                              env={**os.environ, "LC_ALL": "de_CH.UTF-8", **umgebung}, check=False)
+                              env={**os.environ, **umgebung}, check=False)
         return lauf.returncode, pathlib.PureWindowsPath(lauf.stdout.decode().strip()).name, lauf.stderr.decode()
 
     def namen(wo):

@@ -189,9 +189,9 @@ for (const [breite, schema] of [[320, 'dark'], [1280, 'light']]) {
   const alle = +seiten.find(([datei]) => datei === 'gross.01S')[1];
   erwarte('large: the note', (await seite.textContent('#auszug p')).startsWith(`Hier stehen ${await gezeigt(seite)} von ${zahl(alle)}`), true);
   await seite.click('#schwere button[value=A]');
-  erwarte('large: first step', await seite.locator('#liste .e').count(), 200);
+  erwarte('large: first step', await seite.locator('#liste .s > .e').count(), 200);
   await seite.click('#weiter button >> nth=0');
-  erwarte('large: second step', await seite.locator('#liste .e').count(), 400);
+  erwarte('large: second step', await seite.locator('#liste .s > .e').count(), 400);
   await seite.fill('#position', '241.111.11');
   await seite.waitForFunction(() => document.querySelector('#stand p').textContent.startsWith('1’'));
   await seite.click('#weiter button >> nth=1');
