@@ -56,4 +56,11 @@ tools/haertung_pruefen.sh build/windows/zepholt.exe
 
 stufe "The windows of the Windows program, by clicks and keys"
 tests/fenster/wine_fenster.sh
+
+stufe "Files dropped on zepholt-pruefen under Wine"
+cmake --build --preset debug --target ziehen zepholt zepholt-bericht
+tests/desktop/wine_pruefen.sh
+
+stufe "The pages of the report in Chromium"
+tests/bericht/seiten_pruefen.sh build/release
 stufe "All checks done"

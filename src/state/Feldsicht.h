@@ -38,6 +38,7 @@ public:
 
     constexpr Feldsicht() = default;
     constexpr Feldsicht(const unsigned char* bytes, std::size_t laenge) : m_bytes(bytes), m_mass(laenge * 2) {}
+    constexpr Feldsicht(const char16_t* zeichen, std::size_t laenge) : m_zeichen(zeichen), m_mass(laenge * 2 + 1) {}
 
     // Columns of 16 bits. Implicit, so that a field is compared with a text as it stands.
     constexpr Feldsicht(TextSicht text) : m_zeichen(text.data()), m_mass(text.size() * 2 + 1) {}

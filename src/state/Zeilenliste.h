@@ -21,9 +21,7 @@ public:
 
     // Lines of the buffer `anfang`, the first from column `erste` on; Anfuegen tells where each ends.
     explicit Zeilenliste(const unsigned char* anfang, std::size_t erste = 0) : m_anfang(anfang, 0) { Merke(erste); }
-    explicit Zeilenliste(const char16_t* anfang, std::size_t erste = 0) : m_anfang(TextSicht(anfang, 0)) {
-        Merke(erste);
-    }
+    explicit Zeilenliste(const char16_t* anfang, std::size_t erste = 0) : m_anfang(anfang, 0) { Merke(erste); }
 
     // The line behind the last one: the next begins at `naechste`, counted in columns from the buffer's beginning.
     void Anfuegen(std::size_t naechste) { Merke(naechste); }
@@ -32,7 +30,7 @@ public:
     void Umordnen(std::vector<std::uint32_t> folge) { m_folge = std::move(folge); }
 
     // The same lines in another buffer, at the same places.
-    void Umziehen(const char16_t* anfang) { m_anfang = TextSicht(anfang, 0); }
+    void Umziehen(const char16_t* anfang) { m_anfang = Feldsicht(anfang, 0); }
 
     std::size_t size() const { return m_stellen.empty() ? 0 : m_stellen.size() - 1; }
     bool empty() const { return size() == 0; }

@@ -20,6 +20,14 @@ def pytest_configure(config):
     rahmen.beginne(befehl)
 
 
+def pytest_sessionfinish(session):
+    klagen = [] if session.config.option.collectonly else rahmen.schema_verstoesse()
+    for klage in klagen[:10]:
+        print("\nSCHEMA", klage)
+    if klagen:
+        session.exitstatus = pytest.ExitCode.TESTS_FAILED
+
+
 def pytest_unconfigure():
     rahmen.beende()
 

@@ -4,7 +4,8 @@ that the rules ask for, as worked out by hand.
 A file is a list of records between A and Z; a record is built by satz("G2", {2: "111", 8: "111001"}): the letter, the
 digit for column 42, and fields at columns. A module says its cases one after the other, most by fall() of befunde.py or
 by erwarte(); nothing runs then. `test_name = faelle()` takes all that were said since the last one as the cases of one
-test, each by its own name. lauf() runs the program on a file, befehl() with any arguments.
+test, each by its own name. lauf() runs the program on a file, befehl() with any arguments. What the program
+writes is kept, and at the end all of it must be valid by the schemas of docs/schema.
 """
 import os
 import pathlib
@@ -28,14 +29,16 @@ HAENGT = "no end"
 
 programm = []  # with an emulator in front of it where there is one
 _ordner = None
+_ablage = None  # the folder of what the program wrote
 _offen = []
 
 
 # Cases
 
 def beginne(befehl):
-    global _ordner
+    global _ordner, _ablage
     programm[:] = befehl
+    _ablage = tempfile.TemporaryDirectory(prefix="zepholt-protokolle-")
     _ordner = tempfile.TemporaryDirectory(prefix="zepholt-codes-")
     (ort() / "leer").mkdir()
 
@@ -43,6 +46,7 @@ def beginne(befehl):
 def beende():
     if _ordner:
         _ordner.cleanup()
+        _ablage.cleanup()
 
 
 def ort():
@@ -129,7 +133,35 @@ def befehl(argumente, ausgabe="p.xml", frist=60):
         return ABBRUCH
     if ende.returncode != 0 or ende.stdout or ende.stderr:
         return f"status {ende.returncode}: {ende.stderr!r}{ende.stdout!r}"
-    return ziel.read_bytes().decode("latin-1") if da else NICHTS
+    return behalten(ziel.read_bytes()).decode("latin-1") if da else NICHTS
+
+
+# What the program wrote
+
+SCHEMATA = pathlib.Path(__file__).resolve().parents[2] / "docs/schema"
+_gleiche = set()
+
+
+def behalten(inhalt):
+    """Keeps one file of each content, by the kind that its root element tells."""
+    if hash(inhalt) not in _gleiche:
+        _gleiche.add(hash(inhalt))
+        art = "listen" if b"<ZEPHOLT>" in inhalt[:100] else "protokoll"
+        (pathlib.Path(_ablage.name) / f"{len(_gleiche)}.{art}").write_bytes(inhalt)
+    return inhalt
+
+
+def schema_verstoesse():
+    """What xmllint says of the kept files that aren't valid."""
+    klagen = []
+    for art in ("protokoll", "listen"):
+        dateien = sorted(pathlib.Path(_ablage.name).glob(f"*.{art}"))
+        for weg, endung in (("--relaxng", "rng"), ("--schema", "xsd")):
+            if dateien:
+                lauf_ = subprocess.run(["xmllint", "--noout", "--huge", weg, SCHEMATA / f"{art}.{endung}", *dateien],
+                                       capture_output=True, text=True)
+                klagen += [z for z in lauf_.stderr.splitlines() if not z.endswith(" validates")] if lauf_.returncode else []
+    return klagen
 
 
 def parameter(datei_, sprache="de-", ausgabe="p.xml", katalog="leer", mehr=()):

@@ -1,0 +1,42 @@
+// What the report's program needs of the platform beside the program's own door to it.
+#pragma once
+
+#include "bericht/Meldungen.h"
+#include "support/Text.h"
+
+#include <string_view>
+#include <vector>
+
+namespace zepholt::bericht {
+
+// The arguments of the process behind its own name.
+std::vector<Text> Argumente(int anzahl, char** argumente);
+
+// Bytes to standard output as they are, and text to standard error in a form that its reader understands. False when
+// not all could be written.
+bool StandardausgabeSchreiben(std::string_view bytes);
+void FehlerausgabeSchreiben(std::string_view utf8);
+
+// The language that the user's system asks for; German when it is none of the three.
+Sprache Systemsprache();
+
+// The folder of this program with a path separator behind it, and the name of the program that tests.
+Text EigenerOrdner();
+Text Pruefprogramm();
+
+// The whole path of a file, from the root on.
+Text VollerPfad(const Text& pfad);
+
+// The folder for reports that can't stand beside their exchange file, made if need be, with a path separator behind it:
+// ZEPHOLT among the user's documents, on Linux in the home folder.
+Text Benutzerordner();
+
+// A path in the system's folder for temporary files at which nothing stands.
+Text TemporaererPfad();
+void DateiLoeschen(const Text& pfad);
+
+// Starts a program and waits for its end; a window of this process is painted meanwhile. False when it could not be
+// started.
+bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente);
+
+} // namespace zepholt::bericht
