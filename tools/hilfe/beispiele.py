@@ -9,7 +9,7 @@ from pathlib import Path
 
 from tabellen import ARTEN, SPRACHEN, Fehler
 
-KOPFZEILE = re.compile(r"# ([a-z]+): *(.*)")
+KOPFZEILE = re.compile(r"# ([a-z]+)(?:\.(01S|E1S))?: *(.*)")
 SCHLUESSEL = {"katalog", "folgen", "zeile", "anzahl", "mehr", "rahmen"}
 AUFRUF = "aufruf"
 
@@ -48,10 +48,12 @@ class Beispiel:
         if not any(marke != " " for marke, _ in self.zeilen):
             self.klage("no line is marked with '- ' or '+ '")
 
-    def _kopfzeile(self, schluessel, wert):
+    def _kopfzeile(self, schluessel, art, wert):
+        """"# folgen.E1S:" holds for this kind of file alone."""
         if schluessel not in SCHLUESSEL:
             self.klage(f"'# {schluessel}:' is none of {', '.join(sorted(SCHLUESSEL))}")
-        self.kopf[schluessel] = wert
+        if art in (None, self.art):
+            self.kopf[schluessel] = wert
 
     def klage(self, text):
         raise Fehler(f"{self.pfad.name} [{self.art}]: {text}")

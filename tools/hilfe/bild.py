@@ -70,12 +70,24 @@ def aenderungen(lauf, tabellen, sprache):
         alt, neu = falsch.saetze[i], richtig.saetze[j]
         if SequenceMatcher(None, alt.rstrip(), neu.rstrip()).ratio() < 0.5:
             return []
-        for feld in tabellen.felder_des_records(neu, lauf.art):
+        felder = tabellen.felder_des_records(neu, lauf.art)
+        if _ohne_felder(alt, felder) != _ohne_felder(neu, felder):
+            return []
+        for feld in felder:
             von, bis = feld["spalte"] - 1, feld["spalte"] - 1 + feld["laenge"]
             werte = [satz[von:bis].rstrip() for satz in (alt, neu)]
             if werte[0] != werte[1]:
                 texte.append(_aenderung(feld, *werte, sprache))
     return texte
+
+
+def _ohne_felder(satz, felder):
+    """What stands outside of the fields."""
+    zeichen = list(satz)
+    for feld in felder:
+        von = feld["spalte"] - 1
+        zeichen[von:von + feld["laenge"]] = [" "] * len(zeichen[von:von + feld["laenge"]])
+    return "".join(zeichen).rstrip()
 
 
 def _aenderung(feld, alt, neu, sprache):

@@ -11,6 +11,9 @@ LAENGSTE_SEITE = 60  # lines
 ZEILENBREITE = 130  # columns of a line of prose
 PFLICHT = ("geprueft", "beheben", "herkunft", "dazu", "regel")
 PFLICHT_NIE = ("geprueft", "nie")
+# What a code without a field reference is about, by its stage.
+OHNE_FELD = {"aufruf": "aufruf", "zeichen": "wechselnd", "felder": "wechselnd", "gliederungen": "mehrere",
+             "konditionen": "mehrere", "nachlauf": "position", "katalog": "katalog", "programm": "programm"}
 VERWEIS = re.compile(r"\[(\d{4})\](?!\()")
 LISTE = re.compile(r"- |\d+\. ")
 NUR = re.compile(r"^((?:- |\d+\. )?)\{nur ([\d ]+)\} ?")
@@ -117,7 +120,7 @@ class Seite:
             elif name in self.abschnitte:
                 teile.append(self._abschnitt(titel, self._prosa(self.abschnitte[name])))
             if name == "geprueft" and self.laeufe:
-                teile.append(self._abschnitt(self.w["beispiel"], "\n".join(self._beispiele())))
+                teile.append(self._abschnitt(self.w["beispiel"], self._beispiele()))
         teile.append(self._fuss())
         text = self._verlinkt("\n\n".join(teile)) + "\n"
         laenge = text.count("\n")
@@ -163,8 +166,7 @@ class Seite:
         w, etappe = self.w, self.zeile["etappe"]
         typen = self.tabellen.recordtypen(self.code)
         if not typen:
-            return w.get({"aufruf": "aufruf", "katalog": "katalog", "programm": "programm", "felder": "wechselnd",
-                          "zeichen": "wechselnd", "nachlauf": "katalog"}.get(etappe, "ganze_datei"))
+            return w[OHNE_FELD.get(etappe, "ganze_datei") if self.zeile["ort"] != "ohne" else "ganze_datei"]
         text = f"{w['record'] if len(typen) == 1 else w['records']} {', '.join(typen)}"
         felder = {art: self.tabellen.felder_von(self.code, art) for art in ARTEN}
         lagen = {art: self._lage(zeilen) for art, zeilen in felder.items() if zeilen}
@@ -181,40 +183,49 @@ class Seite:
     # Example
 
     def _beispiele(self):
-        bloecke = {}
+        """The kinds of file together as far as they show the same records."""
+        bilder = {}
         for lauf in self.laeufe:
-            text = self._aufruf(lauf) if lauf.art == AUFRUF else self._dateien(lauf)
-            bloecke.setdefault("\n".join(text), []).append(lauf.art)
+            bild_und_richtig = (self._aufruf(lauf), "") if lauf.art == AUFRUF else self._dateien(lauf)
+            bilder.setdefault(bild_und_richtig, []).append(lauf)
         zeilen = []
-        for text, arten in bloecke.items():
-            if len(bloecke) > 1:
-                zeilen += [f"**{self.w['und'].join(self.w[art] for art in arten)}**", ""]
-            zeilen += text.split("\n")
-        while zeilen and not zeilen[-1]:
-            zeilen.pop()
-        return zeilen
+        for (falsch, richtig), laeufe in bilder.items():
+            if len(bilder) > 1:
+                zeilen += [f"**{self.w['und'].join(self.w[lauf.art] for lauf in laeufe)}**", ""]
+            zeilen += [falsch, "", *self._befunde(laeufe), richtig, ""]
+        return "\n".join(zeilen).strip("\n")
 
     def _dateien(self, lauf):
+        """The wrong records, and the right ones or what changes in them."""
         w = self.w
+        falsch = "\n".join(["```", *bild.block(lauf.falsch, lauf.falsch.gezeigt, w["falsch"]), "```"])
+        if texte := bild.aenderungen(lauf, self.tabellen, self.sprache):
+            return falsch, f"- {w['richtig'].capitalize()}{w['doppelpunkt']} {'; '.join(texte)}."
+        gezeigt = lauf.richtig.markiert or lauf.richtig.gezeigt
+        return falsch, "\n".join(["", "```", *bild.block(lauf.richtig, gezeigt, w["richtig"]), "```"])
+
+    def _befunde(self, laeufe):
+        """What the protocol says of these files: one line where it says the same of all."""
+        texte = {}
+        for lauf in laeufe:
+            if lauf.art != AUFRUF:
+                texte.setdefault(self._befund(lauf), []).append(self.w[lauf.art])
+        return [f"- {self.w['protokoll']}{f' ({arten[0]})' if len(texte) > 1 else ''}{self.w['doppelpunkt']} {text}"
+                for text, arten in texte.items()]
+
+    def _befund(self, lauf):
         befunde = lauf.falsch.befunde[self.sprache]
         eigener = next(e for e in befunde if f'N="{lauf.code}"' in e)
         andere = sorted({int(n) for e in befunde for n in re.findall(r'N="(\d+)"', e)} - {lauf.code})
-        zeilen = ["```", *bild.block(lauf.falsch, lauf.falsch.gezeigt, w["falsch"]), "```", "",
-                  f"- {w['protokoll']}{w['doppelpunkt']} `{eigener}`"]
-        if andere:
-            zeilen[-1] += f" {w['auch']} {', '.join(f'[{code}]' for code in andere)}."
-        texte = bild.aenderungen(lauf, self.tabellen, self.sprache)
-        if texte:
-            return [*zeilen, f"- {w['richtig'].capitalize()}{w['doppelpunkt']} {'; '.join(texte)}.", ""]
-        gezeigt = lauf.richtig.markiert or lauf.richtig.gezeigt
-        return [*zeilen, "", "```", *bild.block(lauf.richtig, gezeigt, w["richtig"]), "```", ""]
+        dazu = f" {self.w['auch']} {', '.join(f'[{code}]' for code in andere)}." if andere else ""
+        return f"`{eigener}`{dazu}"
 
     def _aufruf(self, lauf):
         w = self.w
         falsch, richtig = (lauf.aufrufe[n].replace("dialog=de ", f"dialog={self.sprache} ") for n in ("falsch", "richtig"))
         rand = max(len(w["falsch"]), len(w["richtig"])) + 1
-        return ["```", f"{w['falsch']:{rand}} {falsch}", f"{w['richtig']:{rand}} {richtig}", "```", "",
-                f"{w['meldung']}{w['doppelpunkt']} {self.zeile['texte'][self.sprache]}", ""]
+        return "\n".join(["```", f"{w['falsch']:{rand}} {falsch}", f"{w['richtig']:{rand}} {richtig}", "```", "",
+                          f"{w['meldung']}{w['doppelpunkt']} {self.zeile['texte'][self.sprache]}"])
 
     # Links
 
