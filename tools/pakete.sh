@@ -1,11 +1,11 @@
 # The Debian packages that each job needs; sourced by the scripts.
 
-# To build the program with its window, and to read a protocol as a list.
-PAKETE_BAU="g++ cmake ninja-build qt6-base-dev libxcb1-dev xmlstarlet"
+# To build the program with its window and the pages of the codes, and to read a protocol as a list.
+PAKETE_BAU="g++ cmake ninja-build qt6-base-dev libxcb1-dev xmlstarlet python3 python3-markdown"
 
 # The tests besides.
-PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3 python3-pytest"
+PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest"
 
-# The slower checks besides: clang, the Windows build, Wine and a display without a screen.
+# The slower checks besides: clang, the Windows build, Wine, a display without a screen, and a browser for the pages.
 PAKETE_CI="$PAKETE_TEST git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
-xvfb xdotool openbox"
+xvfb xdotool openbox chromium nodejs npm"

@@ -44,4 +44,6 @@ tools/windows_pruefen.sh
 
 stufe "The windows of the Windows program, by clicks and keys"
 tests/fenster/wine_fenster.sh
+stufe "The pages of the codes in Chromium"
+tests/hilfe/seiten_pruefen.sh build/debug
 stufe "All checks done"

@@ -15,6 +15,7 @@ PFLICHT_NIE = ("geprueft", "nie")
 OHNE_FELD = {"aufruf": "aufruf", "zeichen": "wechselnd", "felder": "wechselnd", "gliederungen": "mehrere",
              "konditionen": "mehrere", "nachlauf": "position", "katalog": "katalog", "programm": "programm"}
 VERWEIS = re.compile(r"\[(\d{4})\](?!\()")
+KLEBER = "\x00"
 LISTE = re.compile(r"- |\d+\. ")
 NUR = re.compile(r"^((?:- |\d+\. )?)\{nur ([\d ]+)\} ?")
 
@@ -24,7 +25,9 @@ def _gefuellt(zeilen):
     text = " ".join(" ".join(zeilen).split())
     marke = LISTE.match(text)
     einzug = " " * len(marke[0]) if marke else ""
-    return textwrap.wrap(text, ZEILENBREITE, subsequent_indent=einzug, break_long_words=False, break_on_hyphens=False)
+    text = re.sub(r" (?=(?:[-+*]|\d+\.) )", KLEBER, text)  # no line of a paragraph begins like an item
+    zeilen = textwrap.wrap(text, ZEILENBREITE, subsequent_indent=einzug, break_long_words=False, break_on_hyphens=False)
+    return [zeile.replace(KLEBER, " ") for zeile in zeilen]
 
 
 class Texte:

@@ -27,14 +27,15 @@ class Tabellen:
         return _typen(self.zeile(code)["feld"].partition(":")[0], self._alle_typen())
 
     def felder_von(self, code, art):
-        """The layout rows that the code's reference names in a kind of file."""
+        """The layout rows that the code's reference names in a kind of file; "C1:15" is the row "C1:15-16"."""
         bezug, _, felder = self.zeile(code)["feld"].partition(":")
         typen = _typen(bezug, self._alle_typen())
         if not felder:
             return []
         gesucht = {f"{typ}:{feld}" for typ in typen for feld in _felder(felder)}
         gesucht |= {f"{typ}:{felder}" for typ in typen}
-        return [zeile for zeile in self.felder[art] if zeile["feld"] in gesucht]
+        return ([zeile for zeile in self.felder[art] if zeile["feld"] in gesucht] or
+                [zeile for zeile in self.felder[art] if zeile["feld"].partition("-")[0] in gesucht])
 
     def felder_des_records(self, satz, art):
         typ = satz[:1] if satz[:1] in "AZ" else satz[:1] + satz[41:42]
