@@ -14,7 +14,7 @@ def verzeichnisse(tabellen, sprache):
 
 def _seite(datei, gruppen, tabellen, sprache):
     w = WOERTER[sprache]
-    kopf = [f"# {w['titel']}: {w[DATEIEN[datei]].lower()}", "",
+    kopf = [f"# {w['titel']}{w['doppelpunkt']} {w[DATEIEN[datei]].lower()}", "",
             " · ".join(f"[{w[name]}]({ziel})" if ziel != datei else w[name] for ziel, name in DATEIEN.items())]
     for titel, codes in gruppen.items():
         kopf += ["", f"## {titel}", ""] + [_eintrag(code, tabellen, sprache) for code in codes]
@@ -24,8 +24,8 @@ def _seite(datei, gruppen, tabellen, sprache):
 def _eintrag(code, tabellen, sprache):
     zeile = tabellen.zeile(code)
     zusatz = f" ({WOERTER[sprache]['nie_kurz']})" if zeile["gemeldet"] != "ja" else ""
-    feld = f", {zeile['feld']}" if zeile["feld"] else ""
-    return f"- [{code}]({code}.md) {zeile['schwere'] or '–'}{feld}: {zeile['texte'][sprache].strip()}{zusatz}"
+    worte = [f"[{code}]({code}.md)", zeile["schwere"], zeile["feld"], zeile["texte"][sprache].strip() + zusatz]
+    return "- " + " · ".join(wort for wort in worte if wort)
 
 
 def _nach_nummer(tabellen):

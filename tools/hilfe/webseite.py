@@ -106,7 +106,7 @@ def _suchworte(text):
 
 def _suche(verzeichnis, seiten):
     """The data of the search: code, field, message, text of the page; the codes are those of the index by number."""
-    eintraege = re.findall(r"^- \[(\d+)\]\([^)]*\) .(?:, ([^ :]+:?[^ :]*))?: (.*)$", verzeichnis, flags=re.MULTILINE)
+    eintraege = re.findall(r"^- \[(\d+)\]\([^)]*\)(?: · [AB])?(?: · (\S+))? · (.*)$", verzeichnis, flags=re.MULTILINE)
     zeilen = [[int(code), feld, text, _suchworte(seiten.get(code, ""))] for code, feld, text in eintraege]
     return "const CODES = " + json.dumps(zeilen, ensure_ascii=False, separators=(",", ":")) + ";\n"
 
