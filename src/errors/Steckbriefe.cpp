@@ -279,7 +279,7 @@ constexpr Steckbrief Tabelle[] = {
 // clang-format on
 
 constexpr bool Bekannt(std::int32_t code) {
-    return std::ranges::any_of(Tabelle, [code](const Steckbrief& zeile) { return zeile.Code == code; });
+    return std::ranges::binary_search(Tabelle, code, {}, &Steckbrief::Code);
 }
 
 // Codes ascend; a code that no run reports has no file, no place and no followers; followers are codes of the table

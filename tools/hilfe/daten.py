@@ -21,6 +21,8 @@ namespace zepholt::hilfe {{
 
 namespace {{
 
+using namespace std::string_view_literals;
+
 constexpr Codeseite Seiten[] = {{
 {zeilen}}};
 
@@ -54,5 +56,5 @@ def _texte(pfad, sprache):
 
 
 def _literal(text):
-    """A C++ literal; raw ones end at their mark, which no page holds."""
-    return f'R"~~({text})~~"'
+    """A C++ literal that knows its length; raw ones end at their mark, which no page holds."""
+    return f'R"~~({text})~~"sv'
