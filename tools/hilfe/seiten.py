@@ -13,7 +13,7 @@ PFLICHT = ("geprueft", "beheben", "herkunft", "dazu", "regel")
 PFLICHT_NIE = ("geprueft", "nie")
 # What a code without a field reference is about, by its stage.
 OHNE_FELD = {"aufruf": "aufruf", "zeichen": "wechselnd", "felder": "wechselnd", "gliederungen": "mehrere",
-             "konditionen": "mehrere", "nachlauf": "position", "katalog": "katalog", "programm": "programm"}
+             "konditionen": "kondition", "nachlauf": "position", "katalog": "katalog", "programm": "programm"}
 VERWEIS = re.compile(r"\[(\d{4})\](?!\()")
 KLEBER = "\x00"
 LISTE = re.compile(r"- |\d+\. ")
@@ -25,7 +25,8 @@ def _gefuellt(zeilen):
     text = " ".join(" ".join(zeilen).split())
     marke = LISTE.match(text)
     einzug = " " * len(marke[0]) if marke else ""
-    text = re.sub(r" (?=(?:[-+*]|\d+\.) )", KLEBER, text)  # no line of a paragraph begins like an item
+    # No line of a paragraph begins like an item, or with the mark of a French sentence.
+    text = re.sub(r" (?=(?:[-+*]|\d+\.) |[;:?!»])", KLEBER, text)
     zeilen = textwrap.wrap(text, ZEILENBREITE, subsequent_indent=einzug, break_long_words=False, break_on_hyphens=False)
     return [zeile.replace(KLEBER, " ") for zeile in zeilen]
 
@@ -203,7 +204,7 @@ class Seite:
         w = self.w
         falsch = "\n".join(["```", *bild.block(lauf.falsch, lauf.falsch.gezeigt, w["falsch"]), "```"])
         if texte := bild.aenderungen(lauf, self.tabellen, self.sprache):
-            return falsch, f"- {w['richtig'].capitalize()}{w['doppelpunkt']} {'; '.join(texte)}."
+            return falsch, f"- {w['richtig'].capitalize()}{w['doppelpunkt']} {w['strichpunkt'].join(texte)}."
         gezeigt = lauf.richtig.markiert or lauf.richtig.gezeigt
         return falsch, "\n".join(["", "```", *bild.block(lauf.richtig, gezeigt, w["richtig"]), "```"])
 

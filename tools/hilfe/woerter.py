@@ -11,7 +11,7 @@ ABSCHNITTE = {
 
 WOERTER = {
     "de": {
-        "doppelpunkt": ":", "sprache": "Deutsch", "titel": "Die Fehlercodes erklärt", "alle": "Alle Codes",
+        "strichpunkt": "; ", "kondition": "Record C1", "doppelpunkt": ":", "sprache": "Deutsch", "titel": "Die Fehlercodes erklärt", "alle": "Alle Codes",
         "schwere": "Schwere", "A": "A, Fehler", "B": "B, Warnung", "": "keine: der Aufruf endet mit einer Meldung",
         "betrifft": "Betrifft", "record": "Record", "records": "Records", "feld": "Feld", "spalte": "Spalte",
         "spalten": "Spalten", "wechselnd": "das Feld, das im Protokoll steht", "ganze_datei": "die Datei als Ganzes",
@@ -25,7 +25,7 @@ WOERTER = {
         "ohne_feld": "ohne Feld", "nie_kurz": "nie gemeldet",
     },
     "fr": {
-        "doppelpunkt": "\u00a0:", "sprache": "Français", "titel": "Les codes d’erreur expliqués", "alle": "Tous les codes",
+        "strichpunkt": " ; ", "kondition": "Enregistrement C1", "doppelpunkt": "\u00a0:", "sprache": "Français", "titel": "Les codes d’erreur expliqués", "alle": "Tous les codes",
         "schwere": "Gravité", "A": "A, erreur", "B": "B, avertissement", "": "aucune : l’appel se termine par un message",
         "betrifft": "Concerne", "record": "enregistrement", "records": "enregistrements", "feld": "champ",
         "spalte": "colonne", "spalten": "colonnes", "wechselnd": "le champ indiqué dans le journal",
@@ -40,7 +40,7 @@ WOERTER = {
         "nach_etappe": "Par étape", "ohne_feld": "sans champ", "nie_kurz": "jamais signalé",
     },
     "it": {
-        "doppelpunkt": ":", "sprache": "Italiano", "titel": "I codici di errore spiegati", "alle": "Tutti i codici",
+        "strichpunkt": "; ", "kondition": "Record C1", "doppelpunkt": ":", "sprache": "Italiano", "titel": "I codici di errore spiegati", "alle": "Tutti i codici",
         "schwere": "Gravità", "A": "A, errore", "B": "B, avviso", "": "nessuna: la chiamata termina con un messaggio",
         "betrifft": "Riguarda", "record": "record", "records": "record", "feld": "campo", "spalte": "colonna",
         "spalten": "colonne", "wechselnd": "il campo indicato nel protocollo", "ganze_datei": "il file nel suo insieme",
