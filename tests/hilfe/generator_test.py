@@ -128,3 +128,10 @@ def test_codes_that_share_their_text_keep_their_own_lines(wurzel):
     assert "Record G3 gehört" in seiten["4302"] and "Record G4 gehört" in seiten["4402"]
     assert "[4301](4301.md)" in seiten["4302"] and "[4301](4301.md)" not in seiten["4402"]
     assert not any("{" in text for text in seiten.values())
+
+
+def test_a_number_at_the_beginning_of_a_line_is_no_item(wurzel):
+    ersetze("texte/de/4214.md", "die Nummer also unter 100000 liegt. Das gilt", "die Nummer also unter\n100000. Das gilt")(wurzel)
+    hilfe(wurzel, "seiten", *CODES)
+    absatz = " ".join((wurzel / "docs/codes/de/4214.md").read_text(encoding="utf-8").split())
+    assert "also unter 100000. Das gilt" in absatz and "<" not in absatz.partition("## Beispiel")[0]

@@ -16,7 +16,7 @@ OHNE_FELD = {"aufruf": "aufruf", "zeichen": "wechselnd", "felder": "wechselnd", 
              "konditionen": "kondition", "nachlauf": "position", "katalog": "katalog", "programm": "programm"}
 VERWEIS = re.compile(r"\[(\d{4})\](?!\()")
 KLEBER = "\x00"
-LISTE = re.compile(r"- |\d+\. ")
+LISTE = re.compile(r"- |\d{1,2}\. ")
 NUR = re.compile(r"^((?:- |\d+\. )?)\{nur ([\d ]+)\} ?")
 
 
