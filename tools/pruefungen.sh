@@ -63,4 +63,7 @@ tests/desktop/wine_pruefen.sh
 
 stufe "The pages of the report in Chromium"
 tests/bericht/seiten_pruefen.sh build/release
+
+stufe "The pages of the codes in Chromium"
+tests/hilfe/seiten_pruefen.sh build/debug
 stufe "All checks done"

@@ -38,11 +38,11 @@ done < <(sed -nE '/^## The protocol/,/^\|/s/^    (<.*)/\1/p' "$quelle/README.md"
 
 # --- Links and paths
 cd "$quelle" || exit 1
-for text in README.md CONTRIBUTING.md CHANGELOG.md docs/*.md; do
+for text in README.md CONTRIBUTING.md CHANGELOG.md docs/*.md hilfe/*.md; do
     for ziel in $(grep -oE '\]\([^)#:]+\)' "$text" | sed -E 's/^\]\(|\)$//g'); do
         [ -e "$(dirname "$text")/$ziel" ] || klage "$text links to $ziel, which does not exist"
     done
-    for pfad in $(grep -oE '`(src|tests|tools|docs|bench|samples|cmake)/[A-Za-z0-9_./*-]*' "$text" | tr -d '`'); do
+    for pfad in $(grep -oE '`(src|tests|tools|docs|bench|samples|cmake|hilfe)/[A-Za-z0-9_./*-]*' "$text" | tr -d '`'); do
         compgen -G "$pfad" >/dev/null || klage "$text names $pfad, which does not exist"
     done
 done
