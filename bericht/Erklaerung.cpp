@@ -3,6 +3,7 @@
 #include "bericht/Feldangabe.h"
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERL.h"
+#include "hilfe/Codeseiten.h"
 
 namespace zepholt::bericht {
 
@@ -13,6 +14,10 @@ CodeErklaerung Erklaerung(std::int32_t code, Sprache sprache) {
     erklaerung.Text = Utf8(FehlerText(code, Tabellensprache(sprache)));
     erklaerung.Feld = Utf8(FehlerFeld(code));
     erklaerung.Feldname = FeldangabeVon(erklaerung.Feld, {}, sprache).Name;
+    if (const hilfe::Codeseite* seite = hilfe::CodeseiteLesen(code)) {
+        const std::string_view text = seite->Texte[static_cast<std::size_t>(Tabellensprache(sprache) - 1)].Text;
+        erklaerung.Seite = text.substr(text.find('\n') + 1);
+    }
     return erklaerung;
 }
 

@@ -172,6 +172,7 @@ void CodeSchreiben(const CodeErklaerung& erklaerung, Sprache sprache, Ausgabe& a
         text +=
             (erklaerung.Feldname.empty() ? erklaerung.Feld : erklaerung.Feldname + " (" + erklaerung.Feld + ")") + "\n";
     }
+    text += erklaerung.Seite;
     ausgabe.Schreiben(text);
 }
 

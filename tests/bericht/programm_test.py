@@ -192,7 +192,11 @@ def aufruf(ordner):
     for option in ("--help", "-h", "--version", "-V"):
         ergebnis, aus, fehler = bericht(option)
         erwarte(option, (ergebnis, aus.startswith("zepholt-bericht"), fehler), (0, True, ""))
-    erwarte("code", bericht("code", "4504"), (0, "4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\nMengeneinheit (G5:16)\n", ""))
+    ergebnis, aus, fehler = bericht("code", "4504")
+    anfang = "4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\nMengeneinheit (G5:16)\n\n"
+    erwarte("code", (ergebnis, aus[:len(anfang)], fehler), (0, anfang, ""))
+    for sprache, abschnitt in (("de", "## So beheben Sie es"), ("fr", "## Comment corriger"), ("it", "## Come correggere")):
+        erwarte(f"code, explained in {sprache}", abschnitt in bericht("code", "4504", "-l", sprache)[1].splitlines(), True)
     erwarte("options behind the words", bericht("verdict", xml, "--language=fr")[0], 0)
 
 
