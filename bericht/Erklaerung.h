@@ -15,7 +15,8 @@ struct CodeErklaerung {
     std::string Text;    // the message
     std::string Feld;    // the reference of its field, or empty
     std::string Feldname;
-    std::string_view Seite; // its page as text (Markdown) behind the title: what is tested, an example, how to repair it
+    std::string_view
+        Seite; // its page as text (Markdown) behind the title: what is tested, an example, how to repair it
 };
 
 // What is known of a code that the table has, in a language. The field is named as the interface that is set has it.
