@@ -4,6 +4,7 @@
 #include "bericht/Austauschdatei.h"
 #include "bericht/Protokolldatei.h"
 #include "hilfen/Testordner.h"
+#include "run/NeuerLauf.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,10 @@ namespace zepholt::bericht {
 
 class Berichtstest : public testing::Test {
 protected:
-    Berichtstest() { SchnittstelleSetzen(false); }
+    Berichtstest() {
+        NeuerLauf();
+        SchnittstelleSetzen(false);
+    }
 
     // A record out of texts at columns.
     static std::string Satz(std::initializer_list<std::pair<std::size_t, std::string_view>> felder) {

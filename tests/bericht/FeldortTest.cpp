@@ -3,6 +3,7 @@
 #include "bericht/Feldangabe.h"
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERLTexte.h"
+#include "run/NeuerLauf.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,10 @@ namespace {
 
 class FeldortTest : public testing::Test {
 protected:
-    FeldortTest() { SchnittstelleSetzen(true); }
+    FeldortTest() {
+        NeuerLauf();
+        SchnittstelleSetzen(true);
+    }
 
     static std::string Ort(std::string_view feld, std::string_view typ) {
         return Ortskuerzel(FeldortVon(feld, LayoutsDesTyps(typ)));

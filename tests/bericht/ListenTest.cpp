@@ -58,13 +58,17 @@ TEST_F(ListenTest, ATerminalSeesNoControls) {
 }
 
 TEST_F(ListenTest, ACodeIsExplained) {
-    EXPECT_EQ(
-        Geschrieben([](Ausgabe& aus) { CodeSchreiben(Erklaerung(4504, Sprache::Deutsch), Sprache::Deutsch, aus); }),
-        "4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\nMengeneinheit (G5:16)\n");
-    EXPECT_EQ(Geschrieben([](Ausgabe& aus) {
-                  CodeSchreiben(Erklaerung(1001, Sprache::Italienisch), Sprache::Italienisch, aus);
-              }),
-              "1001\nProblema generale nei parametri di chiamata\n");
+    const auto erklaert = [this](std::int32_t code, Sprache sprache) {
+        return Geschrieben([&](Ausgabe& aus) { CodeSchreiben(Erklaerung(code, sprache), sprache, aus); });
+    };
+    const std::string deutsch = erklaert(4504, Sprache::Deutsch);
+    EXPECT_TRUE(deutsch.starts_with("4504  Fehler (A)\nMengeneinheit ist nicht zulässig gemäss UbR\n"
+                                    "Mengeneinheit (G5:16)\n\n|"))
+        << deutsch;
+    EXPECT_NE(deutsch.find("\n## So beheben Sie es\n"), std::string::npos);
+    const std::string italienisch = erklaert(1001, Sprache::Italienisch);
+    EXPECT_TRUE(italienisch.starts_with("1001\nProblema generale nei parametri di chiamata\n\n|")) << italienisch;
+    EXPECT_NE(italienisch.find("\n## Come correggere\n"), std::string::npos);
 }
 
 TEST_F(ListenTest, ThePageHoldsEachFindingOnceInItsPlainPart) {

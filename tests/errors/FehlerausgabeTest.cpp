@@ -4,6 +4,7 @@
 #include "errors/FehlerERL.h"
 #include "hilfen/Zeilenbau.h"
 #include "hilfen/Zeilenpuffer.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "support/tqXML.h"
 
@@ -19,7 +20,7 @@ using namespace hilfen;
 class FehlerausgabeTest : public ::testing::Test {
 protected:
     FehlerausgabeTest() {
-        testDaten = {};
+        NeuerLauf();
         testDaten.Sprache = 1;
         testDaten.Revision = 21;
         testDaten.IstE1S = true;

@@ -4,6 +4,7 @@
 #include "errors/TestFehler.h"
 #include "hilfen/Zeilenbau.h"
 #include "hilfen/Zeilenpuffer.h"
+#include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
@@ -25,8 +26,7 @@ protected:
     static constexpr std::size_t Zeilen = 1'200'000;
 
     FehlerfolgeTest() {
-        testDaten = {};
-        FehlerLoeschen();
+        NeuerLauf();
         m_zeilen.Beginne();
         for (std::int32_t i = 0; i < static_cast<std::int32_t>(Zeilen); ++i) {
             m_zeilen.Anfuegen(i % 2 == 0 ? u"G" : u"B");
