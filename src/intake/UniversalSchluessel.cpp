@@ -145,15 +145,9 @@ std::array<Spalte, Ordnungsspalten> SpaltenVon(const Spalte* zeile, std::size_t 
         }
         return spalten;
     }
-    if (laenge >= 42) { // as nearly every line: lengths that the compiler knows
-        std::copy_n(zeile, 4, spalten.begin());
-        std::copy_n(zeile + 7, 6, spalten.begin() + 4);
-        spalten[10] = zeile[41];
-        std::copy_n(zeile + 13, 4, spalten.begin() + 11);
-        return spalten;
-    }
     kopiere(0, 0, 4);
     kopiere(4, 7, 6);
+    kopiere(10, 41, 1);
     kopiere(11, 13, 4);
     return spalten;
 }
@@ -168,11 +162,30 @@ Ordnung Gepackt(const std::array<Spalte, Ordnungsspalten>& spalten) {
     return ordnung;
 }
 
+// Bytes as a number, the first the highest.
+template <std::size_t Anzahl>
+std::uint64_t Absteigend(const unsigned char* bytes) {
+    std::uint64_t zahl = 0;
+    for (std::size_t i = 0; i < Anzahl; ++i) {
+        zahl = zahl << 8 | bytes[i];
+    }
+    return zahl;
+}
+
+// The same of a line of bytes with a key of its own and all columns of it, as nearly every line has.
+Ordnung OrdnungDerLangen(const unsigned char* zeile) {
+    return {Absteigend<4>(zeile) << 32 | Absteigend<4>(zeile + 7),
+            Absteigend<2>(zeile + 11) << 48 | Absteigend<1>(zeile + 41) << 40 | Absteigend<4>(zeile + 13) << 8 | ' '};
+}
+
 Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
     if (zeile.IstBreit()) {
         return Gepackt(SpaltenVon(zeile.Zeichen(), zeile.size(), nummer));
     }
-    const Ordnung ordnung = Gepackt(SpaltenVon(zeile.Bytes(), zeile.size(), nummer));
+    constexpr std::size_t LetzteSpalte = 42;
+    const Ordnung ordnung = zeile.size() >= LetzteSpalte && !IstEDURecord(zeile)
+                                ? OrdnungDerLangen(zeile.Bytes())
+                                : Gepackt(SpaltenVon(zeile.Bytes(), zeile.size(), nummer));
     if (((ordnung[0] | ordnung[1]) & JedesHoheBit) == 0) {
         return ordnung; // ASCII is in its order
     }
@@ -291,7 +304,8 @@ std::int32_t ZweiteZeileMit(const Schluessel& schluessel, const Zeilenliste& zei
 } // namespace
 
 bool IstEDURecord(Feldsicht zeile) {
-    return zeile.starts_with(u'E') || zeile.starts_with(u'D') || zeile.starts_with(u'U');
+    const char16_t typ = zeile.empty() ? u' ' : zeile.front();
+    return typ == u'E' || typ == u'D' || typ == u'U';
 }
 
 Text UniversalSchluessel(Feldsicht zeile) {

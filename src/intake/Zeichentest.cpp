@@ -64,11 +64,21 @@ bool IstErlaubt(char16_t zeichen) {
     return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.IstErlaubt.test(zeichen);
 }
 
+// True when printable ASCII, which is permitted everywhere, stands in all columns. No early end: many columns at a
+// time.
+bool NurAscii(Feldsicht spalten) {
+    return spalten.MitSpalten([&spalten](const auto* spalte) {
+        unsigned char andere = 0;
+        for (std::size_t i = 0; i < spalten.size(); ++i) {
+            andere |= static_cast<unsigned char>((spalte[i] < ' ') | (spalte[i] > '~'));
+        }
+        return andere == 0;
+    });
+}
+
 // A record E, D or U: no layout, and any code that one byte of text can have.
 void PruefeFreieZeichen() {
-    const Satz& record = testDaten.Record;
-    const bool nurAscii = record.size() <= Recordlaenge && record.Arten().Besonderes.empty();
-    if (!InUtf8() && !nurAscii) {
+    if (!InUtf8() && !NurAscii(testDaten.Record)) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
         PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
     }
@@ -80,17 +90,15 @@ bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
     if (!record.Arten().Gefuellt.Ohne(felder).empty()) {
         return false;
     }
-    const Spaltenmenge& besonderes = record.Arten().Besonderes; // printable ASCII is always permitted
-    for (std::int32_t wort = 0; wort < 4; ++wort) {
-        std::uint64_t rest = besonderes.Worte[static_cast<std::size_t>(wort)];
-        for (; rest != 0; rest &= rest - 1) {
-            const std::int32_t spalte = wort * Spaltenmenge::Wortbreite + std::countr_zero(rest);
-            if (!IstErlaubt(record[static_cast<std::size_t>(spalte)])) {
-                return false;
-            }
-        }
+    const Feldsicht spalten = Feld(record, 1, Recordlaenge);
+    if (NurAscii(spalten)) {
+        return true;
     }
-    return true;
+    std::size_t i = 0;
+    while (i < spalten.size() && IstErlaubt(spalten[i])) {
+        ++i;
+    }
+    return i == spalten.size();
 }
 
 } // namespace
