@@ -31,7 +31,11 @@ std::int32_t TageSeit1970(std::int32_t jahr, std::int32_t monat, std::int32_t ta
 } // namespace
 
 void LeeresFeldMelden(std::int32_t spalte, Pflicht pflicht) {
-    FehlerHinzufuegen(pflicht == Zwingend ? 3002 : 3003, spalte);
+    if (pflicht == Zwingend) {
+        FehlerHinzufuegen(3002, spalte);
+    } else if (pflicht == Erwartet) {
+        FehlerHinzufuegen(3003, spalte);
+    }
 }
 
 Feldsicht GefuellterText(std::int32_t spalte, std::int32_t laenge) {

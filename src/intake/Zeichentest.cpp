@@ -84,6 +84,22 @@ void PruefeFreieZeichen() {
     }
 }
 
+// Looks at the characters only where they are no ASCII.
+bool NurErlaubte(Feldsicht spalten) {
+    constexpr std::size_t Stueck = 16;
+    for (std::size_t ab = 0; ab < spalten.size(); ab += Stueck) {
+        const Feldsicht stueck = spalten.substr(ab, Stueck);
+        std::size_t i = NurAscii(stueck) ? stueck.size() : 0;
+        while (i < stueck.size() && IstErlaubt(stueck[i])) {
+            ++i;
+        }
+        if (i < stueck.size()) {
+            return false;
+        }
+    }
+    return true;
+}
+
 // True when each character of the record is permitted and each stands in a field: then no field's test has anything to
 // report.
 bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
@@ -91,14 +107,7 @@ bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
         return false;
     }
     const Feldsicht spalten = Feld(record, 1, Recordlaenge);
-    if (NurAscii(spalten)) {
-        return true;
-    }
-    std::size_t i = 0;
-    while (i < spalten.size() && IstErlaubt(spalten[i])) {
-        ++i;
-    }
-    return i == spalten.size();
+    return NurAscii(spalten) || NurErlaubte(spalten);
 }
 
 } // namespace

@@ -43,11 +43,14 @@ void WortEinteilen(const unsigned char* bytes, std::size_t davor, std::size_t wo
 
 // Nothing behind the record is read.
 void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
-    if (record.IstBreit()) {
-        return SpaltenEinzelnEinteilen(record, arten);
-    }
     arten = {};
     const std::size_t laenge = std::min<std::size_t>(record.size(), Spaltenmenge::Spalten);
+    if (record.IstBreit()) { // what is no ASCII is neither a blank nor a digit
+        std::array<unsigned char, Spaltenmenge::Spalten> schmal;
+        std::transform(record.Zeichen(), record.Zeichen() + laenge, schmal.begin(),
+                       [](char16_t z) { return static_cast<unsigned char>(z < 0x80 ? z : 0x80); });
+        return SpaltenEinteilen(Feldsicht(schmal.data(), laenge), arten);
+    }
     if (laenge < Wortbreite) {
         std::array<unsigned char, Wortbreite> kurzer;
         kurzer.fill(' ');
