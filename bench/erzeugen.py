@@ -275,7 +275,7 @@ def konditionen(d, n):
 
 def texte(d, n, text):
     """Positions with a text of their own each, `text(i)`."""
-    je = 90
+    je = 1 + n // len(KAPITEL)
     nummern = list(positionsnummern(je))
     for i in range(n):
         k = KAPITEL[i // je]

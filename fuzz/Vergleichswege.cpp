@@ -72,8 +72,7 @@ void PruefeDekodierung(const std::vector<Text>& zeilen) {
 // --- Columns ---------------------------------------------------------------------------------------------------------
 
 bool Gleich(const Spaltenarten& a, const Spaltenarten& b) {
-    return a.Gefuellt.Worte == b.Gefuellt.Worte && a.Ziffern.Worte == b.Ziffern.Worte &&
-           a.Besonderes.Worte == b.Besonderes.Worte;
+    return a.Gefuellt.Worte == b.Gefuellt.Worte && a.Ziffern.Worte == b.Ziffern.Worte;
 }
 
 // The kinds of a line's columns, found many at a time and one by one, a byte and 16 bits a column.

@@ -1,6 +1,5 @@
 #include "doctest/Feldregeln.h"
 
-#include "doctest/Feldpruefung.h"
 #include "errors/TestFehler.h"
 #include "state/TestDaten.h"
 
@@ -15,11 +14,6 @@ std::int32_t ReihenfolgeFeld(std::int32_t spalte, std::int32_t laenge) {
         FehlerMelden(3208);
     }
     return 0;
-}
-
-Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge) {
-    const Feldsicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
-    return {.Vorzeichen = vorzeichen, .Ziffern = DezimalFeld(spalte, laenge), .Leer = FeldLeer(spalte, laenge)};
 }
 
 void PruefeVorzeichen(const Betrag& betrag, const VorzeichenCodes& codes) {

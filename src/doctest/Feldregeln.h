@@ -1,7 +1,7 @@
 // Rules that several records share: the order field that the new interface has dropped, and the sign of an amount.
 #pragma once
 
-#include "state/Feldsicht.h"
+#include "doctest/Feldpruefung.h"
 
 namespace zepholt {
 
@@ -19,7 +19,11 @@ struct Betrag {
 };
 
 // Reads the sign, one character at `vorzeichenSpalte`, and then the amount at `spalte` (3001). Columns count from 1.
-Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte, std::int32_t laenge);
+[[gnu::always_inline]] inline Betrag BetragFeld(std::int32_t vorzeichenSpalte, std::int32_t spalte,
+                                                std::int32_t laenge) {
+    const Feldsicht vorzeichen = TextFeld(vorzeichenSpalte, 1, Freiwillig);
+    return {.Vorzeichen = vorzeichen, .Ziffern = DezimalFeld(spalte, laenge), .Leer = FeldLeer(spalte, laenge)};
+}
 
 // The codes of a sign rule.
 struct VorzeichenCodes {

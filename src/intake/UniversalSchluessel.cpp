@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <limits>
 #include <numeric>
-#include <optional>
 #include <span>
+#include <tuple>
 #include <utility>
 
 namespace zepholt {
@@ -145,15 +147,9 @@ std::array<Spalte, Ordnungsspalten> SpaltenVon(const Spalte* zeile, std::size_t 
         }
         return spalten;
     }
-    if (laenge >= 42) { // as nearly every line: lengths that the compiler knows
-        std::copy_n(zeile, 4, spalten.begin());
-        std::copy_n(zeile + 7, 6, spalten.begin() + 4);
-        spalten[10] = zeile[41];
-        std::copy_n(zeile + 13, 4, spalten.begin() + 11);
-        return spalten;
-    }
     kopiere(0, 0, 4);
     kopiere(4, 7, 6);
+    kopiere(10, 41, 1);
     kopiere(11, 13, 4);
     return spalten;
 }
@@ -168,11 +164,30 @@ Ordnung Gepackt(const std::array<Spalte, Ordnungsspalten>& spalten) {
     return ordnung;
 }
 
+// Bytes as a number, the first the highest.
+template <std::size_t Anzahl>
+std::uint64_t Absteigend(const unsigned char* bytes) {
+    std::uint64_t zahl = 0;
+    for (std::size_t i = 0; i < Anzahl; ++i) {
+        zahl = zahl << 8 | bytes[i];
+    }
+    return zahl;
+}
+
+// The same of a line of bytes with a key of its own and all columns of it, as nearly every line has.
+Ordnung OrdnungDerLangen(const unsigned char* zeile) {
+    return {Absteigend<4>(zeile) << 32 | Absteigend<4>(zeile + 7),
+            Absteigend<2>(zeile + 11) << 48 | Absteigend<1>(zeile + 41) << 40 | Absteigend<4>(zeile + 13) << 8 | ' '};
+}
+
 Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
     if (zeile.IstBreit()) {
         return Gepackt(SpaltenVon(zeile.Zeichen(), zeile.size(), nummer));
     }
-    const Ordnung ordnung = Gepackt(SpaltenVon(zeile.Bytes(), zeile.size(), nummer));
+    constexpr std::size_t LetzteSpalte = 42;
+    const Ordnung ordnung = zeile.size() >= LetzteSpalte && !IstEDURecord(zeile)
+                                ? OrdnungDerLangen(zeile.Bytes())
+                                : Gepackt(SpaltenVon(zeile.Bytes(), zeile.size(), nummer));
     if (((ordnung[0] | ordnung[1]) & JedesHoheBit) == 0) {
         return ordnung; // ASCII is in its order
     }
@@ -194,6 +209,18 @@ std::uint64_t Textrang(std::size_t nummer) {
         linksbuendig *= 10;
     }
     return linksbuendig * 16 + stellen;
+}
+
+// The number of this rank.
+std::size_t NummerZu(std::uint64_t textrang) {
+    if (textrang < 100'000) {
+        return textrang;
+    }
+    std::uint64_t nummer = textrang / 16;
+    for (std::uint64_t stellen = textrang % 16; stellen < 10; ++stellen) {
+        nummer /= 10;
+    }
+    return nummer;
 }
 
 // Takes the lines in their order and finds what is wrong with it.
@@ -250,48 +277,104 @@ struct Merkmal {
     std::uint32_t Zeile;
 };
 
-// The lowest key that stands twice among these lines, or that of `kleinster`, if it is lower. Sorted by hash value,
-// equal keys stand together, in time that grows in step with the lines whatever they hold.
-std::optional<Schluessel> KleinsterDoppelter(const Zeilenliste& zeilen, const Strecke& strecke,
-                                             std::optional<Schluessel> kleinster) {
+// The lowest of the keys that stand twice.
+class DoppelterMitKleinstem {
+public:
+    // A line whose key has been found twice.
+    void Nimm(Feldsicht zeile) {
+        if (m_gefunden && zeile == m_zeile) {
+            return;
+        }
+        const Schluessel schluessel = SchluesselVon(zeile);
+        if (!m_gefunden || schluessel < m_schluessel) {
+            m_gefunden = true;
+            m_schluessel = schluessel;
+            m_zeile = zeile;
+        }
+    }
+
+    bool Gefunden() const { return m_gefunden; }
+    bool Hat(Feldsicht zeile) const { return zeile == m_zeile || SchluesselVon(zeile) == m_schluessel; }
+
+private:
+    bool m_gefunden = false;
+    Schluessel m_schluessel = {};
+    Feldsicht m_zeile; // has this key
+};
+
+// Hands on the keys that stand twice among these lines. Sorted by hash value, equal keys stand together, in time that
+// grows in step with the lines whatever they hold; a line that is the one before again needs no hash value.
+void DoppelteSuchen(const Zeilenliste& zeilen, const Strecke& strecke, DoppelterMitKleinstem& kleinster) {
     std::vector<Merkmal> merkmale;
+    Feldsicht vorige;
     for (std::size_t i = strecke.Von; i < strecke.Bis; ++i) {
         BedieneFenster();
         const Feldsicht zeile = zeilen[i];
-        if (!IstEDURecord(zeile)) {
-            const Schluessel schluessel = SchluesselVon(zeile);
-            merkmale.push_back(
-                {Streuwert(TextSicht(schluessel.data(), schluessel.size())), static_cast<std::uint32_t>(i)});
+        if (IstEDURecord(zeile)) {
+            continue;
         }
+        if (!merkmale.empty() && zeile == vorige) {
+            kleinster.Nimm(zeile);
+            continue;
+        }
+        const Schluessel schluessel = SchluesselVon(zeile);
+        merkmale.push_back({Streuwert(TextSicht(schluessel.data(), schluessel.size())), static_cast<std::uint32_t>(i)});
+        vorige = zeile;
     }
     std::ranges::sort(merkmale, {}, [](const Merkmal& m) { return std::pair(m.Streuwert, m.Zeile); });
     for (std::size_t i = 1; i < merkmale.size(); ++i) {
         if (merkmale[i].Streuwert == merkmale[i - 1].Streuwert) {
-            const Schluessel schluessel = SchluesselVon(zeilen[merkmale[i].Zeile]);
-            if (schluessel == SchluesselVon(zeilen[merkmale[i - 1].Zeile]) && (!kleinster || schluessel < *kleinster)) {
-                kleinster = schluessel;
+            const Feldsicht zeile = zeilen[merkmale[i].Zeile];
+            if (SchluesselVon(zeile) == SchluesselVon(zeilen[merkmale[i - 1].Zeile])) {
+                kleinster.Nimm(zeile);
             }
         }
     }
-    return kleinster;
 }
 
 // Of the lines with this key the first two, by their numbers as texts: the later one.
-std::int32_t ZweiteZeileMit(const Schluessel& schluessel, const Zeilenliste& zeilen) {
-    std::vector<std::size_t> nummern;
+std::int32_t ZweiteZeileMit(const DoppelterMitKleinstem& schluessel, const Zeilenliste& zeilen) {
+    constexpr std::uint64_t Keine = std::numeric_limits<std::uint64_t>::max();
+    std::uint64_t erste = Keine;
+    std::uint64_t zweite = Keine;
     for (std::size_t i = 0; i < zeilen.size(); ++i) {
-        if (!IstEDURecord(zeilen[i]) && SchluesselVon(zeilen[i]) == schluessel) {
-            nummern.push_back(i);
+        if (!IstEDURecord(zeilen[i]) && schluessel.Hat(zeilen[i])) {
+            zweite = std::min(zweite, std::max(erste, Textrang(i)));
+            erste = std::min(erste, Textrang(i));
         }
     }
-    std::ranges::nth_element(nummern, nummern.begin() + 1, {}, Textrang);
-    return static_cast<std::int32_t>(nummern[1]);
+    return static_cast<std::int32_t>(NummerZu(zweite));
+}
+
+// --- Sorting ---------------------------------------------------------------------------------------------------------
+
+// Neighbouring lines that are equal in the columns that decide the order.
+struct GleicheZeilen {
+    Ordnung Spalten;
+    std::uint32_t Von;
+    std::uint32_t Bis;
+};
+
+// All lines in ascending order of their columns; those that are equal in them stand in the order of the file.
+std::vector<GleicheZeilen> NachOrdnung(const Zeilenliste& zeilen) {
+    const Raenge raenge = RaengeDerCodeseite();
+    std::vector<GleicheZeilen> strecken;
+    for (std::uint32_t k = 0; k < zeilen.size(); ++k) {
+        const Ordnung ordnung = OrdnungVon(zeilen[k], k, raenge);
+        if (strecken.empty() || strecken.back().Spalten != ordnung) {
+            strecken.push_back({ordnung, k, k});
+        }
+        ++strecken.back().Bis;
+    }
+    std::ranges::sort(strecken, {}, [](const GleicheZeilen& s) { return std::tie(s.Spalten, s.Von); });
+    return strecken;
 }
 
 } // namespace
 
 bool IstEDURecord(Feldsicht zeile) {
-    return zeile.starts_with(u'E') || zeile.starts_with(u'D') || zeile.starts_with(u'U');
+    const char16_t typ = zeile.empty() ? u' ' : zeile.front();
+    return typ == u'E' || typ == u'D' || typ == u'U';
 }
 
 Text UniversalSchluessel(Feldsicht zeile) {
@@ -309,34 +392,33 @@ Reihenfolge ReihenfolgeErmitteln(const Zeilenliste& zeilen) {
 }
 
 std::int32_t DoppelterSchluessel(const Zeilenliste& zeilen, const Reihenfolge& reihenfolge) {
-    std::optional<Schluessel> kleinster;
+    DoppelterMitKleinstem kleinster;
     if (reihenfolge.ErsteZuNiedrige >= 0) {
-        kleinster = KleinsterDoppelter(zeilen, {0, zeilen.size()}, kleinster);
+        DoppelteSuchen(zeilen, {0, zeilen.size()}, kleinster);
     } else {
         for (const Strecke& strecke : reihenfolge.Gleiche) { // equal keys can only be neighbours
-            kleinster = KleinsterDoppelter(zeilen, strecke, kleinster);
+            DoppelteSuchen(zeilen, strecke, kleinster);
         }
     }
-    return kleinster ? ZweiteZeileMit(*kleinster, zeilen) : -1;
+    return kleinster.Gefunden() ? ZweiteZeileMit(kleinster, zeilen) : -1;
 }
 
 std::vector<std::uint32_t> SortierteFolge(const Zeilenliste& zeilen) {
-    struct Eintrag {
-        Ordnung Spalten;
-        std::uint64_t Rang;
-        std::uint32_t Zeile;
-    };
-    const Raenge raenge = RaengeDerCodeseite();
-    std::vector<Eintrag> eintraege;
-    eintraege.reserve(zeilen.size());
-    for (std::size_t k = 0; k < zeilen.size(); ++k) {
-        eintraege.push_back({OrdnungVon(zeilen[k], k, raenge), Textrang(k), static_cast<std::uint32_t>(k)});
+    const std::vector<GleicheZeilen> strecken = NachOrdnung(zeilen);
+    std::vector<std::uint32_t> folge;
+    folge.reserve(zeilen.size());
+    std::vector<std::uint64_t> raenge; // of the lines that are equal in their columns, wherever they stand
+    for (auto strecke = strecken.begin(); strecke != strecken.end(); ++strecke) {
+        for (std::size_t nummer = strecke->Von; nummer < strecke->Bis; ++nummer) {
+            raenge.push_back(Textrang(nummer));
+        }
+        if (strecke + 1 == strecken.end() || strecke[1].Spalten != strecke->Spalten) {
+            std::ranges::sort(raenge);
+            std::ranges::transform(raenge, std::back_inserter(folge),
+                                   [](std::uint64_t rang) { return static_cast<std::uint32_t>(NummerZu(rang)); });
+            raenge.clear();
+        }
     }
-    std::ranges::sort(eintraege, [](const Eintrag& a, const Eintrag& b) {
-        return a.Spalten != b.Spalten ? a.Spalten < b.Spalten : a.Rang < b.Rang;
-    });
-    std::vector<std::uint32_t> folge(eintraege.size());
-    std::ranges::transform(eintraege, folge.begin(), &Eintrag::Zeile);
     return folge;
 }
 

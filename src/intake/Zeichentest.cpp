@@ -64,14 +64,40 @@ bool IstErlaubt(char16_t zeichen) {
     return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.IstErlaubt.test(zeichen);
 }
 
+// True when printable ASCII, which is permitted everywhere, stands in all columns. No early end: many columns at a
+// time.
+bool NurAscii(Feldsicht spalten) {
+    return spalten.MitSpalten([&spalten](const auto* spalte) {
+        unsigned char andere = 0;
+        for (std::size_t i = 0; i < spalten.size(); ++i) {
+            andere |= static_cast<unsigned char>((spalte[i] < ' ') | (spalte[i] > '~'));
+        }
+        return andere == 0;
+    });
+}
+
 // A record E, D or U: no layout, and any code that one byte of text can have.
 void PruefeFreieZeichen() {
-    const Satz& record = testDaten.Record;
-    const bool nurAscii = record.size() <= Recordlaenge && record.Arten().Besonderes.empty();
-    if (!InUtf8() && !nurAscii) {
+    if (!InUtf8() && !NurAscii(testDaten.Record)) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
         PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
     }
+}
+
+// Looks at the characters only where they are no ASCII.
+bool NurErlaubte(Feldsicht spalten) {
+    constexpr std::size_t Stueck = 16;
+    for (std::size_t ab = 0; ab < spalten.size(); ab += Stueck) {
+        const Feldsicht stueck = spalten.substr(ab, Stueck);
+        std::size_t i = NurAscii(stueck) ? stueck.size() : 0;
+        while (i < stueck.size() && IstErlaubt(stueck[i])) {
+            ++i;
+        }
+        if (i < stueck.size()) {
+            return false;
+        }
+    }
+    return true;
 }
 
 // True when each character of the record is permitted and each stands in a field: then no field's test has anything to
@@ -80,17 +106,8 @@ bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
     if (!record.Arten().Gefuellt.Ohne(felder).empty()) {
         return false;
     }
-    const Spaltenmenge& besonderes = record.Arten().Besonderes; // printable ASCII is always permitted
-    for (std::int32_t wort = 0; wort < 4; ++wort) {
-        std::uint64_t rest = besonderes.Worte[static_cast<std::size_t>(wort)];
-        for (; rest != 0; rest &= rest - 1) {
-            const std::int32_t spalte = wort * Spaltenmenge::Wortbreite + std::countr_zero(rest);
-            if (!IstErlaubt(record[static_cast<std::size_t>(spalte)])) {
-                return false;
-            }
-        }
-    }
-    return true;
+    const Feldsicht spalten = Feld(record, 1, Recordlaenge);
+    return NurAscii(spalten) || NurErlaubte(spalten);
 }
 
 } // namespace

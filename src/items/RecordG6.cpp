@@ -34,7 +34,7 @@ struct Mengensatz {
     std::int32_t Reihenfolge; // 0 in the new interface
 };
 
-Feldsicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
+[[gnu::always_inline]] inline Feldsicht Schluessel(std::int32_t spalte, std::int32_t laenge) {
     return SchluesselFeld(spalte, laenge, JokerVerboten, Freiwillig);
 }
 

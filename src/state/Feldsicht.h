@@ -32,6 +32,34 @@ constexpr Codeseite AsciiSeite() {
 // Written by the intake.
 inline Codeseite codeseite;
 
+// So many bytes of memory as a number.
+template <class Zahl>
+Zahl Wort(const unsigned char* bytes) {
+    Zahl zahl;
+    std::memcpy(&zahl, bytes, sizeof zahl);
+    return zahl;
+}
+
+// Up to eight bytes as a number that is another for other bytes: two pieces that may overlap, so that no length needs a
+// loop.
+inline std::uint64_t KurzesWort(const unsigned char* bytes, std::size_t anzahl) {
+    if (anzahl >= sizeof(std::uint32_t)) {
+        const std::uint64_t hinten = Wort<std::uint32_t>(bytes + anzahl - sizeof(std::uint32_t));
+        return hinten << 32 | Wort<std::uint32_t>(bytes);
+    }
+    if (anzahl >= sizeof(std::uint16_t)) {
+        const std::uint64_t hinten = Wort<std::uint16_t>(bytes + anzahl - sizeof(std::uint16_t));
+        return hinten << 32 | Wort<std::uint16_t>(bytes);
+    }
+    return anzahl == 1 ? *bytes : 0;
+}
+
+// Most fields are codes of a few columns.
+inline bool BytesGleich(const unsigned char* links, const unsigned char* rechts, std::size_t anzahl) {
+    return anzahl <= sizeof(std::uint64_t) ? KurzesWort(links, anzahl) == KurzesWort(rechts, anzahl)
+                                           : std::memcmp(links, rechts, anzahl) == 0;
+}
+
 class Feldsicht {
 public:
     static constexpr std::size_t npos = static_cast<std::size_t>(-1);
@@ -103,13 +131,23 @@ public:
             return false;
         }
         if (!links.IstBreit() && !rechts.IstBreit()) { // the same bytes, since no character has two
-            return links.empty() || std::memcmp(links.m_bytes, rechts.m_bytes, links.size()) == 0;
+            return BytesGleich(links.m_bytes, rechts.m_bytes, links.size());
         }
         std::size_t i = 0;
         while (i < links.size() && links[i] == rechts[i]) {
             ++i;
         }
         return i == links.size();
+    }
+
+    // With a literal, whose length the compiler knows.
+    template <std::size_t Groesse>
+    friend bool operator==(Feldsicht links, const char16_t (&text)[Groesse]) {
+        std::size_t i = links.size() == Groesse - 1 ? 0 : Groesse;
+        while (i < Groesse - 1 && links[i] == text[i]) {
+            ++i;
+        }
+        return i == Groesse - 1;
     }
 
     // By the characters, 16 bits each.
@@ -146,13 +184,12 @@ inline Feldsicht OhneLeerzeichenRechts(Feldsicht spalten) {
 inline std::uint64_t Streuwert(Feldsicht spalten) {
     Streuer streuer;
     streuer.Nimm(spalten.size());
-    const std::size_t anzahl = spalten.IstBreit() ? spalten.size() * sizeof(char16_t) : spalten.size();
-    for (std::size_t ab = 0; ab < anzahl; ab += sizeof(std::uint64_t)) {
-        std::uint64_t wort = 0;
-        const std::size_t bytes = anzahl - ab < sizeof wort ? anzahl - ab : sizeof wort;
-        std::memcpy(&wort, static_cast<const unsigned char*>(spalten.Ort()) + ab, bytes);
-        streuer.Nimm(wort);
+    const auto* bytes = static_cast<const unsigned char*>(spalten.Ort());
+    std::size_t rest = spalten.IstBreit() ? spalten.size() * sizeof(char16_t) : spalten.size();
+    for (; rest > sizeof(std::uint64_t); bytes += sizeof(std::uint64_t), rest -= sizeof(std::uint64_t)) {
+        streuer.Nimm(Wort<std::uint64_t>(bytes));
     }
+    streuer.Nimm(KurzesWort(bytes, rest));
     return streuer.Wert();
 }
 
@@ -164,6 +201,17 @@ inline bool NurZiffern(Feldsicht spalten) {
             ++i;
         }
         return i > 0 && i == spalten.size();
+    });
+}
+
+// The number that digits make; exact up to 18 of them.
+inline std::int64_t Ziffernwert(Feldsicht ziffern) {
+    return ziffern.MitSpalten([&ziffern](const auto* spalte) {
+        std::int64_t wert = 0;
+        for (std::size_t i = 0; i < ziffern.size(); ++i) {
+            wert = wert * 10 + (spalte[i] - '0');
+        }
+        return wert;
     });
 }
 

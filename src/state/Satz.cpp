@@ -13,7 +13,6 @@ void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten) {
         const std::size_t stelle = i % Spaltenmenge::Wortbreite;
         arten.Gefuellt.Worte[wort] |= std::uint64_t{zeichen != u' '} << stelle;
         arten.Ziffern.Worte[wort] |= std::uint64_t{zeichen >= u'0' && zeichen <= u'9'} << stelle;
-        arten.Besonderes.Worte[wort] |= std::uint64_t{zeichen < u' ' || zeichen > u'~'} << stelle;
     }
 }
 

@@ -21,37 +21,36 @@ std::uint64_t Bits(__m128i vergleich, std::size_t stelle) {
     return std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(vergleich))} << stelle;
 }
 
-// All bits for each byte that is at least `von` and less than `von` + `anzahl`.
-__m128i Dazwischen(__m128i block, char von, char anzahl) {
-    const __m128i abstand = _mm_sub_epi8(block, Alle(von));
-    return _mm_cmpeq_epi8(abstand, _mm_min_epu8(abstand, Alle(static_cast<char>(anzahl - 1))));
+// All bits for each digit: moved to the lowest of the numbers with a sign, the ten digits stand below all other bytes.
+__m128i Ziffern(__m128i block) {
+    return _mm_cmplt_epi8(_mm_add_epi8(block, Alle(static_cast<char>(-128 - '0'))), Alle(-128 + 10));
 }
 
 // A word of the sets from 64 columns, of which the first `davor` stand in the word before.
 void WortEinteilen(const unsigned char* bytes, std::size_t davor, std::size_t wort, Spaltenarten& arten) {
     std::uint64_t leer = 0;
     std::uint64_t ziffern = 0;
-    std::uint64_t druckbar = 0;
     for (std::size_t stelle = 0; stelle < Wortbreite; stelle += Blockbreite) {
         const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + stelle));
         leer |= Bits(_mm_cmpeq_epi8(block, Alle(' ')), stelle);
-        ziffern |= Bits(Dazwischen(block, '0', 10), stelle);
-        druckbar |= Bits(Dazwischen(block, ' ', 95), stelle);
+        ziffern |= Bits(Ziffern(block), stelle);
     }
     arten.Gefuellt.Worte[wort] = ~leer >> davor;
     arten.Ziffern.Worte[wort] = ziffern >> davor;
-    arten.Besonderes.Worte[wort] = ~druckbar >> davor;
 }
 
 } // namespace
 
 // Nothing behind the record is read.
 void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
-    if (record.IstBreit()) {
-        return SpaltenEinzelnEinteilen(record, arten);
-    }
     arten = {};
     const std::size_t laenge = std::min<std::size_t>(record.size(), Spaltenmenge::Spalten);
+    if (record.IstBreit()) { // what is no ASCII is neither a blank nor a digit
+        std::array<unsigned char, Spaltenmenge::Spalten> schmal;
+        std::transform(record.Zeichen(), record.Zeichen() + laenge, schmal.begin(),
+                       [](char16_t z) { return static_cast<unsigned char>(z < 0x80 ? z : 0x80); });
+        return SpaltenEinteilen(Feldsicht(schmal.data(), laenge), arten);
+    }
     if (laenge < Wortbreite) {
         std::array<unsigned char, Wortbreite> kurzer;
         kurzer.fill(' ');

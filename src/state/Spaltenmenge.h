@@ -24,7 +24,7 @@ public:
     constexpr bool empty() const { return (Worte[0] | Worte[1] | Worte[2] | Worte[3]) == 0; }
 
     // True when all columns of a field (first column, length) belong to the set.
-    constexpr bool Alle(std::int32_t spalte, std::int32_t laenge) const {
+    [[gnu::always_inline]] constexpr bool Alle(std::int32_t spalte, std::int32_t laenge) const {
         for (; laenge > Wortbreite; spalte += Wortbreite, laenge -= Wortbreite) {
             if (~Stueck(spalte, Wortbreite) != 0) {
                 return false;
@@ -34,7 +34,7 @@ public:
     }
 
     // The first column of a field that belongs to the set; 0 for none.
-    constexpr std::int32_t Erste(std::int32_t spalte, std::int32_t laenge) const {
+    [[gnu::always_inline]] constexpr std::int32_t Erste(std::int32_t spalte, std::int32_t laenge) const {
         for (; laenge > 0; spalte += Wortbreite, laenge -= Wortbreite) {
             if (const std::uint64_t stueck = Stueck(spalte, laenge); stueck != 0) {
                 return spalte + std::countr_zero(stueck);
@@ -44,7 +44,7 @@ public:
     }
 
     // The last one; 0 for none.
-    constexpr std::int32_t Letzte(std::int32_t spalte, std::int32_t laenge) const {
+    [[gnu::always_inline]] constexpr std::int32_t Letzte(std::int32_t spalte, std::int32_t laenge) const {
         std::int32_t letzte = 0;
         for (; laenge > 0; spalte += Wortbreite, laenge -= Wortbreite) {
             if (const std::uint64_t stueck = Stueck(spalte, laenge); stueck != 0) {
@@ -73,7 +73,7 @@ private:
     }
 
     // The first 64 columns of a field, its first column in the lowest bit.
-    constexpr std::uint64_t Stueck(std::int32_t spalte, std::int32_t laenge) const {
+    [[gnu::always_inline]] constexpr std::uint64_t Stueck(std::int32_t spalte, std::int32_t laenge) const {
         const std::int32_t wort = (spalte - 1) / Wortbreite;
         const std::int32_t stelle = (spalte - 1) % Wortbreite;
         if (wort >= Spalten / Wortbreite) {

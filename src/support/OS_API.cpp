@@ -11,7 +11,9 @@ constexpr std::size_t PufferGroesse = std::size_t{1} << 16U;
 
 } // namespace
 
-Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsigned char[]>(anzahl)), m_anzahl(anzahl) {}
+Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsigned char[]>(anzahl)), m_anzahl(anzahl) {
+    WirdGanzGefuellt(m_daten.get(), anzahl);
+}
 
 AusgabeDatei::AusgabeDatei(const Text& pfad) {
     m_puffer.reserve(PufferGroesse);

@@ -8,7 +8,9 @@
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <memory>
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 namespace zepholt {
@@ -43,6 +45,15 @@ char16_t PfadTrenner() {
 
 bool IstPfadTrenner(char16_t zeichen) {
     return zeichen == u'/';
+}
+
+void WirdGanzGefuellt(void* speicher, std::size_t bytes) {
+    constexpr std::size_t GrosseSeite = std::size_t{2} << 20;
+    void* anfang = speicher;
+    std::size_t rest = bytes;
+    if (std::align(GrosseSeite, GrosseSeite, anfang, rest) != nullptr) {
+        madvise(anfang, rest / GrosseSeite * GrosseSeite, MADV_HUGEPAGE); // a wish only
+    }
 }
 
 Zeitpunkt Jetzt() {

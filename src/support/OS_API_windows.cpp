@@ -54,6 +54,8 @@ bool IstPfadTrenner(char16_t zeichen) {
     return zeichen == u'\\' || zeichen == u'/';
 }
 
+void WirdGanzGefuellt(void* /*speicher*/, std::size_t /*bytes*/) {}
+
 Zeitpunkt Jetzt() {
     SYSTEMTIME ort{};
     GetLocalTime(&ort);

@@ -73,7 +73,7 @@ TEST(FeldsichtTest, DigitsInAllColumns) {
 Spaltenarten Schnell(Feldsicht record) {
     Spaltenarten arten;
     arten.Gefuellt.Worte.fill(0x5555); // of the record before
-    arten.Ziffern.Worte = arten.Besonderes.Worte = arten.Gefuellt.Worte;
+    arten.Ziffern.Worte = arten.Gefuellt.Worte;
     SpaltenEinteilen(record, arten);
     return arten;
 }
@@ -88,7 +88,6 @@ Spaltenarten Einzeln(Feldsicht record) {
 void ErwarteGleich(const Spaltenarten& ist, const Spaltenarten& soll, std::size_t laenge) {
     EXPECT_EQ(ist.Gefuellt.Worte, soll.Gefuellt.Worte) << laenge;
     EXPECT_EQ(ist.Ziffern.Worte, soll.Ziffern.Worte) << laenge;
-    EXPECT_EQ(ist.Besonderes.Worte, soll.Besonderes.Worte) << laenge;
 }
 
 TEST(SatzTest, ColumnsOfEveryByte) {
@@ -100,8 +99,6 @@ TEST(SatzTest, ColumnsOfEveryByte) {
         EXPECT_EQ(arten.Ziffern.Letzte(1, 256), byte >= '0' && byte <= '9' ? 20 : 0);
         EXPECT_EQ(arten.Ziffern.Alle(1, 20), byte >= '0' && byte <= '9');
         EXPECT_FALSE(arten.Ziffern.Alle(1, 21));
-        EXPECT_EQ(arten.Besonderes.Letzte(1, 256), byte >= 32 && byte <= 126 ? 0 : 20);
-        EXPECT_EQ(arten.Besonderes.Alle(1, 20), byte < 32 || byte > 126);
     }
 }
 
