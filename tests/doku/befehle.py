@@ -33,7 +33,7 @@ ANDERSWO = {
     "python3 tools/hilfe": ("tests/hilfe/generator_test.py", "tools/hilfe"),
 }
 ZU_LANG = {"tools/nacht.sh", ".ci/run"}  # nothing else runs them: they run everything
-KEINE_BEFEHLE = {"", "xml", "cpp", "csharp", "java", "python", "powershell", "vb", "bat"}
+KEINE_BEFEHLE = {"", "xml", "cpp", "csharp", "java", "python", "powershell", "vb", "batch", "bat"}
 
 GEPRUEFT = 0
 FALSCH = []
@@ -149,7 +149,7 @@ def tatsachen(pfad, sprache):
     kommandos += [z for block in bloecke(pfad) if block.sprache in ("sh", "bat") for z in block.text]
     ziele = re.findall(r"\]\(([^)#\s]+)(?:#[^)]*)?\)", text)
     # The document's own languages stand in another order in each; pictures and pages may be those of the language.
-    ziele = [re.sub(r"(?<=/)(de|fr|it)(?=/)|-(de|fr|it)(?=\.png)", "", z) for z in ziele
+    ziele = [re.sub(r"(?<=/)(en|de|fr|it)(?=/|\.md)|-(de|fr|it)(?=\.png)", "", z) for z in ziele
              if not re.fullmatch(r"(README(\.(de|fr|it))?|en|de|fr|it)\.md", z)]
     return {
         "headings": [len(z) - len(z.lstrip("#")) for z in text.split("\n") if re.match(r"#+ ", z)],
@@ -157,7 +157,7 @@ def tatsachen(pfad, sprache):
         "items": len(re.findall(r"^ *(?:[-*]|\d+\.) ", text, re.M)),
         "commands": [re.sub(r"\s+#.*", "", gleich(k)) for k in kommandos],
         "codes": sorted(re.findall(r"(?<![\d-])\d{4}(?![\d-])", re.sub(r"\]\([^)]*\)", "", text))),
-        "words of the program": sorted(gleich(w) for w in re.findall(r"`([^`]+)`", text)),
+        "words of the program": sorted(gleich(" ".join(w.split())) for w in re.findall(r"`([^`]+)`", text)),
         "links": ziele,
         "kinds of blocks": [block.sprache for block in bloecke(pfad)],
     }
