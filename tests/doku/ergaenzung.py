@@ -135,7 +135,7 @@ def pruefen(name):
 
 
 def main():
-    for name in sys.argv[1:] or VORSPANN:
+    for name in VORSPANN:
         pruefen(name)
     print(f"{GEPRUEFT - FALSCH} right, {FALSCH} false")
     return 1 if FALSCH else 0

@@ -73,7 +73,7 @@ def anleitungen():
         rohtext = pfad.read_bytes()
         erwarte(f"{pfad.name}: mark and line ends", (rohtext[:3], rohtext.count(b"\r\n")), (b"\xef\xbb\xbf", rohtext.count(b"\n")))
         zeilen = rohtext.decode("utf-8-sig").split("\r\n")
-        befehle = [z for z in zeilen if re.match(r'start "" |zepholt-bericht\.exe (table|code) ', z)]
+        befehle = [z for z in zeilen if re.match(r"zepholt\.exe file|zepholt-bericht\.exe (table|code) ", z)]
         erwarte(f"{pfad.name}: commands", len(befehle), 3)
         kommandos(befehle, pfad.name)
 

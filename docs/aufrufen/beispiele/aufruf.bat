@@ -38,10 +38,10 @@ exit /b 2
 :mitmodus
 set modus= mode=%~5
 
-rem The quotation marks begin behind the "="; start /wait waits for a program of the window subsystem. The first pair of
-rem marks is the title that start wants.
+rem The quotation marks begin behind the "=". A batch file waits for a program of the window subsystem too; the prompt
+rem doesn't.
 :starten
-start "" /wait "%~f1" file="%~f2" dialog=de- errorfile="%~f3" catalog="%~f4"%modus%
+"%~f1" file="%~f2" dialog=de- errorfile="%~f3" catalog="%~f4"%modus%
 set status=%errorlevel%
 if exist "%~f3" goto lesen
 if %status%==0 (
