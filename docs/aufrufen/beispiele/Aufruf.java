@@ -7,6 +7,7 @@ import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
 import javax.xml.XMLConstants;
+import javax.xml.parsers.DocumentBuilder;
 import javax.xml.parsers.DocumentBuilderFactory;
 import javax.xml.parsers.ParserConfigurationException;
 import javax.xml.transform.dom.DOMSource;
@@ -15,6 +16,7 @@ import org.w3c.dom.Document;
 import org.w3c.dom.Element;
 import org.w3c.dom.NodeList;
 import org.xml.sax.SAXException;
+import org.xml.sax.helpers.DefaultHandler;
 
 public class Aufruf {
     static class OhneProtokoll extends Exception {
@@ -89,7 +91,9 @@ public class Aufruf {
     static int[] lesen(Path protokoll, Path schema) throws OhneProtokoll, IOException, ParserConfigurationException {
         Document xml;
         try {
-            xml = DocumentBuilderFactory.newInstance().newDocumentBuilder().parse(protokoll.toFile());
+            DocumentBuilder leser = DocumentBuilderFactory.newInstance().newDocumentBuilder();
+            leser.setErrorHandler(new DefaultHandler()); // the message is this program's
+            xml = leser.parse(protokoll.toFile());
             SchemaFactory.newInstance(XMLConstants.W3C_XML_SCHEMA_NS_URI).newSchema(schema.toFile()).newValidator()
                 .validate(new DOMSource(xml));
         } catch (SAXException fehler) {

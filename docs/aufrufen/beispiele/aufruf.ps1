@@ -46,7 +46,7 @@ if (-not [IO.File]::Exists($Protokoll)) { Enden-OhneProtokoll 'it could not be w
 # Errors and warnings, counted from the findings: the head of an E1S protocol adds them up.
 $regeln = New-Object Xml.XmlReaderSettings
 $regeln.ValidationType = 'Schema'
-[void]$regeln.Schemas.Add($null, $Schema)
+[void]$regeln.Schemas.Add([NullString]::Value, $Schema)
 $xml = New-Object Xml.XmlDocument
 $leser = [Xml.XmlReader]::Create($Protokoll, $regeln)
 $mangel = ''
