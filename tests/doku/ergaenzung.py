@@ -13,11 +13,13 @@ import time
 
 from doku import QUELLE
 
+PROMPT = "bereit: "
+ENDE = "@@"
 VORSPANN = {
     "bash": ". /usr/share/bash-completion/bash_completion; . {quelle}/packaging/completion/zepholt.bash; "
-            "bind 'set bell-style none' 'set enable-bracketed-paste off'; PS1=''",
+            "bind 'set bell-style none' 'set enable-bracketed-paste off'; PS1='{prompt}'",
     "zsh": "fpath=({quelle}/packaging/completion $fpath); autoload -Uz compinit; compinit -u -d {ort}/zcompdump; "
-           "unsetopt zle_bracketed_paste auto_menu always_last_prompt prompt_sp beep 2>/dev/null; PS1=''",
+           "unsetopt zle_bracketed_paste auto_menu always_last_prompt prompt_sp beep 2>/dev/null; PS1='{prompt}'",
 }
 RUFEN = {"bash": ["bash", "--norc", "--noprofile", "-i"], "zsh": ["zsh", "-f", "-i"]}
 # The example files of the folder: Bau.01S, Los.E1S, bild.png, p.xml, the folder katalog.
@@ -79,13 +81,13 @@ class Shell:
         if self.kind == 0:
             os.chdir(ordner)
             os.execvpe(RUFEN[name][0], RUFEN[name], umgebung)
-        self.schreiben(VORSPANN[name].format(quelle=QUELLE, ort=ort) + "\n")
-        self.bis_marke()
+        self.schreiben(VORSPANN[name].format(quelle=QUELLE, ort=ort, prompt=PROMPT) + "\n")
+        self.bereit()
 
     def schreiben(self, text):
         os.write(self.ende, text.encode())
 
-    def lesen(self, genug, frist=20):
+    def lesen(self, genug, frist=120):
         """What comes until it is enough."""
         text = ""
         bis = time.monotonic() + frist
@@ -94,25 +96,21 @@ class Shell:
                 text += os.read(self.ende, 4096).decode("utf-8", "replace")
         return re.sub(r"\x1b\[[0-9;?]*[A-Za-z]|\x07|\x1b[=>]", "", text)
 
-    def bis_marke(self):
-        """Lets a command say a number, and returns what comes up to it."""
+    def bereit(self):
+        """Lets a command say a number, and waits until it has done so and the shell asks for the next."""
         self.marke += 1
         self.schreiben(f"echo $(({self.marke}+70000))\n")
         soll = f"{self.marke + 70000}\r\n"
-        return self.lesen(lambda text: soll in text).split(soll)[0]
+        self.lesen(lambda text: PROMPT in text.partition(soll)[2])
 
     def ergaenzt(self, text, mal=1):
-        """What the shell shows after text and presses of the tab key; the line is then thrown away."""
-        self.schreiben(text + "\t" * mal)
-        gezeigt = self.lesen(lambda _: False, 0.1)
-        still = 0
-        while still < 4:  # quiet for a while: the shell has said all
-            neu = self.lesen(lambda _: False, 0.15)
-            still = 0 if neu else still + 1
-            gezeigt += neu
+        """What the shell shows after text and presses of the tab key: all of it stands in front of what is typed next.
+        The line is then thrown away."""
+        self.schreiben(text + "\t" * mal + ENDE)
+        gezeigt = self.lesen(lambda gelesen: ENDE in gelesen)
         self.schreiben("\x15")
-        self.bis_marke()
-        return ohne_ruecktaste(gezeigt)
+        self.bereit()
+        return ohne_ruecktaste(gezeigt.split(ENDE)[0])
 
     def beenden(self):
         self.schreiben("\x15exit\n")
@@ -130,7 +128,7 @@ def pruefen(name):
         for getippt, soll in EINDEUTIG:
             erwarte(f"{name} '{getippt}'", shell.ergaenzt(getippt).lstrip("\r\n"), soll)
         for getippt, soll in AUSWAHL:
-            erwarte(f"{name} '{getippt}'", set(shell.ergaenzt(getippt, 2).replace(getippt, " ").split()), soll)
+            erwarte(f"{name} '{getippt}'", set(shell.ergaenzt(getippt, 2).replace(getippt, " ").replace(PROMPT, " ").split()), soll)
         shell.beenden()
 
 
