@@ -52,13 +52,14 @@ def cmd(*worte):
 
 
 def kommandos(zeilen, name):
-    """Runs lines as a batch file, each with a fresh folder behind it as the first one finds it; a line that makes a
-    protocol must have made it."""
+    """Runs lines as batch files, one behind the other, in folders that hold nothing but an exchange file before; what
+    they name as an output must be there then."""
     for ort in ORTE:
         leeren(ort)
         shutil.copy(QUELLE / "samples/fehlerhaft.01S", LAUFWERK / ort / "Offerte.01S")
     for zeile in zeilen:
-        (LAUFWERK / "ZEPHOLT/zeile.bat").write_bytes(("@chcp 65001 >nul\r\n@" + zeile + "\r\n").encode("utf-8"))
+        # A batch file is read in the code page of the console, as a line that is typed there.
+        (LAUFWERK / "ZEPHOLT/zeile.bat").write_bytes(f"@{zeile}\r\n".encode("cp437"))
         status, ausgabe = cmd("zeile.bat")
         soll = 1 if re.search(r"-bericht\.exe (html|table|verdict)", zeile) else 0
         erwarte(f"{name}: {zeile}", (status, "can't" in ausgabe or "Can't" in ausgabe), (soll, False))
