@@ -54,6 +54,10 @@ stufe "The Windows program and its tests under Wine"
 tools/windows_pruefen.sh
 tools/haertung_pruefen.sh build/windows/zepholt.exe
 
+stufe "What the documents show for Windows, and the examples in C#, Java and as a batch file"
+WINEPREFIX="$PWD/build/windows/wp" tests/doku/windows.py build/windows
+tests/doku/aufrufe.py build/release java csharp
+
 stufe "The windows of the Windows program, by clicks and keys"
 tests/fenster/wine_fenster.sh
 

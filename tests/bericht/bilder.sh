@@ -2,7 +2,7 @@
 # Takes the pictures of the report's pages: bilder.sh [build folder] [docs]
 #
 # Each page at 1280 and 390 pixels, light and dark, in three languages, into seiten/bilder of the build folder; with "docs"
-# those that docs/bericht.md shows into docs/bericht, in few colours. Needs what seiten_pruefen.sh needs, and pngquant.
+# those that docs/bericht.md and the READMEs show into docs/bericht, in few colours. Needs what seiten_pruefen.sh needs, and pngquant.
 set -euo pipefail
 quelle=$(cd "$(dirname "$0")/../.." && pwd)
 bau=$(realpath "${1:-$quelle/build/debug}")
@@ -15,7 +15,7 @@ if [ "${2:-}" != docs ]; then
     exit
 fi
 # shellcheck disable=SC2046
-set -- $(grep -oE 'bericht/[^)]*\.png' "$quelle/docs/bericht.md" | sort -u | xargs -n 1 basename -s .png)
+set -- $(grep -hoE 'bericht/[^)]*\.png' "$quelle/docs/bericht.md" "$quelle"/README*.md | sort -u | xargs -n 1 basename -s .png)
 node bilder.mjs bilder "$@"
 mkdir -p "$quelle/docs/bericht"
 for name in "$@"; do
