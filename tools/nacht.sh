@@ -24,7 +24,7 @@ stufe() {
 }
 
 bau() {
-    for preset in debug release asan fuzz; do
+    for preset in debug release asan; do
         cmake --preset "$preset" -Wno-dev && cmake --build --preset "$preset" || return 1
     done
 }
