@@ -26,7 +26,7 @@ void BeginneLauf(ByteSicht eingabe, TextSicht katalog, std::int32_t art) {
     testDaten.Katalog = katalog;
     testDaten.KatalogArt = art;
     testDaten.OhneDialog = true;
-    testDaten.Sprache = static_cast<std::int32_t>(Wahl(eingabe, 3)) + 1;
+    testDaten.Sprache = static_cast<std::int32_t>(Wahl(eingabe).Aus(3)) + 1;
 }
 
 void PruefeListe() {

@@ -13,8 +13,12 @@ void Verlange(bool gilt, const char* was) {
     }
 }
 
-std::size_t Wahl(ByteSicht eingabe, std::size_t anzahl) {
-    return std::accumulate(eingabe.begin(), eingabe.end(), std::size_t{0}) % anzahl;
+Wahl::Wahl(ByteSicht eingabe) : m_rest(std::accumulate(eingabe.begin(), eingabe.end(), std::size_t{0})) {}
+
+std::size_t Wahl::Aus(std::size_t anzahl) {
+    const std::size_t gewaehlt = m_rest % anzahl;
+    m_rest /= anzahl;
+    return gewaehlt;
 }
 
 } // namespace zepholt::fuzz

@@ -16,8 +16,17 @@ namespace zepholt::fuzz {
 // Ends the process with the text on standard error where `gilt` doesn't hold.
 void Verlange(bool gilt, const char* was);
 
-// A number from 0 to `anzahl` - 1 that the bytes decide: which of several ways a run takes.
-std::size_t Wahl(ByteSicht eingabe, std::size_t anzahl);
+// What the bytes decide: which of several ways a run takes.
+class Wahl {
+public:
+    explicit Wahl(ByteSicht eingabe);
+
+    // The next choice: a number from 0 to `anzahl` - 1.
+    std::size_t Aus(std::size_t anzahl);
+
+private:
+    std::size_t m_rest;
+};
 
 } // namespace zepholt::fuzz
 

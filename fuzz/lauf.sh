@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
-# Fuzzes the six targets with the build of the preset "fuzz": lauf.sh SECONDS [FOLDER]
-# SECONDS are for all of them together. FOLDER keeps what is worth beginning with next time, a folder for each target,
-# and what was found (build/fuzz/korpus). Ends with a table; fails when something was found.
+# Fuzzes the six targets: lauf.sh SECONDS [FOLDER [PRESET]]
+# SECONDS are for all of them together, two at a time. FOLDER keeps what is worth beginning with next time, a folder for
+# each target, and what was found (build/fuzz/korpus). PRESET is the one of the build: "fuzz", under sanitizers, or
+# "fuzz_schnell", without them. Ends with a table; fails when something was found.
 set -uo pipefail
 hier=$(cd "$(dirname "$0")" && pwd)
-bau=$hier/../build/fuzz
+bau=$hier/../build/${3:-fuzz}
 sekunden=$1
-korpus=${2:-$bau/korpus}
+korpus=${2:-$hier/../build/fuzz/korpus}
 ziele="01S E1S kapitel sammeldatei xml kommandotext"
 je=$((sekunden / 3 > 0 ? sekunden / 3 : 1)) # two at a time
 

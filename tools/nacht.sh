@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# The long versions of all checks that look for faults: nacht.sh [HOURS OF FUZZING] (8). Prints one table at its end; what
-# each said stands in build/nacht/. Needs 15 GB of disk and 12 GB of memory; fails when one of them fails.
+# The long versions of all checks that look for faults: nacht.sh [HOURS OF FUZZING [PART]] (8, 1). Prints one table at
+# its end; what each said stands in build/nacht/. Needs 15 GB of disk and 12 GB of memory; fails when one of them fails.
+# PART shrinks all but the fuzzing, to try the script: 100 for a hundredth.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 stunden=${1:-8}
+teil=${2:-1}
 ort=build/nacht
 mkdir -p "$ort"
 zeilen=()
@@ -21,24 +23,22 @@ stufe() {
     echo "${zeilen[-1]}"
 }
 
-# vergleich OLD NEW: the same random files through two programs.
-vergleich() {
-    tools/vergleiche.py "$1" "$2" 100000
-}
-
 bau() {
-    for preset in debug release asan fuzz; do
+    for preset in debug release asan; do
         cmake --preset "$preset" -Wno-dev && cmake --build --preset "$preset" || return 1
     done
 }
 
 stufe bau bau
-stufe unterbrechung tests/fehler/unterbrechung.py build/release/zepholt 1000 build/debug/tests/libzepholt_stoerung.so
+stufe unterbrechung tests/fehler/unterbrechung.py build/release/zepholt $((1000 / teil)) \
+    build/debug/tests/libzepholt_stoerung.so
 stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/libzepholt_stoerung.so
-stufe grenzen tests/fehler/grenzen.py build/release/zepholt
-stufe vergleich_debug vergleich build/release/zepholt build/debug/zepholt
-stufe vergleich_clang vergleich build/release/zepholt build/asan/zepholt
-stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --probe 400
+stufe grenzen tests/fehler/grenzen.py build/release/zepholt "$teil"
+stufe vergleich tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt $((100000 / teil))
+stufe windows env DOKUMENTE=$((20000 / teil)) tools/windows_pruefen.sh
+stufe abdeckung tools/abdeckung.sh
+stufe felder tools/mutanten.py doctest items --art zahl --skripte --probe $((2000 / teil))
+stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --skripte --probe $((400 / teil))
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
 printf '%s\n' "${zeilen[@]}"

@@ -1,17 +1,18 @@
 #!/usr/bin/env python3
-"""Compares the protocols of two programs on random exchange files, byte for byte but for date and time.
+"""Compares the protocols of programs on random exchange files, byte for byte but for date and time.
 
-    tools/vergleiche.py OLD NEW N [--saat S] [--katalog FOLDER]
+    tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER]
 
-Of the N files each second is an E1S file. Their records are filled from short lists of good and bad values, so that
-numbers, codes and running numbers meet often; then some are spoiled: bytes changed, cut or put in, lines doubled,
-swapped or made longer, characters of every kind put into fields, line ends broken. The first file that makes a
-difference is kept and named; the exit status is then 1.
+A program is a path, or what a shell would split into an emulator and a path. Of the N files each second is an E1S file.
+Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers meet often;
+then some are spoiled: bytes changed, cut or put in, lines doubled, swapped or made longer, characters of every kind put
+into fields, line ends broken. The first file that makes a difference is kept and named; the exit status is then 1.
 """
 import argparse
 import pathlib
 import random
 import re
+import shlex
 import shutil
 import subprocess
 import sys
@@ -146,57 +147,65 @@ def als_bytes(zufall, zeilen, neu):
     return inhalt
 
 
-def protokoll(programm, datei, ordner, katalog, modus):
-    ziel = ordner / "p.xml"
-    ziel.unlink(missing_ok=True)
-    subprocess.run([programm, f"file={datei}", "dialog=" + modus[0], f"errorfile={ziel}", f"catalog={katalog}"] + modus[1:],
-                   check=False, capture_output=True)
-    if not ziel.exists():
-        return b"no protocol"
-    return re.sub(rb"<(Date|Time)>[^<]*", rb"<\1>", ziel.read_bytes())
+def befehl(programm):
+    """The words of a program's command line, files among them by their whole paths."""
+    worte = shlex.split(programm)
+    return [str(pathlib.Path(wort).resolve()) if pathlib.Path(wort).is_file() else wort for wort in worte]
+
+
+def protokoll(programm, ordner, datei, ziel, katalog, modus):
+    """What a program writes; a run that ends otherwise than by itself shows as its status."""
+    lauf = subprocess.run([*programm, f"file={datei}", f"dialog={modus[0]}", f"errorfile={ziel}", f"catalog={katalog}",
+                           *modus[1:]], cwd=ordner, stdin=subprocess.DEVNULL, check=False, capture_output=True)
+    if not (ordner / ziel).exists():
+        return f"no protocol, status {lauf.returncode}".encode()
+    return re.sub(rb"<(Date|Time)>[^<]*", rb"<\1>", (ordner / ziel).read_bytes())
 
 
 def vergleiche(nummer, wahl, grund):
+    """The protocol on one file, or None when the programs differ: then the file stays."""
     zufall = random.Random(f"{wahl.saat}-{nummer}")
     neu = nummer % 2 == 1
     zeilen = dokument(zufall, neu)
     verderben(zufall, zeilen)
     ordner = grund / str(nummer)
-    (ordner / "alt").mkdir(parents=True)
-    (ordner / "neu").mkdir()
-    (ordner / "leer").mkdir()
-    datei = ordner / ("a.E1S" if neu else "a.01S")
-    datei.write_bytes(als_bytes(zufall, zeilen, neu))
+    (ordner / "leer").mkdir(parents=True)
+    datei = "a.E1S" if neu else "a.01S"
+    (ordner / datei).write_bytes(als_bytes(zufall, zeilen, neu))
     modus = [zufall.choice(("de-", "fr-", "it-"))] + zufall.choice(([], [], ["mode=I"]))
-    katalog = wahl.katalog or ordner / "leer"
-    gleich = (protokoll(wahl.alt, datei, ordner / "alt", katalog, modus) ==
-              protokoll(wahl.neu, datei, ordner / "neu", katalog, modus))
-    codes = set(re.findall(rb' N="(\d{4})"', (ordner / "neu" / "p.xml").read_bytes())) if gleich else set()
-    if gleich:
-        shutil.rmtree(ordner)
-    return ordner if not gleich else codes
+    katalog = pathlib.Path(wahl.katalog).resolve() if wahl.katalog else "leer"
+    protokolle = {protokoll(programm, ordner, datei, f"{i}.xml", katalog, modus)
+                  for i, programm in enumerate(wahl.programme)}
+    if len(protokolle) > 1:
+        return None
+    shutil.rmtree(ordner)
+    return protokolle.pop()
 
 
 def main():
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    eingabe.add_argument("alt")
-    eingabe.add_argument("neu")
+    eingabe.add_argument("programme", nargs="+", type=befehl, metavar="PROGRAM")
     eingabe.add_argument("n", type=int)
     eingabe.add_argument("--saat", default="1")
     eingabe.add_argument("--katalog")
     wahl = eingabe.parse_args()
     grund = pathlib.Path(tempfile.mkdtemp())
-    codes = {}
+    codes = set()
+    ohne = 0
     with ThreadPoolExecutor(2) as arbeiter:
-        for ergebnis in arbeiter.map(lambda nummer: vergleiche(nummer, wahl, grund), range(wahl.n)):
-            if isinstance(ergebnis, pathlib.Path):
-                print(f"different: {ergebnis}")
+        ergebnisse = arbeiter.map(lambda nummer: vergleiche(nummer, wahl, grund), range(wahl.n))
+        for nummer, ergebnis in enumerate(ergebnisse):
+            if ergebnis is None:
+                print(f"different: {grund / str(nummer)}")
                 arbeiter.shutdown(cancel_futures=True)
                 sys.exit(1)
-            for code in ergebnis:
-                codes[code] = codes.get(code, 0) + 1
+            ohne += ergebnis.startswith(b"no protocol")
+            codes |= set(re.findall(rb' N="(\d{4})"', ergebnis))
     shutil.rmtree(grund)
-    print(f"{wahl.n} files, no difference; codes met: {len(codes)}")
+    print(f"{wahl.n} files, {len(wahl.programme)} programs, no difference; codes met: {len(codes)}, "
+          f"files without protocol: {ohne}")
+    if ohne == wahl.n:
+        sys.exit(1)
 
 
 main()

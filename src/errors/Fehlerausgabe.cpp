@@ -90,18 +90,22 @@ std::string_view Fehlerausgabe::Element(const FehlerEintrag& eintrag) {
 
 const Fehlerausgabe::Codeteile& Fehlerausgabe::TeileVon(std::int32_t code, std::size_t platz) {
     m_codes.resize(FehlerTexte().size());
-    Codeteile& teile = m_codes[platz];
-    if (teile.Art.empty()) {
-        Text element = u"/>";
-        tqXML::setAttribute(u"N", ZahlText(code), element);
-        tqXML::setAttribute(u"E", FehlerSchwere(code), element);
-        teile.Art = XmlBytes(TextSicht(element).substr(0, element.size() - 2));
-        teile.Feld = WennGegeben(u"F", FehlerFeld(code));
-        element = u"/>";
-        tqXML::setAttribute(u"T", FehlerText(code, testDaten.Sprache), element);
-        teile.Meldung = XmlBytes(element);
+    std::unique_ptr<const Codeteile>& teile = m_codes[platz];
+    if (!teile) {
+        teile = std::make_unique<const Codeteile>(TeileAus(code));
     }
-    return teile;
+    return *teile;
+}
+
+Fehlerausgabe::Codeteile Fehlerausgabe::TeileAus(std::int32_t code) {
+    Text art = u"/>";
+    tqXML::setAttribute(u"N", ZahlText(code), art);
+    tqXML::setAttribute(u"E", FehlerSchwere(code), art);
+    Text meldung = u"/>";
+    tqXML::setAttribute(u"T", FehlerText(code, testDaten.Sprache), meldung);
+    return {.Art = XmlBytes(TextSicht(art).substr(0, art.size() - 2)),
+            .Feld = WennGegeben(u"F", FehlerFeld(code)),
+            .Meldung = XmlBytes(meldung)};
 }
 
 // Line, position and field are made anew where they are others than those of the finding before.

@@ -3,6 +3,7 @@
 
 #include "errors/Fehlersammlung.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,10 +28,11 @@ private:
         std::string Meldung; // T and the end of the element
     };
 
+    static Codeteile TeileAus(std::int32_t code);
     const Codeteile& TeileVon(std::int32_t code, std::size_t platz);
     void OrtNachfuehren(const FehlerEintrag& eintrag);
 
-    std::vector<Codeteile> m_codes; // as the rows of the error table
+    std::vector<std::unique_ptr<const Codeteile>> m_codes; // as the rows of the error table; those that were met
     FehlerEintrag m_letzter;
     std::string m_element; // of m_letzter; empty before the first
     std::string m_zeile;

@@ -166,7 +166,8 @@ def pruefe_rufe(fall, soll, rufe):
 
 def pruefe_taten(fall):
     """The disk changes before every call: the exchange file is cut, grows, is replaced by another, goes; a
-    file or a link appears where the protocol is to stand. The link's target, a foreign file, stays what it is."""
+    file or a link appears where the protocol is to stand. Such a file is replaced or stays, and is never deleted; the
+    link's target, a foreign file, stays what it is."""
     ort = fall.ort
     datei = os.path.join(ort, fall.datei)
     protokoll = os.path.join(ort, "aus", "p.xml")
@@ -185,7 +186,8 @@ def pruefe_taten(fall):
                     schreibe(protokoll + ".neu", b"alt")
                 status, ausgabe, gesagt, getroffen = fall.laufe(f"{ruf} {nummer} tat", tat)
                 ganz = ausgabe in (KEINE, b"alt") or ausgabe.endswith(b"</SIA451>")
-                if status != 0 or gesagt or not ganz:
+                geloescht = tat.startswith(f"ersetze {protokoll}") and ausgabe == KEINE
+                if status != 0 or gesagt or not ganz or geloescht:
                     schlecht.append(f"{fall.name}: {tat} before {ruf} {nummer}: {status} {ausgabe} {gesagt}")
                 if lies(fremde) != b"fremd":
                     schlecht.append(f"{fall.name}: {tat} before {ruf} {nummer}: a foreign file is overwritten")

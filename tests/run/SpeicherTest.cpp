@@ -1,5 +1,5 @@
 // Exhausted memory at every place of a run: the n-th allocation fails, once and from then on. The run ends with status
-// 1 and one line, or as if nothing had happened, and never leaves half a protocol or anything beside it.
+// 1 and one line, or as if nothing had happened, and never leaves half a protocol, anything beside it, or an open file.
 #include "run/Main_Start.h"
 
 #include "hilfen/KopfSaetze.h"
@@ -92,16 +92,22 @@ protected:
             argumente.push_back(parameter.data());
         }
         testing::internal::CaptureStderr();
+        const std::ptrdiff_t offen = OffeneDateien();
         Ausgang ausgang;
         bisZumFehler = gut;
         ausgang.Status = Programm(static_cast<int>(argumente.size()), argumente.data());
         ausgang.Uebrig = bisZumFehler;
         bisZumFehler = Nie;
+        EXPECT_EQ(OffeneDateien(), offen) << gut << ": files and folders are closed";
         ausgang.Gesagt = testing::internal::GetCapturedStderr();
         std::erase(ausgang.Gesagt, '\r');
         ausgang.Protokoll = ProtokollHolen();
         EXPECT_TRUE(std::filesystem::is_empty(m_ordner.Pfad() / "aus")) << "something beside the protocol";
         return ausgang;
+    }
+
+    static std::ptrdiff_t OffeneDateien() {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
     }
 
     std::string ProtokollHolen() const {
@@ -160,6 +166,24 @@ TEST_F(SpeicherTest, ListOfCodes) {
         for (const std::int64_t gut : {0, 1, 2, 5, 10, 20, 30, 40, 60, 100, 200, 1000}) {
             const Ausgang ausgang = Laufe(gut);
             EXPECT_EQ(ausgang.Status == 1, ausgang.Protokoll.empty()) << gut;
+            EXPECT_EQ(ausgang.Status == 1, !ausgang.Gesagt.empty()) << gut;
+        }
+    }
+}
+
+TEST_F(SpeicherTest, ListOfTheChaptersOfAFolder) {
+    const std::string text = "<Kapitel N=\"111\" V=\"2019\" S=\"2\" A=\"1\" T=\"Titel\"></Kapitel>";
+    for (const char* name : {"k/N192111.qvm", "k/N192112.qvm", "k/N192113.qvm"}) {
+        m_ordner.Schreibe(name, "CF1120192111000000089000000000 " + text);
+    }
+    m_parameter[1] = "file=*1";
+    const Ausgang ganz = Laufe(Nie - 1);
+    ASSERT_NE(ganz.Protokoll.find("Titel"), std::string::npos) << ganz.Protokoll;
+    for (const bool einmal : {true, false}) {
+        nurEinmal = einmal;
+        for (std::int64_t gut = 0; gut < Nie - 1 - ganz.Uebrig; ++gut) {
+            const Ausgang ausgang = Laufe(gut);
+            EXPECT_EQ(ausgang.Protokoll, ausgang.Status == 1 ? "" : ganz.Protokoll) << gut;
             EXPECT_EQ(ausgang.Status == 1, !ausgang.Gesagt.empty()) << gut;
         }
     }

@@ -1,5 +1,5 @@
 // Calls of the system that a signal interrupts, or that do only half of what they were asked for: nothing of it is a
-// failure. The test program's own functions stand before the system's.
+// failure. And what another program does between two calls. The test program's own functions stand before the system's.
 #include "support/OS_API.h"
 
 #include "support/Pruefordner.h"
@@ -8,7 +8,9 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <functional>
 #include <set>
+#include <utility>
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -19,7 +21,10 @@
 namespace {
 
 bool gestoert = false;
-std::set<std::string> gesehen; // the calls that were interrupted
+std::set<std::string> gesehen;     // the calls that were interrupted
+bool ohneNamenlose = false;        // the file system knows no files without a name
+std::function<void()> nachAnlegen; // what happens once a file was made
+constexpr int Namenlos = O_TMPFILE & ~O_DIRECTORY;
 
 // True every second time for each call: what is tried again gets through.
 bool Unterbrochen(const char* ruf) {
@@ -56,8 +61,18 @@ int openat(int ordner, const char* pfad, int art, ...) {
     va_start(weitere, art);
     const mode_t rechte = va_arg(weitere, mode_t);
     va_end(weitere);
-    return Unterbrochen("openat") ? -1
-                                  : System<int(int, const char*, int, mode_t)>("openat")(ordner, pfad, art, rechte);
+    if (ohneNamenlose && (art & Namenlos) != 0) {
+        errno = EOPNOTSUPP;
+        return -1;
+    }
+    if (Unterbrochen("openat")) {
+        return -1;
+    }
+    const int griff = System<int(int, const char*, int, mode_t)>("openat")(ordner, pfad, art, rechte);
+    if (griff >= 0 && (art & (O_CREAT | Namenlos)) != 0 && nachAnlegen) {
+        std::exchange(nachAnlegen, nullptr)();
+    }
+    return griff;
 }
 
 ssize_t write(int griff, const void* bytes, size_t anzahl) {
@@ -103,7 +118,11 @@ namespace {
 
 class StoerungTest : public Pruefordner {
 protected:
-    ~StoerungTest() override { gestoert = false; }
+    ~StoerungTest() override {
+        gestoert = false;
+        ohneNamenlose = false;
+        nachAnlegen = nullptr;
+    }
 
     template <class Tun>
     static auto Gestoert(Tun tun) {
@@ -159,6 +178,20 @@ TEST_F(StoerungTest, EinOrdnerWirdGanzGelesen) {
 TEST_F(StoerungTest, DieProbeDerFehlerdateiGelingt) {
     EXPECT_TRUE(Gestoert([&] { return DateiAnlegbar(Pfad(u"p.xml")); }));
     EXPECT_EQ(Anzahl(), 0);
+}
+
+TEST_F(StoerungTest, DieProbeLoeschtNurWasSieAngelegtHat) {
+    for (const bool namenlos : {true, false}) {
+        ohneNamenlose = !namenlos;
+        EXPECT_TRUE(DateiAnlegbar(Pfad(u"p.xml")));
+        EXPECT_EQ(Anzahl(), 0);
+
+        Datei(u"fertig", "another run's protocol");
+        nachAnlegen = [this] { std::filesystem::rename(System(u"fertig"), System(u"p.xml")); };
+        EXPECT_TRUE(DateiAnlegbar(Pfad(u"p.xml")));
+        EXPECT_EQ(Inhalt(u"p.xml"), "another run's protocol") << (namenlos ? "without a name" : "with a name");
+        std::filesystem::remove(System(u"p.xml"));
+    }
 }
 
 } // namespace
