@@ -75,6 +75,7 @@ constexpr Seitentext Tabelle[] = {
     {"leer", {"leer", "vide", "vuoto"}},
     {"ganzezeile", {"Ganze Zeile", "Ligne entière", "Riga intera"}},
     {"gekuerzt", {"gekürzt", "abrégé", "abbreviato"}},
+    {"heisst", {"Was heisst {0}?", "Que veut dire {0} ?", "Che cosa significa {0}?"}},
     {"umgebung", {"Die Zeilen dieser Position ({0})", "Les lignes de cet article ({0})", "Le righe di questa posizione ({0})"}},
     {"umgebungD", {"Die betroffenen Zeilen ({0})", "Les lignes concernées ({0})", "Le righe interessate ({0})"}},
     {"umgebungmehr", {"und {0} weitere Zeilen", "et {0} autres lignes", "e altre {0} righe"}},
