@@ -23,8 +23,10 @@ for (const breite of [1280, 390]) {
         if (i) await seite.click(`#sprachen button[value="${i}"]`);
         await seite.evaluate(() => scrollTo(0, 0));
         await bild(anfang + (i ? '-' + sprache : ''));
-        const record = seite.locator('#liste .e:has(.r)').nth(1);
-        if (!(await record.count())) continue;
+        const records = seite.locator('#liste .s > article:has(.w)');
+        const anzahl = await records.count();
+        if (!anzahl) continue;
+        const record = records.nth(Math.min(1, anzahl - 1));
         await record.evaluate((k) => scrollTo(0, k.closest('.s').getBoundingClientRect().top + scrollY - 120));
         await seite.waitForTimeout(100);
         if (!i) await bild(anfang + '-record');

@@ -142,6 +142,11 @@ class Laeufer:
             datei.befunde[sprache] = self._protokoll(beispiel, name, sprache)
         return datei
 
+    def codes_von(self, beispiel, marke, sprache):
+        """The codes that the wrong file ("-") or the right one ("+") gives, in the order of the protocol."""
+        befunde = self._seite(beispiel, marke).befunde[sprache]
+        return [int(re.search(r'N="(\d+)"', befund)[1]) for befund in befunde]
+
     def _mit_rahmen(self, beispiel, zeilen):
         """Records A and Z of the frame, with the fields that the example sets in them, around the other lines."""
         if beispiel.kopf.get("rahmen") == "nein":
