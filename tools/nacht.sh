@@ -36,6 +36,7 @@ stufe bau bau
 stufe unterbrechung tests/fehler/unterbrechung.py build/release/zepholt 1000 build/debug/tests/libzepholt_stoerung.so
 stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/libzepholt_stoerung.so
 stufe grenzen tests/fehler/grenzen.py build/release/zepholt
+stufe oeffnen bench/oeffnen.sh build/release
 stufe vergleich_debug vergleich build/release/zepholt build/debug/zepholt
 stufe vergleich_clang vergleich build/release/zepholt build/asan/zepholt
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --probe 400
