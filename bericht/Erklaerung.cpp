@@ -21,4 +21,9 @@ CodeErklaerung Erklaerung(std::int32_t code, Sprache sprache) {
     return erklaerung;
 }
 
+std::string_view Faltteil(std::int32_t code, Sprache sprache) {
+    const hilfe::Codeseite* seite = hilfe::CodeseiteLesen(code);
+    return seite == nullptr ? std::string_view() : seite->Texte[static_cast<std::size_t>(sprache)].Html;
+}
+
 } // namespace zepholt::bericht

@@ -22,4 +22,8 @@ struct CodeErklaerung {
 // What is known of a code that the table has, in a language. The field is named as the interface that is set has it.
 CodeErklaerung Erklaerung(std::int32_t code, Sprache sprache);
 
+// What a page unfolds beside a finding: what is tested and how to repair it, as HTML without links, scripts and styles.
+// Empty for a code that has no page.
+std::string_view Faltteil(std::int32_t code, Sprache sprache);
+
 } // namespace zepholt::bericht

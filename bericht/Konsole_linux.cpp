@@ -110,6 +110,7 @@ bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente
         texte.push_back(Utf8Bytes(argument));
     }
     std::vector<char*> zeiger;
+    zeiger.reserve(texte.size() + 1);
     for (std::string& text : texte) {
         zeiger.push_back(text.data());
     }

@@ -21,7 +21,7 @@ constexpr DreiTexte Dokument = {"Dokument", "Document", "Documento"};
 constexpr DreiTexte Fehler = {"Fehler", "Erreurs", "Errori"};
 constexpr DreiTexte Warnungen = {"Warnungen", "Avertissements", "Avvertimenti"};
 constexpr DreiTexte EinFehler = {"Fehler", "erreur", "errore"};
-constexpr DreiTexte EineWarnung = {"Warnung", "avertissement", "avvertimento"};
+constexpr DreiTexte EineWarnung = {"Warnung", "avertissement", "avviso"};
 constexpr DreiTexte Zeile = {"Zeile", "Ligne", "Riga"};
 
 constexpr DreiTexte OhneZeile = {"ohne Zeile", "sans ligne", "senza riga"};

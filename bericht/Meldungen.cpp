@@ -49,7 +49,7 @@ constexpr Zeile Tabelle[] = {
     {Meldung::ProtokollWiderspruch,
      {"Das Protokoll widerspricht sich: {0} (gezählte Fehler {1}, Warnungen {2})",
       "Le journal se contredit : {0} (erreurs comptées {1}, avertissements {2})",
-      "Il protocollo si contraddice: {0} (errori contati {1}, avvertimenti {2})"}},
+      "Il protocollo si contraddice: {0} (errori contati {1}, avvisi {2})"}},
     {Meldung::AndereDatei,
      {"Das Protokoll gehört zu einer anderen Austauschdatei: {0} ist im Protokoll «{1}», in der Datei «{2}»",
       "Le journal appartient à un autre fichier de transfert : {0} est «{1}» dans le journal, «{2}» dans le fichier",
@@ -149,7 +149,7 @@ Statut : 0 sans erreur, 1 erreurs, 2 journal absent ou endommagé (ou rien dont 
   -V, --version          la versione
 
 Stato: 0 senza errori, 1 errori, 2 protocollo assente o danneggiato (o nulla di cui fare un rapporto),
-64 chiamata errata. Gli avvertimenti non sono errori.
+64 chiamata errata. Gli avvisi non sono errori.
 )"};
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "bericht/Seite.h"
 
+#include "bericht/Erklaerung.h"
 #include "bericht/Listen.h"
 #include "bericht/Recordbild.h"
 #include "bericht/Seitenkopf.h"
@@ -13,6 +14,7 @@
 #include <algorithm>
 #include <map>
 #include <numeric>
+#include <set>
 #include <tuple>
 
 namespace zepholt::bericht {
@@ -46,6 +48,7 @@ public:
         ListeSchreiben();
         m_ausgabe.Schreiben("</main>\n</div>\n<footer class=\"breite\"><p data-t=\"fuss\">" + W("fuss") +
                             "</p></footer>\n");
+        FaltteileSchreiben();
         m_ausgabe.Schreiben("<script type=\"application/json\" id=\"daten\">");
         SeitendatenSchreiben(m_inhalt, m_ausgabe);
         m_ausgabe.Schreiben("</script>\n<script>" + std::string(Seitenskript()) + "</script>\n</body>\n</html>\n");
@@ -297,14 +300,42 @@ private:
             const Befund& befund = m_inhalt.BefundAn(stelle);
             const std::string schwere = befund.IstWarnung ? "B" : "A";
             const std::string code = std::to_string(befund.Code);
-            const bool erster = m_genannt.emplace(befund.Code, true).second; // the place that the code's link leads to
+            const bool erster = m_genannt.insert(befund.Code).second; // the place that the code's link leads to
             liste += "<li class=\"" + schwere + "\"" + (erster ? " id=\"c" + code + "\"" : "") +
                      "><span class=\"k\"><b>" + W(schwere) + "</b><a class=\"code " + schwere + "\" href=\"#c" + code +
-                     "\">" + code + "</a></span><span class=\"t\">" + Html(Befundtext(m_inhalt.Aus, befund, m_sprache));
+                     "\">" + code + "</a></span><div class=\"t\">" + Html(Befundtext(m_inhalt.Aus, befund, m_sprache));
             const std::string satz = Feldsatz(m_inhalt.Aus.Worte.Wort(befund.Feld), layouts, m_sprache);
-            liste += (satz.empty() ? "" : "<small>" + Html(satz) + "</small>") + "</span></li>";
+            liste += (satz.empty() ? "" : "<small>" + Html(satz) + "</small>") + (erster ? Falte(befund.Code) : "") +
+                     "</div></li>";
         }
         return liste + "</ul>";
+    }
+
+    // The fold-out of a code stands beside its first finding, where the code's link leads to; the script gives it to
+    // all.
+    std::string Falte(std::int32_t code) const {
+        const std::string_view text = Faltteil(code, m_sprache);
+        return text.empty() ? ""
+                            : "<details class=\"w\"><summary>" + W("heisst", {std::to_string(code)}) + "</summary>" +
+                                  std::string(text) + "</details>";
+    }
+
+    // What the script needs to unfold a code in each language, but for what the plain part has already.
+    void FaltteileSchreiben() const {
+        std::set<std::int32_t> codes;
+        for (const Seitencode& code : m_inhalt.Codes) {
+            codes.insert(code.Code);
+        }
+        for (const std::int32_t code : codes) {
+            for (const Sprache sprache : {Sprache::Deutsch, Sprache::Franzoesisch, Sprache::Italienisch}) {
+                const std::string_view text = Faltteil(code, sprache);
+                if (!text.empty() && (sprache != m_sprache || !m_genannt.contains(code))) {
+                    m_ausgabe.Schreiben("<template data-falte=\"" + std::to_string(code) + " " +
+                                        std::to_string(static_cast<int>(sprache)) + "\">" + std::string(text) +
+                                        "</template>\n");
+                }
+            }
+        }
     }
 
     std::string Record(std::int32_t nummer, const std::vector<std::uint32_t>& stellen) {
@@ -345,7 +376,7 @@ private:
     Sprache m_sprache;
     std::vector<bool> m_gewaehlt; // by place
     std::int64_t m_anzahlGewaehlt = 0;
-    std::map<std::int32_t, bool> m_genannt;
+    std::set<std::int32_t> m_genannt; // codes that the list has named so far
 };
 
 } // namespace

@@ -4,8 +4,10 @@
 #include "errors/FehlerERLTexte.h"
 #include "errors/Steckbriefe.h"
 #include "state/SIA451Felder.h"
+#include "state/SIA451Feldnamen.h"
 #include "state/TestDaten.h"
 
+#include <array>
 #include <cstdio>
 
 namespace zepholt::werkzeug {
@@ -17,7 +19,8 @@ constexpr const char* Hilfe = R"(codeschreiber
 Writes what the program's tables know of the codes and of the fields to standard output, as JSON in UTF-8:
   codes    each code with its severity, its field reference, its message in three languages, the kinds of file, the
            stage, what it stops, its place in the protocol, whether it is reported, the codes that follow from it
-  felder   for each kind of file the fields of all record types: reference, first column, length
+  felder   for each kind of file the fields of all record types: reference, first column, length,
+           name in three languages
 )";
 
 constexpr const char* Etappen[] = {"aufruf",   "einlesen",     "rahmen",     "zeichen",  "felder",
@@ -45,6 +48,12 @@ std::string Zitat(TextSicht text) {
     return json + '"';
 }
 
+// A text in each language: what `text` gives for 1, 2 and 3.
+template <typename Sprachtext>
+std::string InSprachen(Sprachtext text) {
+    return "{\"de\": " + Zitat(text(1)) + ", \"fr\": " + Zitat(text(2)) + ", \"it\": " + Zitat(text(3)) + "}";
+}
+
 std::string FolgenVon(const Steckbrief& brief) {
     std::string json;
     for (const std::int32_t folge : brief.Folgen) {
@@ -57,8 +66,10 @@ std::string FolgenVon(const Steckbrief& brief) {
 
 std::string CodeZeile(const FehlerZeile& zeile, const Steckbrief& brief) {
     std::string json = "{\"code\": " + std::to_string(zeile.Code) + ", \"schwere\": " + Zitat(zeile.Schwere) +
-                       ", \"feld\": " + Zitat(zeile.Feld) + ", \"texte\": {\"de\": " + Zitat(zeile.Deutsch) +
-                       ", \"fr\": " + Zitat(zeile.Franzoesisch) + ", \"it\": " + Zitat(zeile.Italienisch) + "}";
+                       ", \"feld\": " + Zitat(zeile.Feld) + ", \"texte\": " + InSprachen([&](std::int32_t sprache) {
+                           return std::array{zeile.Deutsch, zeile.Franzoesisch, zeile.Italienisch}.at(
+                               static_cast<std::size_t>(sprache - 1));
+                       });
     json += std::string(", \"dateien\": [") + Name(Dateien, brief.Dateien) + "], \"etappe\": \"" +
             Name(Etappen, brief.Stufe) + "\", \"haelt\": \"" + Name(Halte, brief.Haelt) + "\", \"ort\": \"" +
             Name(Orte, brief.Ort) + "\", \"gemeldet\": \"" + Name(Gemeldet, brief.Gemeldet) + "\"";
@@ -83,6 +94,7 @@ std::string Felder(bool neu) {
         TextSicht feld = layout.Feldbezug;
         json += (json.empty() ? "\n  {\"feld\": " : ",\n  {\"feld\": ") + Zitat(feld) +
                 ", \"spalte\": " + std::to_string(layout.Spalte) + ", \"laenge\": " + std::to_string(layout.Laenge) +
+                ", \"namen\": " + InSprachen([&](std::int32_t sprache) { return Feldbezeichnung(feld, sprache); }) +
                 "}";
     }
     return json;

@@ -152,8 +152,9 @@
     const link = h('a', 'code ' + schwere, String(code));
     link.href = '#c' + code;
     const satz = feldsatz(zeile ? typVon(zeile) : '', f);
-    const text = sichtbar(h('span', 't'), texte[sprache], 'feld');
+    const text = sichtbar(h('div', 't'), texte[sprache], 'feld');
     if (satz) text.append(h('small', '', satz));
+    if (wahl.ordnung === 'p') text.append(...falte(String(code)));
     return h('li', schwere, h('span', 'k', h('b', '', wort(schwere)), link), text);
   }));
 
@@ -193,6 +194,32 @@
     const p = h('p', 'p');
     orte.forEach((w, i) => p.append(sichtbar(h('span', ''), i === 0 ? wort('kapitel1', D().w[w]) : D().w[w], 'feld')));
     return p;
+  };
+
+  // --- What a code means: texts of the page itself, never of the file. The plain part has them in its language beside the
+  // first finding of each code, templates have the rest.
+  const falten = new Map([...document.querySelectorAll('template[data-falte]')].map((k) => [k.dataset.falte, k.content]));
+  const falte = (code) => {
+    if (!falten.has(code + ' ' + sprache)) return [];
+    const d = h('details', 'w', h('summary', '', wort('heisst', code)));
+    d.dataset.code = code;
+    return [d];
+  };
+  const entfalten = (d) => {
+    if (d.open && d.dataset.code && d.children.length === 1) d.append(falten.get(d.dataset.code + ' ' + sprache).cloneNode(true));
+  };
+  const faltenVerteilen = () => {
+    const befunde = [...liste.querySelectorAll('.m > li')].map((k) => [k.querySelector('.code').textContent, k.querySelector('.t')]);
+    for (const [code, text] of befunde) {
+      const inhalt = text.querySelector('.w');
+      if (!inhalt) continue;
+      const teil = document.createDocumentFragment();
+      teil.append(...[...inhalt.childNodes].slice(1));
+      falten.set(code + ' ' + sprache, teil);
+      inhalt.dataset.code = code;
+      entfalten(inhalt);
+    }
+    for (const [code, text] of befunde) if (!text.querySelector('.w')) text.append(...falte(code));
   };
 
   // --- Choosing: each hit is a record, or the findings of a position without one, with those findings that fit
@@ -244,7 +271,7 @@
   const kopfVon = (hit) => {
     if (wahl.ordnung === 'p') return [h('h3', '', abschnittTitel(hit.a)), herkunft(hit.a)];
     const [code, schwere, texte] = D().c[hit.c];
-    return [h('h3', '', h('span', 'code ' + schwere, String(code)), sichtbar(h('span', ''), texte[sprache], 'feld'))];
+    return [h('h3', '', h('span', 'code ' + schwere, String(code)), sichtbar(h('span', ''), texte[sprache], 'feld')), ...falte(String(code))];
   };
   const bauen = (hits, von, bis) => {
     let schluessel = von > 0 ? gruppe(hits[von - 1]) : null;
@@ -337,6 +364,8 @@
     if ($('#leiste')) anwenden();
   });
   if (!$('#leiste')) return; // without findings there is nothing to choose from
+  faltenVerteilen();
+  liste.addEventListener('toggle', (e) => entfalten(e.target), true);
   umschalter('#schwere', 'schwere');
   umschalter('#ordnung', 'ordnung');
   let uhr = 0;

@@ -1,5 +1,5 @@
-// Takes pictures of the pages: bilder.mjs FOLDER [NAME...]. Each page's first screen in three languages, and one record of it;
-// with names only those.
+// Takes pictures of the pages: bilder.mjs FOLDER [NAME...]. Each page's first screen, and one record of it with what its code
+// means, in three languages; with names only those.
 import { readFileSync } from 'node:fs';
 import { pathToFileURL } from 'node:url';
 import { chromium } from 'playwright-core';
@@ -23,11 +23,16 @@ for (const breite of [1280, 390]) {
         if (i) await seite.click(`#sprachen button[value="${i}"]`);
         await seite.evaluate(() => scrollTo(0, 0));
         await bild(anfang + (i ? '-' + sprache : ''));
-        const record = seite.locator('#liste .e:has(.r)').nth(1);
-        if (i > 0 || !(await record.count())) continue;
+        const records = seite.locator('#liste .s > article:has(.w)');
+        const anzahl = await records.count();
+        if (!anzahl) continue;
+        const record = records.nth(Math.min(1, anzahl - 1));
         await record.evaluate((k) => scrollTo(0, k.closest('.s').getBoundingClientRect().top + scrollY - 120));
         await seite.waitForTimeout(100);
-        await bild(anfang + '-record');
+        if (!i) await bild(anfang + '-record');
+        await record.locator('.w summary').first().click();
+        await seite.waitForTimeout(100);
+        await bild(anfang + (i ? '-' + sprache : '') + '-code');
       }
     }
     if (passt('uebersicht-' + ende)) {

@@ -1,17 +1,21 @@
 # For the scripts of this folder, which source it: the pages that are tested and shown, in a folder of the build.
 
-# seiten_bereiten BUILD LINES: goes to the folder of the pages, fetches what drives the browser, and makes the pages; the
-# large one has about that many lines. seiten.txt then names each page with the number of its findings and of its warnings
-# that an XML parser of another kind counts in its protocol.
+# browser_bereiten BUILD: goes to the folder of the pages, and fetches what drives the browser.
+browser_bereiten() {
+    mkdir -p "$1/seiten"
+    cd "$1/seiten"
+    [ ! -d node_modules/axe-core ] || return 0
+    [ -f package.json ] || echo '{"private":true}' >package.json
+    npm install --no-audit --no-fund --silent playwright-core axe-core
+}
+
+# seiten_bereiten BUILD LINES: browser_bereiten, and the pages; the large one has about that many lines. seiten.txt then
+# names each page with the number of its findings and of its warnings that an XML parser of another kind counts in its
+# protocol.
 seiten_bereiten() {
     local bau=$1 zeilen=$2 quelle datei status
     quelle=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-    mkdir -p "$bau/seiten"
-    cd "$bau/seiten"
-    if [ ! -d node_modules/axe-core ]; then
-        [ -f package.json ] || echo '{"private":true}' >package.json
-        npm install --no-audit --no-fund --silent playwright-core axe-core
-    fi
+    browser_bereiten "$bau"
     cp "$quelle"/samples/*.01S "$quelle"/samples/*.E1S .
     python3 "$quelle/tests/bericht/beispiele.py" . "$zeilen"
     : >seiten.txt

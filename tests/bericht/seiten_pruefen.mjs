@@ -49,7 +49,7 @@ const form = async (seite, name) => {
   }), []);
 };
 const stand = (seite) => seite.textContent('#stand p');
-const zeilen = (seite) => seite.locator('#liste .m li').count();
+const zeilen = (seite) => seite.locator('#liste .m > li').count();
 // What the plain part holds: 50 findings of each code, 2,000 in all.
 const gezeigt = async (seite) => {
   const anzahlen = await seite.locator('.codes em').allTextContents();
@@ -73,7 +73,13 @@ for (const [datei, alle, warnungen] of seiten) {
   // The plain part, without script: verdict, findings, no control that would do nothing.
   {
     const { seite, zu } = await oeffnen(datei, 1280, 'light', { javaScriptEnabled: false });
-    erwarte(datei + ': findings without script', await seite.locator('#liste .m li').count(), gross ? await gezeigt(seite) : n);
+    erwarte(datei + ': findings without script', await seite.locator('#liste .m > li').count(), gross ? await gezeigt(seite) : n);
+    const falten = seite.locator('#liste details.w');
+    erwarte(datei + ': fold-outs without script', await falten.count(), await seite.locator('.codes a').count());
+    if (n > 0) {
+      await falten.first().locator('summary').click();
+      erwarte(datei + ': unfolds without script', await falten.first().locator('ol li').first().isVisible(), true);
+    }
     erwarte(datei + ': controls without script', await seite.locator('button:visible, input:visible').count(), 0);
     await zu(datei + ' without script');
   }
@@ -87,6 +93,7 @@ for (const [datei, alle, warnungen] of seiten) {
     erwarte(datei + ': list from data', await bild(seite), vorher);
     erwarte(datei + ': findings', await zeilen(seite), n);
   }
+  erwarte(datei + ': each finding unfolds', await seite.locator('#liste .m > li details.w').count(), await zeilen(seite));
   if (n > 0) {
     await seite.click('#schwere button[value=B]');
     erwarte(datei + ': warnings', await stand(seite), +warnungen ? `${zahl(warnungen)} von ${zahl(n)} Befunden` : 'Kein Befund passt zur Auswahl.');
@@ -103,6 +110,7 @@ for (const [datei, alle, warnungen] of seiten) {
     const codes = await seite.locator('.codes a').count();
     if (!gross) erwarte(datei + ': sections by code', await seite.locator('#liste > section').count(), codes);
     if (!gross) erwarte(datei + ': findings by code', await zeilen(seite), n);
+    if (!gross) erwarte(datei + ': a code unfolds once', await seite.locator('#liste details.w').count(), codes);
     await barrieren(seite, datei + ' by code');
     await seite.click('#ordnung button[value=p]');
   }
@@ -115,8 +123,9 @@ for (const [datei, alle, warnungen] of seiten) {
   }
   if (n > 0 && !gross) erwarte(datei + ': German again', await bild(seite), vorher);
   if (n > 0) {
-    await seite.locator('summary').first().click();
+    for (const summary of (await seite.locator('summary:visible').all()).slice(0, 12)) await summary.click();
     await barrieren(seite, datei + ' unfolded');
+    await form(seite, datei + ' unfolded');
   }
   const pdf = await seite.pdf({ tagged: true });
   erwarte(datei + ': print', pdf.length > 10000, true);
@@ -143,6 +152,34 @@ for (const [breite, schema] of [[320, 'dark'], [1280, 'light']]) {
   await zu('overview');
 }
 
+// What a code means, in each language, the same in both orders, at any finding.
+{
+  const { seite, zu } = await oeffnen('feindlich.E1S');
+  const codes = new Set(await seite.locator('.codes a > .code').allTextContents()).size;
+  erwarte('meaning: carried for the codes of the page only', await seite.locator('template').count(), 2 * codes);
+  const titel = { de: ['Was heisst ', 'Was geprüft wird', 'So beheben Sie es'], fr: ['Que veut dire ', 'Ce qui est contrôlé', 'Comment corriger'], it: ['Che cosa significa ', 'Che cosa si controlla', 'Come correggere'] };
+  const texte = new Set();
+  for (const [i, sprache] of [[1, 'fr'], [2, 'it'], [0, 'de']]) {
+    await seite.click(`#sprachen button[value="${i}"]`);
+    const [frage, ...abschnitte] = titel[sprache];
+    for (const ordnung of ['c', 'p']) {
+      await seite.click(`#ordnung button[value=${ordnung}]`);
+      const falte = seite.locator('#liste details.w').last();
+      erwarte('meaning: asked in ' + sprache, (await falte.locator('summary').textContent()).startsWith(frage), true);
+      await falte.locator('summary').click();
+      erwarte('meaning: sections in ' + sprache, await falte.locator('h4').allTextContents(), abschnitte);
+      erwarte('meaning: steps in ' + sprache, await falte.locator('ol > li').first().isVisible(), true);
+      await falte.locator('summary').click();
+      await falte.locator('summary').click();
+      erwarte('meaning: once in ' + sprache, await falte.locator('h4').count(), 2);
+      texte.add(await falte.locator('h4, p, li').first().textContent());
+    }
+  }
+  erwarte('meaning: three languages', texte.size, 3);
+  erwarte('meaning: no text of the file in it', await seite.evaluate(() => [...document.querySelectorAll('template')].filter((k) => k.content.querySelector('script, img, a, b, [class], [id]')).length), 0);
+  await zu('meaning');
+}
+
 // By position and by text; by keyboard alone.
 {
   const { seite, zu } = await oeffnen('fehlerhaft.01S');
@@ -152,7 +189,7 @@ for (const [breite, schema] of [[320, 'dark'], [1280, 'light']]) {
   await seite.fill('#position', '');
   await seite.fill('#text', 'Vorzeichen');
   await seite.waitForFunction(() => !document.querySelector('#stand p').textContent.startsWith('13 '));
-  const treffer = await seite.locator('#liste .m li').allTextContents();
+  const treffer = await seite.locator('#liste .m > li').allTextContents();
   const zeilenMitText = await seite.locator('#liste .e').evaluateAll((k) => k.filter((e) => e.textContent.includes('Vorzeichen')).length);
   erwarte('text: every record hit has the word', zeilenMitText, await seite.locator('#liste .e').count());
   erwarte('text: hits', treffer.length > 3, true);

@@ -13,6 +13,7 @@ import json
 import pathlib
 import random
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -146,6 +147,17 @@ def pruefe(bericht, xml, datei):
     return klagen, len(soll)
 
 
+def ungueltig(protokolle):
+    """The number of schemas of docs/schema by which one of the protocols is wrong."""
+    wege = (("--relaxng", "protokoll.rng"), ("--schema", "protokoll.xsd"))
+    laeufe = [subprocess.run(["xmllint", "--noout", weg, QUELLE / "docs/schema" / schema, *protokolle], capture_output=True, check=False)
+              for weg, schema in wege]
+    for lauf in laeufe:
+        if lauf.returncode:
+            print("FALSE schema: " + next(z for z in lauf.stderr.decode().splitlines() if not z.endswith(" validates")))
+    return sum(lauf.returncode != 0 for lauf in laeufe)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--anzahl", type=int, default=60)
@@ -166,11 +178,13 @@ def main():
             xml.unlink(missing_ok=True)
             subprocess.run([*zepholt, f"file={datei}", "dialog=de-", f"errorfile={xml}", f"catalog={KATALOG}"], check=True)
             klagen, anzahl = pruefe(bericht, xml, datei)
+            shutil.copy(xml, pathlib.Path(name) / f"{nummer}.protokoll")
             codes.update(e.get("N") for e in ET.parse(xml).getroot().iter("Error"))
             alle += anzahl
             falsch += bool(klagen)
             for klage in klagen[:5]:
                 print(f"FALSE seed {wahl.saat}, file {nummer}: {klage}")
+        falsch += ungueltig(sorted(pathlib.Path(name).glob("*.protokoll")))
     print(f"{wahl.anzahl} files, {alle} findings of {len(codes)} codes, {falsch} files false")
     return 1 if falsch else 0
 

@@ -5,11 +5,7 @@ set -euo pipefail
 quelle=$(cd "$(dirname "$0")/../.." && pwd)
 bau=$(realpath "${1:-$quelle/build/debug}")
 /usr/bin/python3 -B "$quelle/tools/hilfe" --ziel "$bau/hilfe/html" html
-mkdir -p "$bau/seiten"
-cd "$bau/seiten"
-if [ ! -d node_modules/axe-core ]; then
-    [ -f package.json ] || echo '{"private":true}' >package.json
-    npm install --no-audit --no-fund --silent playwright-core axe-core
-fi
+. "$quelle/tests/bericht/seiten.sh"
+browser_bereiten "$bau"
 cp "$quelle/tests/hilfe/seiten_pruefen.mjs" hilfe_pruefen.mjs
 node hilfe_pruefen.mjs "$bau/hilfe/html" "${2:-}"

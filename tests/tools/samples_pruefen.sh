@@ -24,7 +24,7 @@ done
 protokoll() {
     rm -f "$ort/p.xml"
     "$programme/zepholt" "file=$samples/$1" "dialog=$3" "errorfile=$ort/p.xml" "catalog=$samples/$2"
-    xmllint --noout "$ort/p.xml" || klage "$1: the protocol is no XML"
+    xmllint --noout --relaxng "$quelle/docs/schema/protokoll.rng" "$ort/p.xml" 2>/dev/null || klage "$1: the protocol is not valid"
     LC_ALL=C sed 's/></>\n</g' "$ort/p.xml"
 }
 
@@ -42,7 +42,7 @@ for katalog in katalog katalog.vlt; do
     for funktion in 1 9; do
         rm -f "$ort/liste.xml"
         "$programme/zepholt" "file=*$funktion" dialog=it- "errorfile=$ort/liste.xml" "catalog=$samples/$katalog"
-        xmllint --noout "$ort/liste.xml" || klage "the list $funktion is no XML"
+        xmllint --noout --relaxng "$quelle/docs/schema/listen.rng" "$ort/liste.xml" 2>/dev/null || klage "the list $funktion is not valid"
     done
 done
 exit $fehler

@@ -35,6 +35,7 @@ class Arbeit:
                 self.laeufe[code] = [lauf for lauf in laeufe if lauf]
                 for beispiel in liste:
                     self.versuche(self._folgen_bekannt, beispiel)
+            self.versuche(laeufer.schema_pruefen)
         for code in codes:
             self.versuche(self._vollzaehlig, code)
 

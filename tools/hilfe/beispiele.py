@@ -10,6 +10,7 @@ from pathlib import Path
 from tabellen import ARTEN, SPRACHEN, Fehler
 
 KOPFZEILE = re.compile(r"# ([a-z]+)(?:\.(01S|E1S))?: *(.*)")
+SCHEMATA = Path(__file__).resolve().parents[2] / "docs/schema"
 SCHLUESSEL = {"katalog", "folgen", "zeile", "anzahl", "mehr", "rahmen"}
 AUFRUF = "aufruf"
 
@@ -74,7 +75,7 @@ class Laeufer:
         self._ordner = tempfile.TemporaryDirectory(prefix="zepholt-hilfe-")
         self.ort = Path(self._ordner.name)
         self.rahmen = {art: _rahmen(hilfe / f"beispiele/rahmen.{art}.txt") for art in ARTEN}
-        self._kataloge = {}
+        self._kataloge, self._protokolle = {}, set()
 
     def __enter__(self):
         return self
@@ -85,6 +86,19 @@ class Laeufer:
     def laufe(self, beispiel):
         self.tabellen.zeile(beispiel.code)
         return self._aufruf(beispiel) if beispiel.art == AUFRUF else self._datei(beispiel)
+
+    def schema_pruefen(self):
+        """Every protocol that the runs wrote is valid by the schemas of docs/schema."""
+        ordner = self.ort / "protokolle"
+        ordner.mkdir()
+        for nummer, inhalt in enumerate(sorted(self._protokolle)):
+            (ordner / f"{nummer}.xml").write_bytes(inhalt)
+        dateien = sorted(ordner.iterdir())
+        for weg, schema in (("--relaxng", "protokoll.rng"), ("--schema", "protokoll.xsd")):
+            if dateien and (ende := subprocess.run(["xmllint", "--noout", weg, SCHEMATA / schema, *dateien], capture_output=True,
+                                                   text=True, check=False)).returncode:
+                klagen = [zeile for zeile in ende.stderr.splitlines() if not zeile.endswith(" validates")]
+                raise Fehler(f"docs/schema/{schema}: {'; '.join(klagen[:3])}")
 
     # Files
 
@@ -128,6 +142,11 @@ class Laeufer:
             datei.befunde[sprache] = self._protokoll(beispiel, name, sprache)
         return datei
 
+    def codes_von(self, beispiel, marke, sprache):
+        """The codes that the wrong file ("-") or the right one ("+") gives, in the order of the protocol."""
+        befunde = self._seite(beispiel, marke).befunde[sprache]
+        return [int(re.search(r'N="(\d+)"', befund)[1]) for befund in befunde]
+
     def _mit_rahmen(self, beispiel, zeilen):
         """Records A and Z of the frame, with the fields that the example sets in them, around the other lines."""
         if beispiel.kopf.get("rahmen") == "nein":
@@ -148,7 +167,9 @@ class Laeufer:
                        stdin=subprocess.DEVNULL)
         if not ziel.exists():
             beispiel.klage("the program wrote no protocol")
-        return re.findall(r"<Error [^>]*/>", ziel.read_bytes().decode("latin-1"))
+        inhalt = ziel.read_bytes()
+        self._protokolle.add(inhalt)
+        return re.findall(r"<Error [^>]*/>", inhalt.decode("latin-1"))
 
     def _katalog(self, beispiel):
         """The folder of chapter files: that of the samples, or one made from hilfe/beispiele/katalog/NAME.txt."""

@@ -180,9 +180,9 @@ class Seite:
         return text[0].upper() + text[1:]
 
     def _lage(self, zeilen):
-        lagen = {(z["feld"].partition(":")[2], z["spalte"], z["laenge"]): None for z in zeilen}
-        return ", ".join(f"{self.w['feld']} {feld}, {bild.spalten(spalte, laenge, self.sprache)}"
-                         for feld, spalte, laenge in lagen)
+        lagen = {(z["feld"].partition(":")[2], z["namen"][self.sprache], z["spalte"], z["laenge"]): None for z in zeilen}
+        return ", ".join(f"{self.w['feld']} {feld} ({name}), {bild.spalten(spalte, laenge, self.sprache)}"
+                         for feld, name, spalte, laenge in lagen)
 
     # Example
 

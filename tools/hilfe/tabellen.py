@@ -15,7 +15,7 @@ class Tabellen:
     def __init__(self, programme):
         alles = json.loads(subprocess.run([programme / "codeschreiber"], check=True, capture_output=True).stdout)
         self.codes = {zeile["code"]: zeile for zeile in alles["codes"]}
-        self.felder = alles["felder"]  # kind of file -> [{"feld", "spalte", "laenge"}]
+        self.felder = alles["felder"]  # kind of file -> [{"feld", "spalte", "laenge", "namen"}]
 
     def zeile(self, code):
         if code not in self.codes:

@@ -1,4 +1,5 @@
 """The indexes of docs/codes: by number, by record, by field and by stage."""
+from tabellen import ARTEN
 from woerter import ETAPPEN, WOERTER, wort
 
 DATEIEN = {"README.md": "nach_nummer", "record.md": "nach_record", "feld.md": "nach_feld", "etappe.md": "nach_etappe"}
@@ -8,7 +9,7 @@ def verzeichnisse(tabellen, sprache):
     """File name -> Markdown."""
     w = WOERTER[sprache]
     gruppen = {"README.md": _nach_nummer(tabellen), "record.md": _nach_record(tabellen, w),
-               "feld.md": _nach_feld(tabellen, w), "etappe.md": _nach_etappe(tabellen, sprache)}
+               "feld.md": _nach_feld(tabellen, sprache), "etappe.md": _nach_etappe(tabellen, sprache)}
     return {datei: _seite(datei, gruppen[datei], tabellen, sprache) for datei in DATEIEN}
 
 
@@ -43,11 +44,19 @@ def _nach_record(tabellen, w):
     return dict(sorted(gruppen.items(), key=lambda gruppe: (gruppe[0] == w["ohne_feld"], gruppe[0])))
 
 
-def _nach_feld(tabellen, w):
+def _nach_feld(tabellen, sprache):
+    ohne = WOERTER[sprache]["ohne_feld"]
     gruppen = {}
     for code, zeile in tabellen.codes.items():
-        gruppen.setdefault(zeile["feld"] or w["ohne_feld"], []).append(code)
-    return dict(sorted(gruppen.items(), key=lambda gruppe: (gruppe[0] == w["ohne_feld"], gruppe[0].lower())))
+        gruppen.setdefault(zeile["feld"] or ohne, []).append(code)
+    folge = sorted(gruppen, key=lambda feld: (feld == ohne, feld.lower()))
+    return {feld + _feldname(gruppen[feld][0], tabellen, sprache): gruppen[feld] for feld in folge}
+
+
+def _feldname(code, tabellen, sprache):
+    """What the field of a code's reference is called, behind a point; nothing where it names none."""
+    namen = dict.fromkeys(feld["namen"][sprache] for art in ARTEN for feld in tabellen.felder_von(code, art))
+    return " · " + ", ".join(namen) if namen else ""
 
 
 def _nach_etappe(tabellen, sprache):
