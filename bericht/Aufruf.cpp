@@ -1,5 +1,6 @@
 #include "bericht/Aufruf.h"
 
+#include "bericht/Dateitabelle.h"
 #include "bericht/Konsole.h"
 #include "bericht/Listen.h"
 #include "bericht/Pruefgang.h"
@@ -46,6 +47,7 @@ constexpr Befehl Befehle[] = {
     {"jsonl", 1, 2, "PROTOKOLL", true},
     {"sarif", 1, 2, "PROTOKOLL", true},
     {"verdict", 1, 1, "PROTOKOLL", true},
+    {"summary", 1, SIZE_MAX, "TABELLE", false},
     {"code", 1, 1, "NNNN", false},
     {"fields", 0, 0, "", false},
     {"test", 1, SIZE_MAX, "AUSTAUSCHDATEI", false},
@@ -252,6 +254,9 @@ int Erledigen(const std::vector<Text>& argumente, Auftrag& auftrag) {
     }
     if (auftrag.Befehl == "test") {
         return DateienPruefen(auftrag);
+    }
+    if (auftrag.Befehl == "summary") {
+        return DateitabelleSchreiben(auftrag.Angaben, sprache);
     }
     if (auftrag.Befehl == "code") {
         return CodeErklaeren(auftrag, sprache);

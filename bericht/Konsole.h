@@ -4,6 +4,7 @@
 #include "bericht/Meldungen.h"
 #include "support/Text.h"
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,9 @@ std::vector<Text> Argumente(int anzahl, char** argumente);
 // not all could be written.
 bool StandardausgabeSchreiben(std::string_view bytes);
 void FehlerausgabeSchreiben(std::string_view utf8);
+
+// Reads from standard input as it is; the number of bytes, 0 at its end.
+std::size_t StandardeingabeLesen(std::span<char> ziel);
 
 // The language that the user's system asks for; German when it is none of the three.
 Sprache Systemsprache();

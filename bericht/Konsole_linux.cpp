@@ -48,6 +48,13 @@ void FehlerausgabeSchreiben(std::string_view utf8) {
     AllesSchreiben(STDERR_FILENO, utf8);
 }
 
+std::size_t StandardeingabeLesen(std::span<char> ziel) {
+    ssize_t anzahl = 0;
+    while ((anzahl = read(STDIN_FILENO, ziel.data(), ziel.size())) < 0 && errno == EINTR) {
+    }
+    return anzahl > 0 ? static_cast<std::size_t>(anzahl) : 0;
+}
+
 Sprache Systemsprache() {
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
         const char* wert = std::getenv(name);

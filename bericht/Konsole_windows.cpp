@@ -80,6 +80,12 @@ void FehlerausgabeSchreiben(std::string_view utf8) {
     Schreiben(STD_ERROR_HANDLE, utf8);
 }
 
+std::size_t StandardeingabeLesen(std::span<char> ziel) {
+    DWORD anzahl = 0;
+    const HANDLE griff = GetStdHandle(STD_INPUT_HANDLE);
+    return ReadFile(griff, ziel.data(), static_cast<DWORD>(ziel.size()), &anzahl, nullptr) != 0 ? anzahl : 0;
+}
+
 Sprache Systemsprache() {
     switch (PRIMARYLANGID(GetUserDefaultUILanguage())) {
     case LANG_FRENCH:

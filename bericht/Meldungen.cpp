@@ -74,6 +74,12 @@ constexpr Zeile Tabelle[] = {
     {Meldung::OhneErgebnis,
      {"Die Prüfung hat kein Protokoll geschrieben: {0}", "Le test n’a pas écrit de journal : {0}",
       "Il test non ha scritto alcun protocollo: {0}"}},
+    {Meldung::KeineTabellenart,
+     {"Eine Tabelle endet auf .csv, .jsonl oder .html: {0}", "Un tableau se termine par .csv, .jsonl ou .html : {0}",
+      "Una tabella termina con .csv, .jsonl o .html: {0}"}},
+    {Meldung::ListeUnvollstaendig,
+     {"Die Liste auf der Standardeingabe ist unvollständig", "La liste sur l’entrée standard est incomplète",
+      "L'elenco sullo standard input è incompleto"}},
     {Meldung::KeinSpeicher,
      {"Der Speicher reicht nicht aus", "La mémoire ne suffit pas", "La memoria non è sufficiente"}},
 };
@@ -87,6 +93,7 @@ constexpr std::array<std::string_view, 3> Hilfe = {
   zepholt-bericht jsonl   PROTOKOLL [AUSTAUSCHDATEI]            ein JSON-Objekt je Befund
   zepholt-bericht sarif   PROTOKOLL [AUSTAUSCHDATEI]            SARIF 2.1.0
   zepholt-bericht verdict PROTOKOLL                             nur der Status
+  zepholt-bericht summary TABELLE...                            eine Zeile je Datei; Liste auf der Standardeingabe
   zepholt-bericht code    NNNN                                  was ein Code bedeutet
   zepholt-bericht fields                                        die Namen aller Felder
   zepholt-bericht test    AUSTAUSCHDATEI...                     prüft und legt Seite und Protokoll daneben ab
@@ -111,6 +118,7 @@ Status: 0 keine Fehler, 1 Fehler, 2 kein oder ein beschädigtes Protokoll (oder 
   zepholt-bericht jsonl   JOURNAL [FICHIER]           un objet JSON par constatation
   zepholt-bericht sarif   JOURNAL [FICHIER]           SARIF 2.1.0
   zepholt-bericht verdict JOURNAL                     seulement le statut
+  zepholt-bericht summary TABLEAU...                  une ligne par fichier ; liste sur l’entrée standard
   zepholt-bericht code    NNNN                        ce que signifie un code
   zepholt-bericht fields                              les noms de tous les champs
   zepholt-bericht test    FICHIER...                  teste, place la page et le journal à côté
@@ -135,6 +143,7 @@ Statut : 0 sans erreur, 1 erreurs, 2 journal absent ou endommagé (ou rien dont 
   zepholt-bericht jsonl   PROTOCOLLO [FILE]             un oggetto JSON per rilievo
   zepholt-bericht sarif   PROTOCOLLO [FILE]             SARIF 2.1.0
   zepholt-bericht verdict PROTOCOLLO                    solo lo stato
+  zepholt-bericht summary TABELLA...                    una riga per file; elenco sullo standard input
   zepholt-bericht code    NNNN                          che cosa significa un codice
   zepholt-bericht fields                                i nomi di tutti i campi
   zepholt-bericht test    FILE...                       esegue il test, mette pagina e protocollo accanto

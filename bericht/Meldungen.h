@@ -41,6 +41,8 @@ enum class Meldung {
     NichtSchreibbar,
     ProgrammFehlt,
     OhneErgebnis,
+    KeineTabellenart,
+    ListeUnvollstaendig,
     KeinSpeicher,
 };
 
