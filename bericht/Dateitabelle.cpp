@@ -19,17 +19,9 @@ namespace zepholt::bericht {
 
 namespace {
 
-// One group of the list, bytes as they came.
-struct Eintrag {
-    std::string Datei;
-    std::string Protokoll;
-    std::string Dauer; // milliseconds, or empty
-    std::string Grund;
-};
-
 // What came of one file.
 struct Zeile {
-    Eintrag Herkunft;
+    Tabelleneintrag Herkunft;
     std::string_view Art = "ungeprueft"; // see Urteilsart
     std::int64_t Fehler = 0;
     std::int64_t Warnungen = 0;
@@ -59,8 +51,8 @@ std::size_t AusgangVon(std::string_view art) {
 class Listenleser {
 public:
     // The next group; none at the end. A list that ends within a group is an Ablehnung.
-    std::optional<Eintrag> Naechster() {
-        Eintrag eintrag;
+    std::optional<Tabelleneintrag> Naechster() {
+        Tabelleneintrag eintrag;
         if (!Feld(eintrag.Datei)) {
             return std::nullopt;
         }
@@ -99,7 +91,7 @@ private:
 };
 
 // Reads the protocol of a file; without one, the row says why.
-Zeile ZeileVon(Eintrag eintrag, Sprache sprache) {
+Zeile ZeileVon(Tabelleneintrag eintrag, Sprache sprache) {
     Zeile zeile;
     zeile.Herkunft = std::move(eintrag);
     try {
@@ -173,7 +165,7 @@ public:
     using Tabelle::Tabelle;
 
     void Schreiben(const Zeile& zeile) override {
-        const Eintrag& von = zeile.Herkunft;
+        const Tabelleneintrag& von = zeile.Herkunft;
         const bool geprueft = zeile.Art != "ungeprueft";
         const auto text = [](bool da, const std::string& wert) { return da ? JsonText(wert) : std::string("null"); };
         const auto zahl = [](bool da, std::int64_t wert) { return da ? std::to_string(wert) : std::string("null"); };
@@ -246,14 +238,17 @@ std::unique_ptr<Tabelle> TabelleAm(const Text& pfad, Sprache sprache) {
 
 } // namespace
 
-int DateitabelleSchreiben(const std::vector<Text>& tabellen, Sprache sprache) {
+Tabellenquelle ListeDerStandardeingabe() {
+    return [leser = std::make_shared<Listenleser>()] { return leser->Naechster(); };
+}
+
+int DateitabelleSchreiben(const Tabellenquelle& quelle, const std::vector<Text>& tabellen, Sprache sprache) {
     std::vector<std::unique_ptr<Tabelle>> ziele;
     for (const Text& pfad : tabellen) {
         ziele.push_back(TabelleAm(pfad, sprache));
     }
     std::array<std::int64_t, Ausgaenge.size()> anzahlen{};
-    Listenleser liste;
-    while (std::optional<Eintrag> eintrag = liste.Naechster()) {
+    while (std::optional<Tabelleneintrag> eintrag = quelle()) {
         const Zeile zeile = ZeileVon(std::move(*eintrag), sprache);
         ++anzahlen[AusgangVon(zeile.Art)];
         for (const auto& ziel : ziele) {

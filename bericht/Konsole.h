@@ -43,4 +43,30 @@ void DateiLoeschen(const Text& pfad);
 // started.
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente);
 
+// Several programs at once.
+class Prozesse {
+public:
+    // At most `hoechstens` at a time; 64 is the most that Windows can wait for.
+    explicit Prozesse(std::size_t hoechstens) : m_hoechstens(hoechstens) {}
+    ~Prozesse() { Abwarten(0); }
+    Prozesse(const Prozesse&) = delete;
+    Prozesse& operator=(const Prozesse&) = delete;
+
+    // Starts one as soon as there is room for it; one that can't be started is left out.
+    void Starten(const Text& programm, const std::vector<Text>& argumente);
+
+    // Waits until not more than `anzahl` are at work.
+    void Abwarten(std::size_t anzahl);
+
+private:
+    std::size_t m_hoechstens;
+    std::vector<std::intptr_t> m_laufende;
+};
+
+// How many processors the system has for this process.
+std::size_t Prozessoren();
+
+// Makes a folder; one that exists already is left alone, a failure shows when something is to come into it.
+void OrdnerAnlegen(const Text& pfad);
+
 } // namespace zepholt::bericht

@@ -2,9 +2,11 @@
 
 #include "support/HilfsFunktionen.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 
+#include <sched.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -28,6 +30,21 @@ bool AllesSchreiben(int griff, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(anzahl));
     }
     return true;
+}
+
+// 0 where the program could not be started.
+pid_t Gestartet(const Text& programm, const std::vector<Text>& argumente) {
+    std::vector<std::string> texte = {Utf8Bytes(programm)};
+    for (const Text& argument : argumente) {
+        texte.push_back(Utf8Bytes(argument));
+    }
+    std::vector<char*> zeiger;
+    for (std::string& text : texte) {
+        zeiger.push_back(text.data());
+    }
+    zeiger.push_back(nullptr);
+    pid_t prozess = 0;
+    return posix_spawn(&prozess, texte[0].c_str(), nullptr, nullptr, zeiger.data(), environ) == 0 ? prozess : 0;
 }
 
 } // namespace
@@ -112,23 +129,42 @@ void DateiLoeschen(const Text& pfad) {
 }
 
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente) {
-    std::vector<std::string> texte = {Utf8Bytes(programm)};
-    for (const Text& argument : argumente) {
-        texte.push_back(Utf8Bytes(argument));
-    }
-    std::vector<char*> zeiger;
-    for (std::string& text : texte) {
-        zeiger.push_back(text.data());
-    }
-    zeiger.push_back(nullptr);
-    pid_t prozess = 0;
-    if (posix_spawn(&prozess, texte[0].c_str(), nullptr, nullptr, zeiger.data(), environ) != 0) {
+    const pid_t prozess = Gestartet(programm, argumente);
+    if (prozess == 0) {
         return false;
     }
     int status = 0;
     while (waitpid(prozess, &status, 0) < 0 && errno == EINTR) {
     }
     return !(WIFEXITED(status) && WEXITSTATUS(status) == 127);
+}
+
+void Prozesse::Starten(const Text& programm, const std::vector<Text>& argumente) {
+    Abwarten(m_hoechstens - 1);
+    if (const pid_t prozess = Gestartet(programm, argumente); prozess != 0) {
+        m_laufende.push_back(prozess);
+    }
+}
+
+void Prozesse::Abwarten(std::size_t anzahl) {
+    while (m_laufende.size() > anzahl) {
+        const pid_t prozess = wait(nullptr);
+        if (prozess < 0 && errno != EINTR) {
+            m_laufende.clear(); // somebody else has waited for them
+        }
+        std::erase(m_laufende, prozess);
+    }
+}
+
+std::size_t Prozessoren() {
+    cpu_set_t menge;
+    CPU_ZERO(&menge);
+    sched_getaffinity(0, sizeof menge, &menge);
+    return static_cast<std::size_t>(std::max(1, CPU_COUNT(&menge)));
+}
+
+void OrdnerAnlegen(const Text& pfad) {
+    mkdir(Utf8Bytes(pfad).c_str(), S_IRWXU | S_IRWXG | S_IRWXO);
 }
 
 } // namespace zepholt::bericht

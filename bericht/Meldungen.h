@@ -41,6 +41,7 @@ enum class Meldung {
     NichtSchreibbar,
     ProgrammFehlt,
     OhneErgebnis,
+    FalscherWert,
     KeineTabellenart,
     ListeUnvollstaendig,
     KeinSpeicher,
