@@ -38,6 +38,8 @@ stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/
 stufe grenzen tests/fehler/grenzen.py build/release/zepholt
 stufe vergleich_debug vergleich build/release/zepholt build/debug/zepholt
 stufe vergleich_clang vergleich build/release/zepholt build/asan/zepholt
+stufe stapel tests/stapel/abschuesse.py build/release 100000
+stufe stapel_tempo tests/stapel/tempo.py build/release 20000
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --probe 400
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo

@@ -272,6 +272,30 @@ def am_terminal(ort):
     os.close(haupt)
 
 
+def vorlagen(ort):
+    """The commands of the documents for Kubernetes and HTCondor, by themselves: all shards, then the rest."""
+    ein = os.path.join(ort, "eingang")
+    for i in range(60):
+        lege(ein, b"%d.01S" % i, QUELLE / "samples/sauber.01S")
+    os.symlink(KATALOG, os.path.join(ort, "vlt"))
+    pfad = {**os.environ, "PATH": f"{BAU}:{os.environ['PATH']}"}
+    kubernetes = (QUELLE / "stapel/kubernetes.yaml").read_text()
+    teil, rest = re.findall(r"- ((?:exec )?zepholt-stapel .*)", kubernetes.replace("/tausch", ort))
+    condor = (QUELLE / "stapel/htcondor.sub").read_text()
+    argumente = re.search(r"(?m)^arguments = (.*)", condor)[1].replace("/srv", ort).replace("$(request_cpus)", "2")
+    teile = int(re.search(r"(?m)^shards = (\d+)", condor)[1])
+    for name, befehle in (("kubernetes", [f"JOB_COMPLETION_INDEX={i}; {teil}" for i in range(20)]),
+                          ("htcondor", ["zepholt-stapel " + argumente.replace("$INT(shard)", str(i + 1)).replace("$(shards)", str(teile))
+                                        for i in range(teile)])):
+        ziel = os.path.join(ort, "protokolle")
+        shutil.rmtree(ziel, ignore_errors=True)
+        erwarte(f"{name}: shards", [subprocess.run(["sh", "-c", b], env=pfad, capture_output=True, check=False).returncode for b in befehle],
+                [0] * 20)
+        erwarte(f"{name}: all are there", anzahl(ziel), 60)
+        ende = subprocess.run(["sh", "-c", rest], env=pfad, capture_output=True, check=False)
+        erwarte(f"{name}: the table", (ende.returncode, ende.stdout), (0, b"60 in Ordnung\n"))
+
+
 def falsche_aufrufe(ort):
     for argumente, sagt in (((), "ein Ordner oder --list"), (("x",), "--output"), (("/", "-o", "x"), "--catalog"),
                             (("-x",), "Falsche Option: x"), (("-l", "en"), "Unbekannte Sprache: en"), (("-m", "e"), "e"),
@@ -289,7 +313,7 @@ def falsche_aufrufe(ort):
 def main():
     if not (BAU / "zepholt").exists():
         sys.exit(__doc__)
-    for probe in (namen, ohne_protokoll, listen_und_teile, anderes, wiederholungen, reste, abbruch, am_terminal, falsche_aufrufe):
+    for probe in (namen, ohne_protokoll, listen_und_teile, anderes, wiederholungen, reste, abbruch, am_terminal, vorlagen, falsche_aufrufe):
         with tempfile.TemporaryDirectory(prefix="zepholt-stapel-") as ort:
             probe(ort)
     print(f"{GEPRUEFT} checks, {FALSCH} false")
