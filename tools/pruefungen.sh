@@ -69,7 +69,6 @@ tests/hilfe/seiten_pruefen.sh build/debug
 
 stufe "Many files: 2,000 with 30 kills, then by ssh and Slurm"
 cmake --build --preset release --target zepholt zepholt-bericht
-cmake --preset release >/dev/null # lays zepholt-stapel beside them
 tests/stapel/abschuesse.py build/release 2000
-tests/stapel/viele_rechner.sh build/release
+tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 stufe "All checks done"

@@ -14,6 +14,10 @@ shift $(($# < 2 ? $# : 2))
 wege=("${@:-ssh kopie slurm}")
 # shellcheck disable=SC2206
 wege=(${wege[*]})
+[ "$(id -u)" -eq 0 ] || {
+    echo "needs root"
+    exit 77
+}
 ort=$(mktemp -d "${TMPDIR:-/tmp}/zepholt-rechner-XXXXXX")
 dienste=()
 
