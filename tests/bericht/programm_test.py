@@ -17,7 +17,7 @@ import tempfile
 import urllib.parse
 import xml.etree.ElementTree as ET
 
-ZEPHOLT, BERICHT = sys.argv[-2], sys.argv[-1]
+ZEPHOLT, BERICHT = map(os.path.realpath, sys.argv[-2:])
 EMULATOR = sys.argv[1:-2]
 QUELLE = pathlib.Path(__file__).resolve().parents[2]
 KATALOG = QUELLE / "samples/katalog"

@@ -279,18 +279,18 @@ def vorlagen(ort):
         lege(ein, b"%d.01S" % i, QUELLE / "samples/sauber.01S")
     os.symlink(KATALOG, os.path.join(ort, "vlt"))
     pfad = {**os.environ, "PATH": f"{BAU}:{os.environ['PATH']}"}
+    # Three shards are enough here.
     kubernetes = (QUELLE / "stapel/kubernetes.yaml").read_text()
-    teil, rest = re.findall(r"- ((?:exec )?zepholt-stapel .*)", kubernetes.replace("/tausch", ort))
+    teil, rest = re.findall(r"- ((?:exec )?zepholt-stapel .*)", kubernetes.replace("/tausch", ort).replace("/20", "/3"))
     condor = (QUELLE / "stapel/htcondor.sub").read_text()
     argumente = re.search(r"(?m)^arguments = (.*)", condor)[1].replace("/srv", ort).replace("$(request_cpus)", "2")
-    teile = int(re.search(r"(?m)^shards = (\d+)", condor)[1])
-    for name, befehle in (("kubernetes", [f"JOB_COMPLETION_INDEX={i}; {teil}" for i in range(20)]),
-                          ("htcondor", ["zepholt-stapel " + argumente.replace("$INT(shard)", str(i + 1)).replace("$(shards)", str(teile))
-                                        for i in range(teile)])):
+    for name, befehle in (("kubernetes", [f"JOB_COMPLETION_INDEX={i}; {teil}" for i in range(3)]),
+                          ("htcondor", ["zepholt-stapel " + argumente.replace("$INT(shard)", str(i + 1)).replace("$(shards)", "3")
+                                        for i in range(3)])):
         ziel = os.path.join(ort, "protokolle")
         shutil.rmtree(ziel, ignore_errors=True)
         erwarte(f"{name}: shards", [subprocess.run(["sh", "-c", b], env=pfad, capture_output=True, check=False).returncode for b in befehle],
-                [0] * 20)
+                [0] * 3)
         erwarte(f"{name}: all are there", anzahl(ziel), 60)
         ende = subprocess.run(["sh", "-c", rest], env=pfad, capture_output=True, check=False)
         erwarte(f"{name}: the table", (ende.returncode, ende.stdout), (0, b"60 in Ordnung\n"))
