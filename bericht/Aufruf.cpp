@@ -1,9 +1,11 @@
 #include "bericht/Aufruf.h"
 
+#include "bericht/Dateitabelle.h"
 #include "bericht/Konsole.h"
 #include "bericht/Listen.h"
 #include "bericht/Pruefgang.h"
 #include "bericht/Seite.h"
+#include "bericht/Stapellauf.h"
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERL.h"
 #include "support/HilfsFunktionen.h"
@@ -28,6 +30,7 @@ struct Auftrag {
     Text Modus;
     bool ErstPruefen = false;
     bool MitFenster = false;
+    std::size_t Zugleich = 0; // processes; 0 for one on each processor
 };
 
 // How a command is called: the least and the most that stands behind it, the exchange file counted.
@@ -46,6 +49,8 @@ constexpr Befehl Befehle[] = {
     {"jsonl", 1, 2, "PROTOKOLL", true},
     {"sarif", 1, 2, "PROTOKOLL", true},
     {"verdict", 1, 1, "PROTOKOLL", true},
+    {"summary", 1, SIZE_MAX, "TABELLE", false},
+    {"batch", 2, 2, "ORDNER ZIEL", false},
     {"code", 1, 1, "NNNN", false},
     {"fields", 0, 0, "", false},
     {"test", 1, SIZE_MAX, "AUSTAUSCHDATEI", false},
@@ -57,6 +62,15 @@ Sprache SpracheAus(const std::string& kuerzel) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::UnbekannteSprache, {kuerzel});
     }
     return static_cast<Sprache>(fund - Sprachkuerzel.begin());
+}
+
+// A number of processes.
+std::size_t ZahlAus(const std::string& wert) {
+    const std::int32_t zahl = StrengeGanzzahl(AusUtf8Bytes(wert)).value_or(0);
+    if (zahl < 1) {
+        throw Ablehnung(StatusFalscherAufruf, Meldung::FalscherWert, {Bereinigt(wert)});
+    }
+    return static_cast<std::size_t>(zahl);
 }
 
 enum class Sonst { Nichts, Hilfe, Version };
@@ -77,22 +91,18 @@ public:
 
     Sonst Lesen(Auftrag& auftrag) {
         constexpr option Lange[] = {
-            {"output", required_argument, nullptr, 'o'},
-            {"language", required_argument, nullptr, 'l'},
-            {"test", no_argument, nullptr, 't'},
-            {"catalog", required_argument, nullptr, 'c'},
-            {"mode", required_argument, nullptr, 'm'},
-            {"help", no_argument, nullptr, 'h'},
-            {"version", no_argument, nullptr, 'V'},
-            {"window", no_argument, nullptr, 'w'},
-            {nullptr, 0, nullptr, 0},
+            {"output", required_argument, nullptr, 'o'}, {"language", required_argument, nullptr, 'l'},
+            {"test", no_argument, nullptr, 't'},         {"catalog", required_argument, nullptr, 'c'},
+            {"mode", required_argument, nullptr, 'm'},   {"help", no_argument, nullptr, 'h'},
+            {"version", no_argument, nullptr, 'V'},      {"window", no_argument, nullptr, 'w'},
+            {"jobs", required_argument, nullptr, 'j'},   {nullptr, 0, nullptr, 0},
         };
         optind = 1;
         opterr = 0; // the messages are this program's own
         const int anzahl = static_cast<int>(m_zeiger.size()) - 1;
         Sonst sonst = Sonst::Nichts;
         for (int zeichen = 0;
-             (zeichen = getopt_long(anzahl, m_zeiger.data(), ":o:l:tc:m:hVw", Lange, nullptr)) != -1;) {
+             (zeichen = getopt_long(anzahl, m_zeiger.data(), ":o:l:tc:m:hVwj:", Lange, nullptr)) != -1;) {
             Option(zeichen, auftrag, sonst);
         }
         for (int i = optind; i < anzahl; ++i) {
@@ -127,6 +137,9 @@ private:
         case 'w':
             auftrag.MitFenster = true;
             break;
+        case 'j':
+            auftrag.Zugleich = ZahlAus(wert);
+            break;
         case 'h':
             sonst = Sonst::Hilfe;
             break;
@@ -160,7 +173,7 @@ const Befehl& BefehlVon(const Auftrag& auftrag) {
     if (auftrag.Angaben.size() > hoechstens) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::ZuVieleArgumente, {Utf8(auftrag.Angaben[hoechstens])});
     }
-    if ((prueft || befehl->Name == "test") && auftrag.Katalog.empty()) {
+    if ((prueft || befehl->Name == "test" || befehl->Name == "batch") && auftrag.Katalog.empty()) {
         throw Ablehnung(StatusFalscherAufruf, Meldung::KatalogFehlt);
     }
     return *befehl;
@@ -252,6 +265,12 @@ int Erledigen(const std::vector<Text>& argumente, Auftrag& auftrag) {
     }
     if (auftrag.Befehl == "test") {
         return DateienPruefen(auftrag);
+    }
+    if (auftrag.Befehl == "summary") {
+        return DateitabelleSchreiben(ListeDerStandardeingabe(), auftrag.Angaben, sprache);
+    }
+    if (auftrag.Befehl == "batch") {
+        return OrdnerPruefen(auftrag.Angaben[0], auftrag.Angaben[1], WunschAus(auftrag), auftrag.Zugleich);
     }
     if (auftrag.Befehl == "code") {
         return CodeErklaeren(auftrag, sprache);

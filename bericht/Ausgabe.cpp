@@ -91,4 +91,17 @@ std::string JsonText(std::string_view utf8) {
     return ziel;
 }
 
+std::string CsvZelle(std::string text) {
+    if (!text.empty() && std::string_view("=+-@\t\r\n").find(text[0]) != std::string_view::npos) {
+        text.insert(0, "'");
+    }
+    if (text.find_first_of(";\"\r\n") == std::string::npos) {
+        return text;
+    }
+    for (std::size_t stelle = 0; (stelle = text.find('"', stelle)) != std::string::npos; stelle += 2) {
+        text.insert(stelle, "\"");
+    }
+    return '"' + text + '"';
+}
+
 } // namespace zepholt::bericht

@@ -32,4 +32,8 @@ private:
 // its number.
 std::string JsonText(std::string_view utf8);
 
+// A text as a cell of a CSV file with semicolons. One that begins like a formula gets an apostrophe in front: a
+// spreadsheet shows it and computes nothing.
+std::string CsvZelle(std::string text);
+
 } // namespace zepholt::bericht

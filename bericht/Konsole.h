@@ -4,6 +4,7 @@
 #include "bericht/Meldungen.h"
 #include "support/Text.h"
 
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +17,9 @@ std::vector<Text> Argumente(int anzahl, char** argumente);
 // not all could be written.
 bool StandardausgabeSchreiben(std::string_view bytes);
 void FehlerausgabeSchreiben(std::string_view utf8);
+
+// Reads from standard input as it is; the number of bytes, 0 at its end.
+std::size_t StandardeingabeLesen(std::span<char> ziel);
 
 // The language that the user's system asks for; German when it is none of the three.
 Sprache Systemsprache();
@@ -38,5 +42,31 @@ void DateiLoeschen(const Text& pfad);
 // Starts a program and waits for its end; a window of this process is painted meanwhile. False when it could not be
 // started.
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente);
+
+// Several programs at once.
+class Prozesse {
+public:
+    // At most `hoechstens` at a time; 64 is the most that Windows can wait for.
+    explicit Prozesse(std::size_t hoechstens) : m_hoechstens(hoechstens) {}
+    ~Prozesse() { Abwarten(0); }
+    Prozesse(const Prozesse&) = delete;
+    Prozesse& operator=(const Prozesse&) = delete;
+
+    // Starts one as soon as there is room for it; one that can't be started is left out.
+    void Starten(const Text& programm, const std::vector<Text>& argumente);
+
+    // Waits until not more than `anzahl` are at work.
+    void Abwarten(std::size_t anzahl);
+
+private:
+    std::size_t m_hoechstens;
+    std::vector<std::intptr_t> m_laufende;
+};
+
+// How many processors the system has for this process.
+std::size_t Prozessoren();
+
+// Makes a folder; one that exists already is left alone, a failure shows when something is to come into it.
+void OrdnerAnlegen(const Text& pfad);
 
 } // namespace zepholt::bericht

@@ -2,9 +2,11 @@
 
 #include "support/HilfsFunktionen.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 
+#include <sched.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -30,6 +32,22 @@ bool AllesSchreiben(int griff, std::string_view bytes) {
     return true;
 }
 
+// 0 where the program could not be started.
+pid_t Gestartet(const Text& programm, const std::vector<Text>& argumente) {
+    std::vector<std::string> texte = {Utf8Bytes(programm)};
+    for (const Text& argument : argumente) {
+        texte.push_back(Utf8Bytes(argument));
+    }
+    std::vector<char*> zeiger;
+    zeiger.reserve(texte.size() + 1);
+    for (std::string& text : texte) {
+        zeiger.push_back(text.data());
+    }
+    zeiger.push_back(nullptr);
+    pid_t prozess = 0;
+    return posix_spawn(&prozess, texte[0].c_str(), nullptr, nullptr, zeiger.data(), environ) == 0 ? prozess : 0;
+}
+
 } // namespace
 
 std::vector<Text> Argumente(int anzahl, char** argumente) {
@@ -46,6 +64,13 @@ bool StandardausgabeSchreiben(std::string_view bytes) {
 
 void FehlerausgabeSchreiben(std::string_view utf8) {
     AllesSchreiben(STDERR_FILENO, utf8);
+}
+
+std::size_t StandardeingabeLesen(std::span<char> ziel) {
+    ssize_t anzahl = 0;
+    while ((anzahl = read(STDIN_FILENO, ziel.data(), ziel.size())) < 0 && errno == EINTR) {
+    }
+    return anzahl > 0 ? static_cast<std::size_t>(anzahl) : 0;
 }
 
 Sprache Systemsprache() {
@@ -105,24 +130,42 @@ void DateiLoeschen(const Text& pfad) {
 }
 
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente) {
-    std::vector<std::string> texte = {Utf8Bytes(programm)};
-    for (const Text& argument : argumente) {
-        texte.push_back(Utf8Bytes(argument));
-    }
-    std::vector<char*> zeiger;
-    zeiger.reserve(texte.size() + 1);
-    for (std::string& text : texte) {
-        zeiger.push_back(text.data());
-    }
-    zeiger.push_back(nullptr);
-    pid_t prozess = 0;
-    if (posix_spawn(&prozess, texte[0].c_str(), nullptr, nullptr, zeiger.data(), environ) != 0) {
+    const pid_t prozess = Gestartet(programm, argumente);
+    if (prozess == 0) {
         return false;
     }
     int status = 0;
     while (waitpid(prozess, &status, 0) < 0 && errno == EINTR) {
     }
     return !(WIFEXITED(status) && WEXITSTATUS(status) == 127);
+}
+
+void Prozesse::Starten(const Text& programm, const std::vector<Text>& argumente) {
+    Abwarten(m_hoechstens - 1);
+    if (const pid_t prozess = Gestartet(programm, argumente); prozess != 0) {
+        m_laufende.push_back(prozess);
+    }
+}
+
+void Prozesse::Abwarten(std::size_t anzahl) {
+    while (m_laufende.size() > anzahl) {
+        const pid_t prozess = wait(nullptr);
+        if (prozess < 0 && errno != EINTR) {
+            m_laufende.clear(); // somebody else has waited for them
+        }
+        std::erase(m_laufende, prozess);
+    }
+}
+
+std::size_t Prozessoren() {
+    cpu_set_t menge;
+    CPU_ZERO(&menge);
+    sched_getaffinity(0, sizeof menge, &menge);
+    return static_cast<std::size_t>(std::max(1, CPU_COUNT(&menge)));
+}
+
+void OrdnerAnlegen(const Text& pfad) {
+    mkdir(Utf8Bytes(pfad).c_str(), S_IRWXU | S_IRWXG | S_IRWXO);
 }
 
 } // namespace zepholt::bericht

@@ -48,6 +48,23 @@ std::wstring Eingefasst(const Text& argument) {
     return Breit(argument.substr(0, gleich + 1)) + L'"' + Breit(argument.substr(gleich + 1)) + L'"';
 }
 
+// The process, or null where the program could not be started.
+HANDLE Gestartet(const Text& programm, const std::vector<Text>& argumente) {
+    std::wstring zeile = L'"' + Breit(programm) + L'"';
+    for (const Text& argument : argumente) {
+        zeile += L' ' + Eingefasst(argument);
+    }
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    PROCESS_INFORMATION prozess{};
+    if (CreateProcessW(Breit(programm).c_str(), zeile.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                       &prozess) == 0) {
+        return nullptr;
+    }
+    CloseHandle(prozess.hThread);
+    return prozess.hProcess;
+}
+
 // Waits for the end of a process; what the windows of this thread are sent is handled meanwhile.
 void Abwarten(HANDLE prozess) {
     while (MsgWaitForMultipleObjects(1, &prozess, FALSE, INFINITE, QS_ALLINPUT) == WAIT_OBJECT_0 + 1) {
@@ -78,6 +95,12 @@ bool StandardausgabeSchreiben(std::string_view bytes) {
 
 void FehlerausgabeSchreiben(std::string_view utf8) {
     Schreiben(STD_ERROR_HANDLE, utf8);
+}
+
+std::size_t StandardeingabeLesen(std::span<char> ziel) {
+    DWORD anzahl = 0;
+    const HANDLE griff = GetStdHandle(STD_INPUT_HANDLE);
+    return ReadFile(griff, ziel.data(), static_cast<DWORD>(ziel.size()), &anzahl, nullptr) != 0 ? anzahl : 0;
 }
 
 Sprache Systemsprache() {
@@ -136,21 +159,44 @@ void DateiLoeschen(const Text& pfad) {
 }
 
 bool ProgrammAusfuehren(const Text& programm, const std::vector<Text>& argumente) {
-    std::wstring zeile = L'"' + Breit(programm) + L'"';
-    for (const Text& argument : argumente) {
-        zeile += L' ' + Eingefasst(argument);
-    }
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    PROCESS_INFORMATION prozess{};
-    if (CreateProcessW(Breit(programm).c_str(), zeile.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                       &prozess) == 0) {
+    const HANDLE prozess = Gestartet(programm, argumente);
+    if (prozess == nullptr) {
         return false;
     }
-    Abwarten(prozess.hProcess);
-    CloseHandle(prozess.hThread);
-    CloseHandle(prozess.hProcess);
+    Abwarten(prozess);
+    CloseHandle(prozess);
     return true;
+}
+
+void Prozesse::Starten(const Text& programm, const std::vector<Text>& argumente) {
+    Abwarten(m_hoechstens - 1);
+    if (const HANDLE prozess = Gestartet(programm, argumente); prozess != nullptr) {
+        m_laufende.push_back(reinterpret_cast<std::intptr_t>(prozess));
+    }
+}
+
+void Prozesse::Abwarten(std::size_t anzahl) {
+    while (m_laufende.size() > anzahl) {
+        std::vector<HANDLE> griffe;
+        for (const std::intptr_t griff : m_laufende) {
+            griffe.push_back(reinterpret_cast<HANDLE>(griff));
+        }
+        const DWORD ende =
+            WaitForMultipleObjects(static_cast<DWORD>(griffe.size()), griffe.data(), FALSE, INFINITE) - WAIT_OBJECT_0;
+        const std::size_t welcher = ende < griffe.size() ? ende : 0; // a handle that can't be waited for is given up
+        CloseHandle(griffe[welcher]);
+        m_laufende.erase(m_laufende.begin() + static_cast<std::ptrdiff_t>(welcher));
+    }
+}
+
+std::size_t Prozessoren() {
+    SYSTEM_INFO angaben{};
+    GetSystemInfo(&angaben);
+    return angaben.dwNumberOfProcessors;
+}
+
+void OrdnerAnlegen(const Text& pfad) {
+    CreateDirectoryW(Breit(pfad).c_str(), nullptr);
 }
 
 } // namespace zepholt::bericht

@@ -68,24 +68,6 @@ std::string ZeilenText(std::int32_t zeile) {
     return zeile > 0 ? std::to_string(zeile) : std::string();
 }
 
-// A cell. One that begins like a formula gets an apostrophe in front: a spreadsheet shows it and computes nothing.
-std::string Zelle(std::string text) {
-    if (!text.empty() && std::string_view("=+-@\t\r\n").find(text[0]) != std::string_view::npos) {
-        text.insert(0, "'");
-    }
-    if (text.find_first_of(";\"\r\n") == std::string::npos) {
-        return text;
-    }
-    for (std::size_t stelle = 0; (stelle = text.find('"', stelle)) != std::string::npos; stelle += 2) {
-        text.insert(stelle, "\"");
-    }
-    return '"' + text + '"';
-}
-
-std::string Titel(const std::string& nummer, const std::string& name) {
-    return nummer + (nummer.empty() || name.empty() ? "" : " ") + name;
-}
-
 } // namespace
 
 std::string Befundtext(const Protokoll& protokoll, const Befund& befund, Sprache sprache) {
@@ -107,9 +89,8 @@ const Feldangabe& Feldangaben::Zu(const Befund& befund) {
 
 void TabelleSchreiben(const Protokoll& protokoll, Sprache sprache, Ausgabe& ausgabe) {
     std::string kopf(In(Projekt, sprache));
-    kopf += ": " + Ungefaehrlich(Titel(protokoll.ProjektNummer, protokoll.Projekt)) + "   ";
-    kopf +=
-        std::string(In(Dokument, sprache)) + ": " + Ungefaehrlich(Titel(protokoll.DokumentNummer, protokoll.Dokument));
+    kopf += ": " + Ungefaehrlich(protokoll.Projekttitel()) + "   ";
+    kopf += std::string(In(Dokument, sprache)) + ": " + Ungefaehrlich(protokoll.Dokumenttitel());
     kopf += "   " + std::string(In(Fehler, sprache)) + ": " + std::to_string(protokoll.Fehler);
     kopf += "   " + std::string(In(Warnungen, sprache)) + ": " + std::to_string(protokoll.Warnungen);
     ausgabe.Schreiben(kopf + "\n");
@@ -132,21 +113,22 @@ void CsvSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprac
         kopf += (kopf.empty() ? "" : ";") + std::string(In(spalte, sprache));
     }
     ausgabe.Schreiben(kopf + "\r\n");
-    const std::string vorne = Zelle(Titel(protokoll.ProjektNummer, protokoll.Projekt)) + ';' +
-                              Zelle(Titel(protokoll.DokumentNummer, protokoll.Dokument)) + ';';
+    const std::string vorne = CsvZelle(protokoll.Projekttitel()) + ';' + CsvZelle(protokoll.Dokumenttitel()) + ';';
     for (const Befund& befund : protokoll.Befunde) {
         const Feldangabe& feld = felder.Zu(befund);
-        std::string zeile = vorne + Zelle(protokoll.Worte.Wort(befund.Position)) + ';' + ZeilenText(befund.Zeile) + ';';
-        zeile += Zelle(protokoll.Worte.Wort(befund.Feld)) + ';' + Zelle(feld.Name) + ';' + ZeilenText(feld.Von) + ';';
+        std::string zeile =
+            vorne + CsvZelle(protokoll.Worte.Wort(befund.Position)) + ';' + ZeilenText(befund.Zeile) + ';';
+        zeile +=
+            CsvZelle(protokoll.Worte.Wort(befund.Feld)) + ';' + CsvZelle(feld.Name) + ';' + ZeilenText(feld.Von) + ';';
         zeile += std::to_string(befund.Code) + (befund.IstWarnung ? ";B;" : ";A;");
-        ausgabe.Schreiben(zeile + Zelle(Befundtext(protokoll, befund, sprache)) + "\r\n");
+        ausgabe.Schreiben(zeile + CsvZelle(Befundtext(protokoll, befund, sprache)) + "\r\n");
     }
 }
 
 void JsonlSchreiben(const Protokoll& protokoll, const Austauschdatei* datei, Sprache sprache, Ausgabe& ausgabe) {
     Feldangaben felder(protokoll, datei, sprache);
-    const std::string vorne = "{\"project\":" + JsonText(Titel(protokoll.ProjektNummer, protokoll.Projekt)) +
-                              ",\"document\":" + JsonText(Titel(protokoll.DokumentNummer, protokoll.Dokument));
+    const std::string vorne =
+        "{\"project\":" + JsonText(protokoll.Projekttitel()) + ",\"document\":" + JsonText(protokoll.Dokumenttitel());
     for (const Befund& befund : protokoll.Befunde) {
         const Feldangabe& feld = felder.Zu(befund);
         const auto zahl = [](std::int32_t wert) { return wert > 0 ? std::to_string(wert) : std::string("null"); };

@@ -74,6 +74,13 @@ constexpr Zeile Tabelle[] = {
     {Meldung::OhneErgebnis,
      {"Die Prüfung hat kein Protokoll geschrieben: {0}", "Le test n’a pas écrit de journal : {0}",
       "Il test non ha scritto alcun protocollo: {0}"}},
+    {Meldung::FalscherWert, {"Falscher Wert: {0}", "Valeur erronée : {0}", "Valore errato: {0}"}},
+    {Meldung::KeineTabellenart,
+     {"Eine Tabelle endet auf .csv, .jsonl oder .html: {0}", "Un tableau se termine par .csv, .jsonl ou .html : {0}",
+      "Una tabella termina con .csv, .jsonl o .html: {0}"}},
+    {Meldung::ListeUnvollstaendig,
+     {"Die Liste auf der Standardeingabe ist unvollständig", "La liste sur l’entrée standard est incomplète",
+      "L'elenco sullo standard input è incompleto"}},
     {Meldung::KeinSpeicher,
      {"Der Speicher reicht nicht aus", "La mémoire ne suffit pas", "La memoria non è sufficiente"}},
 };
@@ -87,6 +94,8 @@ constexpr std::array<std::string_view, 3> Hilfe = {
   zepholt-bericht jsonl   PROTOKOLL [AUSTAUSCHDATEI]            ein JSON-Objekt je Befund
   zepholt-bericht sarif   PROTOKOLL [AUSTAUSCHDATEI]            SARIF 2.1.0
   zepholt-bericht verdict PROTOKOLL                             nur der Status
+  zepholt-bericht batch   ORDNER ZIEL                           prüft alle Dateien eines Ordners, fährt fort
+  zepholt-bericht summary TABELLE...                            eine Zeile je Datei; Liste auf der Standardeingabe
   zepholt-bericht code    NNNN                                  was ein Code bedeutet
   zepholt-bericht fields                                        die Namen aller Felder
   zepholt-bericht test    AUSTAUSCHDATEI...                     prüft und legt Seite und Protokoll daneben ab
@@ -94,8 +103,9 @@ constexpr std::array<std::string_view, 3> Hilfe = {
   -o, --output=DATEI     schreibt in die Datei statt auf die Standardausgabe
   -l, --language=de|fr|it  Sprache; ohne Angabe die des Protokolls, für Meldungen die des Systems
   -t, --test             prüft zuerst: statt PROTOKOLL und AUSTAUSCHDATEI steht nur AUSTAUSCHDATEI
-  -c, --catalog=ORDNER   der VLT-Katalog für --test und test
-  -m, --mode=E|I         der Modus für --test und test
+  -c, --catalog=ORDNER   der VLT-Katalog für --test, test und batch
+  -m, --mode=E|I         der Modus für --test, test und batch
+  -j, --jobs=N           so viele Prüfungen zugleich bei batch; ohne Angabe eine je Prozessor
   -w, --window           zeigt bei test das Fortschrittsfenster
   -h, --help             diese Hilfe
   -V, --version          die Version
@@ -111,6 +121,8 @@ Status: 0 keine Fehler, 1 Fehler, 2 kein oder ein beschädigtes Protokoll (oder 
   zepholt-bericht jsonl   JOURNAL [FICHIER]           un objet JSON par constatation
   zepholt-bericht sarif   JOURNAL [FICHIER]           SARIF 2.1.0
   zepholt-bericht verdict JOURNAL                     seulement le statut
+  zepholt-bericht batch   DOSSIER CIBLE               teste tous les fichiers d’un dossier, continue
+  zepholt-bericht summary TABLEAU...                  une ligne par fichier ; liste sur l’entrée standard
   zepholt-bericht code    NNNN                        ce que signifie un code
   zepholt-bericht fields                              les noms de tous les champs
   zepholt-bericht test    FICHIER...                  teste, place la page et le journal à côté
@@ -118,8 +130,9 @@ Status: 0 keine Fehler, 1 Fehler, 2 kein oder ein beschädigtes Protokoll (oder 
   -o, --output=FICHIER   écrit dans le fichier au lieu de la sortie standard
   -l, --language=de|fr|it  langue ; sans indication celle du journal, pour les messages celle du système
   -t, --test             teste d’abord : au lieu de JOURNAL et FICHIER, seulement FICHIER
-  -c, --catalog=DOSSIER  le catalogue BRQ pour --test et test
-  -m, --mode=E|I         le mode pour --test et test
+  -c, --catalog=DOSSIER  le catalogue BRQ pour --test, test et batch
+  -m, --mode=E|I         le mode pour --test, test et batch
+  -j, --jobs=N           nombre de tests simultanés pour batch ; sans indication un par processeur
   -w, --window           montre pour test la fenêtre de progression
   -h, --help             cette aide
   -V, --version          la version
@@ -135,6 +148,8 @@ Statut : 0 sans erreur, 1 erreurs, 2 journal absent ou endommagé (ou rien dont 
   zepholt-bericht jsonl   PROTOCOLLO [FILE]             un oggetto JSON per rilievo
   zepholt-bericht sarif   PROTOCOLLO [FILE]             SARIF 2.1.0
   zepholt-bericht verdict PROTOCOLLO                    solo lo stato
+  zepholt-bericht batch   CARTELLA META                 testa tutti i file di una cartella, continua
+  zepholt-bericht summary TABELLA...                    una riga per file; elenco sullo standard input
   zepholt-bericht code    NNNN                          che cosa significa un codice
   zepholt-bericht fields                                i nomi di tutti i campi
   zepholt-bericht test    FILE...                       esegue il test, mette pagina e protocollo accanto
@@ -142,8 +157,9 @@ Statut : 0 sans erreur, 1 erreurs, 2 journal absent ou endommagé (ou rien dont 
   -o, --output=FILE      scrive nel file invece che sull'output standard
   -l, --language=de|fr|it  lingua; senza indicazione quella del protocollo, per i messaggi quella del sistema
   -t, --test             esegue prima il test: invece di PROTOCOLLO e FILE solo FILE
-  -c, --catalog=CARTELLA il catalogo DXM per --test e test
-  -m, --mode=E|I         il modo per --test e test
+  -c, --catalog=CARTELLA il catalogo DXM per --test, test e batch
+  -m, --mode=E|I         il modo per --test, test e batch
+  -j, --jobs=N           numero di test simultanei per batch; senza indicazione uno per processore
   -w, --window           mostra per test la finestra di avanzamento
   -h, --help             questo aiuto
   -V, --version          la versione

@@ -41,6 +41,9 @@ enum class Meldung {
     NichtSchreibbar,
     ProgrammFehlt,
     OhneErgebnis,
+    FalscherWert,
+    KeineTabellenart,
+    ListeUnvollstaendig,
     KeinSpeicher,
 };
 

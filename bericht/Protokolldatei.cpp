@@ -187,6 +187,10 @@ private:
     std::optional<std::int64_t> m_warnungen;
 };
 
+std::string Titel(const std::string& nummer, const std::string& name) {
+    return nummer + (nummer.empty() || name.empty() ? "" : " ") + name;
+}
+
 // The message as the table has it, in the form that a protocol gives it.
 bool IstTextDesCodes(const std::string& text, std::int32_t code, int sprache) {
     std::string soll = Utf8(FehlerText(code, sprache));
@@ -207,6 +211,14 @@ std::uint32_t Woerter::Nummer(std::string_view text) {
     const auto neu = m_nummern.emplace(text, static_cast<std::uint32_t>(m_folge.size())).first;
     m_folge.push_back(&neu->first);
     return neu->second;
+}
+
+std::string Protokoll::Projekttitel() const {
+    return Titel(ProjektNummer, Projekt);
+}
+
+std::string Protokoll::Dokumenttitel() const {
+    return Titel(DokumentNummer, Dokument);
 }
 
 Sprache Protokoll::Textsprache() const {

@@ -57,6 +57,10 @@ struct Protokoll {
     std::int64_t Fehler = 0; // counted from the findings
     std::int64_t Warnungen = 0;
 
+    // "P-2026-02 Musterschulhaus": number and name, as far as they are there.
+    std::string Projekttitel() const;
+    std::string Dokumenttitel() const;
+
     // The language that its messages are in; German when it has none.
     Sprache Textsprache() const;
 };

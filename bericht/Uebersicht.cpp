@@ -40,10 +40,15 @@ std::string Adresse(const Text& seite, const Text& ordner) {
     return mitLaufwerk ? "file:///" + pfad.substr(0, 2) + UriTeil(pfad.substr(2)) : "file://" + UriTeil(pfad);
 }
 
+// What stands below the folder is called by its way from there, everything else by its name.
+TextSicht Anzeigename(const Text& datei, const Text& ordner) {
+    return datei.starts_with(ordner) ? TextSicht(datei).substr(ordner.size()) : DateiNameOhnePfad(datei);
+}
+
 std::string Zeile(const Pruefergebnis& ergebnis, const Text& ordner, Sprache sprache) {
     const std::string_view art = ArtDes(ergebnis);
     const auto ausgang = std::ranges::find(Ausgaenge, art, &Ausgang::Art);
-    const std::string name = Html(Utf8(DateiNameOhnePfad(ergebnis.Datei)));
+    const std::string name = Html(Utf8(Anzeigename(ergebnis.Datei, ordner)));
     std::string zeile =
         "<li class=\"" + std::string(ausgang->Klasse) + "\"><b>" + Html(Seitenwort(art, sprache)) + "</b><span>";
     if (ergebnis.Seite.empty()) {

@@ -40,6 +40,8 @@ stufe windows env DOKUMENTE=$((20000 / teil)) tools/windows_pruefen.sh
 stufe abdeckung tools/abdeckung.sh
 stufe felder tools/mutanten.py doctest items --art zahl --skripte --probe $((2000 / teil))
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --skripte --probe $((400 / teil))
+stufe stapel tests/stapel/abschuesse.py build/release 100000
+stufe stapel_tempo tests/stapel/tempo.py build/release 20000
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
 printf '%s\n' "${zeilen[@]}"

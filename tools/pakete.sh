@@ -9,6 +9,7 @@ PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest bash-completi
 # The slower checks besides: clang, the Windows build, Wine, a display without a screen, a browser for the pages, and what
 # runs the examples that call the program.
 PAKETE_CI="$PAKETE_TEST git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
-xvfb xdotool openbox chromium nodejs pngquant default-jdk-headless mono-mcs"
+xvfb xdotool openbox chromium nodejs pngquant default-jdk-headless mono-mcs parallel rsync openssh-server openssh-client
+slurm-wlm munge procps"
 # Other publishers' Node.js brings npm along, and Debian's npm would not install beside it.
 command -v npm >/dev/null || PAKETE_CI="$PAKETE_CI npm"

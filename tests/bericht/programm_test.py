@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""zepholt-bericht on real files: exit statuses, messages, damaged and foreign protocols, each kind of output.
+"""zepholt-bericht on real files: exit statuses, messages, damaged and foreign protocols, each kind of output, many
+files.
 
 programm_test.py [emulator ...] zepholt zepholt-bericht
 """
@@ -16,7 +17,7 @@ import tempfile
 import urllib.parse
 import xml.etree.ElementTree as ET
 
-ZEPHOLT, BERICHT = sys.argv[-2], sys.argv[-1]
+ZEPHOLT, BERICHT = map(os.path.realpath, sys.argv[-2:])
 EMULATOR = sys.argv[1:-2]
 QUELLE = pathlib.Path(__file__).resolve().parents[2]
 KATALOG = QUELLE / "samples/katalog"
@@ -313,8 +314,91 @@ def ablage(ordner):
     fest.chmod(0o755)
 
 
+def protokolltext(befunde, projekt="S"):
+    """A protocol of findings (code, severity)."""
+    je = "".join(f'<Error L="2" N="{code}" E="{schwere}" T="x"/>' for code, schwere in befunde)
+    zahlen = [sum(s == schwere for _, s in befunde) for schwere in "AB"]
+    return ('<?xml version="1.0" encoding="iso-8859-1"?><SIA451><Test><Project ID="P">%s</Project><Document ID="D">M</Document>'
+            '<Date>2026-11-21</Date><Time>05:13</Time><Errors>%d</Errors><Warnings>%d</Warnings><Software Manufacturer="M">A'
+            '</Software><Fileformat Version="451-92.11">01s</Fileformat><Testprogram Version="4.0">ZEPHOLT</Testprogram></Test>%s'
+            '</SIA451>' % (projekt, zahlen[0], zahlen[1], f"<Errors>{je}</Errors>" if je else "")).encode("latin-1")
+
+
+def sammlung(ordner):
+    """summary: one row per file, its kind by the ending of the table's name."""
+    def summe(eintraege, *tabellen, sprache="de", rest=b""):
+        liste = b"".join(teil + b"\0" for eintrag in eintraege for teil in eintrag) + rest
+        lauf = subprocess.run([*EMULATOR, BERICHT, "summary", "-l", sprache, *tabellen], input=liste, capture_output=True, cwd=ordner,
+                              check=False)
+        return lauf.returncode, lauf.stdout.decode(), lauf.stderr.decode()
+
+    for name, inhalt in (("gut.xml", protokolltext([])), ("warnung.xml", protokolltext([(2032, "B")])),
+                         ("schlecht.xml", protokolltext([(4221, "A"), (2032, "B"), (4221, "A")], "Größe; &quot;Ä&quot;")),
+                         ("refus.xml", protokolltext([(2021, "A")])), ("kaputt.xml", protokolltext([])[:-3])):
+        (ordner / name).write_bytes(inhalt)
+    (ordner / "schlecht.html").write_text("x")
+    gut, warnung = (b"a.01S", b"gut.xml", b"12", b""), (b"=b\n.E1S", b"warnung.xml", b"", b"von einem anderen Lauf")
+    schlecht_ = (b"o/c.01S", b"schlecht.xml", b"3", b"")
+    refus, fehlt = (b"\xff.01S", b"refus.xml", b"x", b""), (b"e.01S", b"fehlt.xml", b"0", "Signal 9; ü".encode())
+    erwarte("summary: clean", summe([gut, warnung], "t.csv", "t.jsonl"), (0, "2 in Ordnung\n", ""))
+    erwarte("summary: for a spreadsheet", (ordner / "t.csv").read_bytes().decode("utf-8"),
+            "\ufeffDatei;Urteil;Fehler;Warnungen;Codes;Projekt;Dokument;Geprüft;Millisekunden;Grund;Protokoll\r\n"
+            "a.01S;In Ordnung;0;0;;P S;D M;2026-11-21 05:13;12;;gut.xml\r\n"
+            "\"'=b\n.E1S\";In Ordnung;0;1;2032×1;P S;D M;2026-11-21 05:13;;;warnung.xml\r\n")
+    erwarte("summary: faulty", summe([gut, schlecht_, refus], "t.csv", "t.jsonl", sprache="fr")[:2],
+            (1, "1 en ordre, 1 erroné, 1 refusé\n"))
+    erwarte("summary: by code", (ordner / "t.csv").read_bytes().decode("utf-8").split("\r\n")[2],
+            'o/c.01S;Erroné;2;1;2032×1 4221×2;"P Größe; ""Ä""";D M;2026-11-21 05:13;3;;schlecht.xml')
+    status_, aus, _ = summe([schlecht_, refus, fehlt, (b"f.01S", b"kaputt.xml", b"", b"")], "t.jsonl", "t.html")
+    erwarte("summary: untested", (status_, aus), (2, "1 fehlerhaft, 1 abgewiesen, 2 nicht geprüft\n"))
+    zeilen = [json.loads(z) for z in (ordner / "t.jsonl").read_text("utf-8").splitlines()]
+    erwarte("summary: a faulty object", zeilen[0], {
+        "file": "o/c.01S", "verdict": "faulty", "errors": 2, "warnings": 1, "codes": {"2032": 1, "4221": 2}, "project": 'P Größe; "Ä"',
+        "document": "D M", "tested": "2026-11-21T05:13", "milliseconds": 3, "reason": None, "protocol": "schlecht.xml"})
+    erwarte("summary: a refused object", (zeilen[1]["file"], zeilen[1]["fileUri"], zeilen[1]["verdict"], zeilen[1]["milliseconds"]),
+            ("\ufffd.01S", "%FF.01S", "refused", None))
+    erwarte("summary: an untested object", zeilen[2], {
+        "file": "e.01S", "verdict": "untested", "errors": None, "warnings": None, "codes": {}, "project": None, "document": None,
+        "tested": None, "milliseconds": 0, "reason": "Signal 9; ü", "protocol": "fehlt.xml"})
+    erwarte("summary: a damaged protocol", (zeilen[3]["verdict"], "abgeschnitten" in zeilen[3]["reason"]), ("untested", True))
+    text = (ordner / "t.html").read_text("utf-8")
+    erwarte("summary: the page", re.findall(r'<a href="([^"]*)">([^<]*)</a>', text), [("./schlecht.html", "o/c.01S")])
+    erwarte("summary: nothing", summe([], "t.csv"), (0, "\n", ""))
+    for name, lauf in (("unknown ending", summe([gut], "nie.txt")), ("half a group", summe([gut], "nie.csv", rest=b"a\0b\0")),
+                       ("half a text", summe([gut], "nie.csv", rest=b"a\0b\0c\0d")), ("no table", summe([gut]))):
+        erwarte(f"summary, {name}", (lauf[0], lauf[2].count("\n")), (64, 1))
+    erwarte("summary: nothing half", [p.name for p in ordner.glob("nie*")], [])
+
+
+def stapel(ordner):
+    """batch: a tree of protocols, several at once; again, it goes on."""
+    ein, aus = ordner / "ein", ordner / "aus ä"
+    for name, vorlage in (("a b/x ü.01S", "fehlerhaft.01S"), ("a b/tief/y.e1s", "sauber.E1S"), ("z.01S", "sauber.01S"), ("z.txt", "sauber.01S")):
+        (ein / name).parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(QUELLE / "samples" / vorlage, ein / name)
+    aufruf_ = ("batch", ein, aus, "-c", KATALOG, "-l", "de", "-j", "2")
+    erwarte("batch", bericht(*aufruf_), (1, "2 in Ordnung, 1 fehlerhaft\n", ""))
+    namen = sorted(str(p.relative_to(aus)) for p in aus.rglob("*") if p.is_file())
+    erwarte("batch: the tree", namen, ["a b/tief/y.e1s.xml", "a b/x ü.01S.xml", "table.csv", "table.jsonl", "z.01S.xml"])
+    zeilen = [json.loads(z) for z in (aus / "table.jsonl").read_text("utf-8").splitlines()]
+    erwarte("batch: rows", sorted((z["file"].replace("\\", "/"), z["verdict"], z["errors"]) for z in zeilen),
+            [("a b/tief/y.e1s", "clean", 0), ("a b/x ü.01S", "faulty", 35), ("z.01S", "clean", 0)])
+    (aus / "z.01S.xml").unlink()
+    vorher = (aus / "a b/x ü.01S.xml").stat().st_mtime_ns
+    erwarte("batch: goes on", (bericht(*aufruf_)[:2], (aus / "a b/x ü.01S.xml").stat().st_mtime_ns, (aus / "z.01S.xml").exists()),
+            ((1, "2 in Ordnung, 1 fehlerhaft\n"), vorher, True))
+    (aus / "z.01S.xml").unlink()
+    (aus / "z.01S.xml").mkdir()
+    erwarte("batch: no place for a protocol", bericht(*aufruf_)[:2], (2, "1 in Ordnung, 1 fehlerhaft, 1 nicht geprüft\n"))
+    (aus / "z.01S.xml").rmdir()
+    erwarte("batch: the output below the folder", bericht("batch", ein, ein / "aus", "-c", KATALOG, "-l", "it")[:2], (1, "2 in ordine, 1 con errori\n"))
+    for argumente in ((ein, aus, "-c", KATALOG, "-j", "0"), (ein, aus), (ein, "-c", KATALOG), (ordner / "fehlt", aus, "-c", KATALOG),
+                      (ein, aus, "-c", ordner / "fehlt")):
+        erwarte(f"batch {argumente}", bericht("batch", *argumente)[0], 64)
+
+
 with tempfile.TemporaryDirectory() as name:
-    for pruefung in (status, listen, sarif, schema, aufruf, schlecht, seite, ablage):
+    for pruefung in (status, listen, sarif, schema, aufruf, schlecht, seite, ablage, sammlung, stapel):
         unter = pathlib.Path(name) / pruefung.__name__
         unter.mkdir()
         pruefung(unter)
