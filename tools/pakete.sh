@@ -3,11 +3,17 @@
 # To build the program with its window and the pages of the codes.
 PAKETE_BAU="g++ cmake ninja-build qt6-base-dev libxcb1-dev python3 python3-markdown"
 
+# The packages besides: CPack finds the libraries that a program needs by Debian's tools; the Windows build.
+PAKETE_PAKETE="$PAKETE_BAU git binutils dpkg-dev file gzip g++-mingw-w64-x86-64-posix"
+
+# What looks at the packages besides: Debian's judge, fresh systems, Wine.
+PAKETE_PRUEFEN="lintian debootstrap wine64 desktop-file-utils shared-mime-info unzip"
+
 # The tests besides.
 PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest"
 
 # The slower checks besides: clang, the Windows build, Wine, a display without a screen, and a browser for the pages.
-PAKETE_CI="$PAKETE_TEST git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
+PAKETE_CI="$PAKETE_TEST $PAKETE_PAKETE $PAKETE_PRUEFEN git ccache clang clang-tidy clang-format googletest g++-mingw-w64-x86-64-posix wine64 fonts-wine
 xvfb xdotool openbox chromium nodejs pngquant"
 # Other publishers' Node.js brings npm along, and Debian's npm would not install beside it.
 command -v npm >/dev/null || PAKETE_CI="$PAKETE_CI npm"
