@@ -32,8 +32,8 @@ std::string Seitenkopf(const std::string& titel, Sprache sprache, const std::str
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
            "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"referrer\" content=\"no-referrer\">\n"
            "<meta name=\"generator\" content=\"zepholt-bericht " +
-           Utf8Bytes(Programmfassung) + "\">\n<title>" +
-           OhneMarken(titel) + "</title>\n<style>" + std::string(Seitenstil()) + "</style>\n</head>\n<body>\n";
+           Utf8Bytes(Programmfassung) + "\">\n<title>" + OhneMarken(titel) + "</title>\n<style>" +
+           std::string(Seitenstil()) + "</style>\n</head>\n<body>\n";
 }
 
 } // namespace zepholt::bericht

@@ -145,7 +145,8 @@ private:
         std::uint32_t knoten = 1;
         // Behind a copy the byte that would have gone on with it is a hint, as long as it is right.
         if (m_zustand >= NachKopie) {
-            auto hinweis = static_cast<std::uint32_t>(static_cast<unsigned char>(m_text[m_text.size() - m_weite[0] - 1]));
+            auto hinweis =
+                static_cast<std::uint32_t>(static_cast<unsigned char>(m_text[m_text.size() - m_weite[0] - 1]));
             for (bool stimmt = true; stimmt && knoten < 0x100; hinweis <<= 1) {
                 const std::uint32_t erwartet = (hinweis >> 7) & 1;
                 const std::uint32_t bit = m_leser.Bit(chancen[((1 + erwartet) << 8) + knoten]);

@@ -1,5 +1,5 @@
-// Unpacks what tools/hilfe packs: raw LZMA with lc = 4, lp = 0, pb = 0, of a known length. A seventh of the room that the
-// pages take; 2 MB come out in some hundredths of a second.
+// Unpacks what tools/hilfe packs: raw LZMA with lc = 4, lp = 0, pb = 0, of a known length. A seventh of the room that
+// the pages take; 2 MB come out in some hundredths of a second.
 #pragma once
 
 #include <cstddef>

@@ -39,6 +39,9 @@ stufe grenzen tests/fehler/grenzen.py build/release/zepholt
 stufe vergleich_debug vergleich build/release/zepholt build/debug/zepholt
 stufe vergleich_clang vergleich build/release/zepholt build/asan/zepholt
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --probe 400
+stufe pakete ./package.sh
+stufe reproduzierbar tools/reproduzierbar.sh
+stufe pakete_fenster tools/pakete_pruefen.sh fenster
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
 printf '%s\n' "${zeilen[@]}"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
-# cases by code with what users get and its limits, and the tests on Windows under Wine.
+# cases by code with what users get and its limits, the tests on Windows under Wine, and the packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -66,4 +66,8 @@ tests/bericht/seiten_pruefen.sh build/release
 
 stufe "The pages of the codes in Chromium"
 tests/hilfe/seiten_pruefen.sh build/debug
+
+stufe "The packages: made, and from each to the first report"
+./package.sh
+tools/pakete_pruefen.sh
 stufe "All checks done"

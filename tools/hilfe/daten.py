@@ -17,6 +17,7 @@ def schreibe(quelle, ziel):
     codes = sorted({int(pfad.stem) for pfad in quelle.glob("*/*.md") if pfad.stem.isdigit()})
     seiten = {code: [_bytes(quelle / sprache / f"{code}.md", sprache) for sprache in SPRACHEN] for code in codes}
     alles = b"".join(text for seite in seiten.values() for paar in seite for text in paar)
+    gepackt = lzma.compress(alles, format=lzma.FORMAT_RAW, filters=[PACKUNG])
     laengen = "".join(f"    {{{code}, {{{', '.join(str(len(text)) for paar in seite for text in paar)}}}}},\n"
                       for code, seite in seiten.items())
     ziel.write_text(f"""// The pages of docs/codes, made from them by tools/hilfe.
@@ -29,8 +30,8 @@ namespace {{
 constexpr Seitenlaengen Laengen[] = {{
 {laengen}}};
 
-constexpr unsigned char Gepackt[] = {{
-{_zahlen(lzma.compress(alles, format=lzma.FORMAT_RAW, filters=[PACKUNG]))}}};
+constexpr unsigned char Gepackt[{len(gepackt)}] = {{
+{_zahlen(gepackt)}}};
 
 }} // namespace
 
