@@ -8,6 +8,7 @@
 #include "bericht/Stapellauf.h"
 #include "bericht/Zeichen.h"
 #include "errors/FehlerERL.h"
+#include "support/Fassung.h"
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
@@ -257,7 +258,8 @@ int Erledigen(const std::vector<Text>& argumente, Auftrag& auftrag) {
     const Sonst sonst = Zerlegung(argumente).Lesen(auftrag);
     const Sprache sprache = auftrag.Gewaehlt.value_or(Systemsprache());
     if (sonst != Sonst::Nichts) {
-        StandardausgabeSchreiben(sonst == Sonst::Hilfe ? Hilfetext(sprache) : "zepholt-bericht 4.0\n");
+        StandardausgabeSchreiben(sonst == Sonst::Hilfe ? Hilfetext(sprache)
+                                                       : "zepholt-bericht " + Utf8Bytes(Programmfassung) + "\n");
         return StatusOhneFehler;
     }
     if (BefehlVon(auftrag).LiestProtokoll) {

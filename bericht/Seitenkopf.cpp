@@ -3,6 +3,7 @@
 #include "bericht/Recordbild.h"
 #include "bericht/Seitenteile.h"
 #include "bericht/Zeichen.h"
+#include "support/Fassung.h"
 
 namespace zepholt::bericht {
 
@@ -30,8 +31,9 @@ std::string Seitenkopf(const std::string& titel, Sprache sprache, const std::str
            std::string(Inhaltsregel()) + "\">\n" + vermerk +
            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
            "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"referrer\" content=\"no-referrer\">\n"
-           "<meta name=\"generator\" content=\"zepholt-bericht 4.0\">\n<title>" +
-           OhneMarken(titel) + "</title>\n<style>" + std::string(Seitenstil()) + "</style>\n</head>\n<body>\n";
+           "<meta name=\"generator\" content=\"zepholt-bericht " +
+           Utf8Bytes(Programmfassung) + "\">\n<title>" + OhneMarken(titel) + "</title>\n<style>" +
+           std::string(Seitenstil()) + "</style>\n</head>\n<body>\n";
 }
 
 } // namespace zepholt::bericht

@@ -42,6 +42,9 @@ stufe felder tools/mutanten.py doctest items --art zahl --skripte --probe $((200
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --skripte --probe $((400 / teil))
 stufe stapel tests/stapel/abschuesse.py build/release 100000
 stufe stapel_tempo tests/stapel/tempo.py build/release 20000
+stufe pakete ./package.sh
+stufe reproduzierbar tools/reproduzierbar.sh
+stufe pakete_fenster tools/pakete_pruefen.sh fenster
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
 printf '%s\n' "${zeilen[@]}"

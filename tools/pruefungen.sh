@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
-# cases by code with what users get and its limits, and the tests on Windows under Wine.
+# cases by code with what users get and its limits, the tests on Windows under Wine, and the packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -78,4 +78,9 @@ stufe "Many files: 2,000 with 30 kills, then by ssh and Slurm"
 cmake --build --preset release --target zepholt zepholt-bericht
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
+
+stufe "The packages: made, and from each to the first report"
+./package.sh
+tools/pakete_pruefen.sh
+
 stufe "All checks done"

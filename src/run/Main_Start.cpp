@@ -6,6 +6,7 @@
 #include "run/Spezialfunktionen.h"
 #include "run/Test.h"
 #include "state/TestDaten.h"
+#include "support/Fassung.h"
 #include "support/HilfsFunktionen.h"
 #include "support/OS_API.h"
 #include "window/DialogDeFrIt.h"
@@ -84,7 +85,7 @@ void LaufzeitfehlerMelden(std::string_view meldung) {
 int LaufAusfuehren(TextSicht kommandozeile) {
     bool stumm = false; // a failure is not told either
     try {
-        testDaten.Version = u"4.0";
+        testDaten.Version = Programmfassung;
         testDaten.Abbruch = false;
         FehlerLoeschen();
         const std::vector<Text> argumente = KommandozeileZerlegen(kommandozeile);

@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <regex>
+
 namespace zepholt {
 namespace {
 
@@ -22,6 +26,25 @@ TEST(CodeseitenTest, EveryCodeHasAPageUnderItsMessageInThreeLanguages) {
         EXPECT_TRUE(seite->Texte[0].Text.starts_with(Titel(zeile.Code, zeile.Deutsch))) << zeile.Code;
         EXPECT_TRUE(seite->Texte[1].Text.starts_with(Titel(zeile.Code, zeile.Franzoesisch))) << zeile.Code;
         EXPECT_TRUE(seite->Texte[2].Text.starts_with(Titel(zeile.Code, zeile.Italienisch))) << zeile.Code;
+    }
+}
+
+// A page of docs/codes without its last line, the links to other pages, and with "[4504](4504.md)" as "4504".
+std::string SeiteOhneVerweise(const std::string& sprache, std::int32_t code) {
+    const std::string pfad = ZEPHOLT_QUELLE "/docs/codes/" + sprache + "/" + std::to_string(code) + ".md";
+    std::ifstream datei(pfad, std::ios::binary);
+    std::string text(std::istreambuf_iterator<char>(datei), {});
+    text.resize(text.find_last_not_of('\n', text.rfind('\n', text.size() - 2)) + 1);
+    return std::regex_replace(text + "\n", std::regex(R"(\[([^\]]*)\]\([^)]*\))"), "$1");
+}
+
+TEST(CodeseitenTest, APageInsideIsThePageOfTheFolder) {
+    for (const std::int32_t code : {1001, 4504, 6101, 9999}) {
+        const hilfe::Codeseite* seite = hilfe::CodeseiteLesen(code);
+        ASSERT_NE(seite, nullptr) << code;
+        EXPECT_EQ(seite->Texte[0].Text, SeiteOhneVerweise("de", code)) << code;
+        EXPECT_EQ(seite->Texte[1].Text, SeiteOhneVerweise("fr", code)) << code;
+        EXPECT_EQ(seite->Texte[2].Text, SeiteOhneVerweise("it", code)) << code;
     }
 }
 

@@ -1,45 +1,55 @@
-"""docs/codes as a C++ table, for programs that explain a code: the page as text, and its first sections as HTML."""
+"""docs/codes inside a program that explains a code: the page as text, and its first sections as HTML; packed, for they are
+larger than the program."""
+import lzma
 import re
 
 import webseite
 from tabellen import SPRACHEN
 from woerter import ABSCHNITTE
 
+# As hilfe/Entpacken.h unpacks it; the dictionary holds all.
+PACKUNG = {"id": lzma.FILTER_LZMA1, "lc": 4, "lp": 0, "pb": 0, "dict_size": 1 << 22, "mode": lzma.MODE_NORMAL,
+           "mf": lzma.MF_BT4, "nice_len": 273, "depth": 1000}
 KURZ = ("geprueft", "nie", "beheben")  # what unfolds beside a finding
 
 
 def schreibe(quelle, ziel):
     codes = sorted({int(pfad.stem) for pfad in quelle.glob("*/*.md") if pfad.stem.isdigit()})
-    zeilen = "".join(f"    {{{code}, {{{{{_paare(quelle, code)}}}}}}},\n" for code in codes)
+    seiten = {code: [_bytes(quelle / sprache / f"{code}.md", sprache) for sprache in SPRACHEN] for code in codes}
+    alles = b"".join(text for seite in seiten.values() for paar in seite for text in paar)
+    gepackt = lzma.compress(alles, format=lzma.FORMAT_RAW, filters=[PACKUNG])
+    laengen = "".join(f"    {{{code}, {{{', '.join(str(len(text)) for paar in seite for text in paar)}}}}},\n"
+                      for code, seite in seiten.items())
     ziel.write_text(f"""// The pages of docs/codes, made from them by tools/hilfe.
-#include "hilfe/Codeseiten.h"
-
-#include <algorithm>
-#include <iterator>
+#include "hilfe/Seitenvorrat.h"
 
 namespace zepholt::hilfe {{
 
 namespace {{
 
-using namespace std::string_view_literals;
+constexpr Seitenlaengen Laengen[] = {{
+{laengen}}};
 
-constexpr Codeseite Seiten[] = {{
-{zeilen}}};
+constexpr unsigned char Gepackt[{len(gepackt)}] = {{
+{_zahlen(gepackt)}}};
 
 }} // namespace
 
-const Codeseite* CodeseiteLesen(std::int32_t code) {{
-    const Codeseite* seite = std::ranges::lower_bound(Seiten, code, {{}}, &Codeseite::Code);
-    return seite != std::end(Seiten) && seite->Code == code ? seite : nullptr;
+const Seitenvorrat& Seiten() {{
+    static constexpr Seitenvorrat vorrat{{Laengen, Gepackt, {len(alles)}}};
+    return vorrat;
 }}
 
 }} // namespace zepholt::hilfe
 """, encoding="utf-8")
 
 
-def _paare(quelle, code):
-    return ", ".join("{" + ", ".join(map(_literal, _texte(quelle / sprache / f"{code}.md", sprache))) + "}"
-                     for sprache in SPRACHEN)
+def _zahlen(bytes_):
+    return "".join(f"    {', '.join(map(str, bytes_[i:i + 32]))},\n" for i in range(0, len(bytes_), 32))
+
+
+def _bytes(pfad, sprache):
+    return [text.encode() for text in _texte(pfad, sprache)]
 
 
 def _texte(pfad, sprache):
@@ -53,8 +63,3 @@ def _texte(pfad, sprache):
     nackt = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", text)
     ohne_verweise = re.sub(r"\[([^\]]*)\]\([^)]*\)", r"\1", kurz)
     return nackt, webseite.rumpf(ohne_verweise, sprache)
-
-
-def _literal(text):
-    """A C++ literal that knows its length; raw ones end at their mark, which no page holds."""
-    return f'R"~~({text})~~"sv'

@@ -1,0 +1,9 @@
+#include "window/Modul_linux.h"
+
+namespace zepholt {
+
+const FensterModul* ModulLaden() {
+    return nullptr;
+}
+
+} // namespace zepholt
