@@ -30,6 +30,7 @@ bau() {
     for preset in debug release asan fuzz; do
         cmake --preset "$preset" -Wno-dev && cmake --build --preset "$preset" || return 1
     done
+    ./web.sh
 }
 
 stufe bau bau
@@ -38,6 +39,8 @@ stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/
 stufe grenzen tests/fehler/grenzen.py build/release/zepholt
 stufe vergleich_debug vergleich build/release/zepholt build/debug/zepholt
 stufe vergleich_clang vergleich build/release/zepholt build/asan/zepholt
+stufe web_gleich tests/web/gleich.sh build/release/zepholt lang
+stufe web_seiten tests/web/seiten_pruefen.sh build/release lang
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --probe 400
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
