@@ -105,8 +105,9 @@ private:
         // A file that was refused has one error, and its number says nothing.
         urteil += art == "abgewiesen" ? "<span class=\"A\" data-t=\"abgewiesen\">" + W(art) + "</span>"
                                       : fehler + ", " + warnungen;
-        urteil += "</h1>\n<p class=\"dazu\">" + (art == "abgewiesen" ? "<b>" + fehler + "</b>" : Wort("b", art + ohne)) +
-                  " – " + Wort("span", "dazu." + art + ohne) + "</p>\n";
+        urteil += "</h1>\n<p class=\"dazu\">" +
+                  (art == "abgewiesen" ? "<b>" + fehler + "</b>" : Wort("b", art + ohne)) + " – " +
+                  Wort("span", "dazu." + art + ohne) + "</p>\n";
         if (m_angaben.OhneKatalog && art != "abgewiesen") {
             urteil += "<div class=\"hinweis ohne\">" + Wort("p", "ohnekatalog") + "</div>\n";
         }

@@ -1,5 +1,5 @@
-// What the C++ library of the module's compiler (libc++ of clang 14) has not yet, as far as the program uses it. Included
-// before every source, so that the program itself is written for one library only.
+// What the C++ library of the module's compiler (libc++ of clang 14) has not yet, as far as the program uses it.
+// Included before every source, so that the program itself is written for one library only.
 #pragma once
 
 #include <algorithm>
@@ -16,8 +16,7 @@
 _LIBCPP_BEGIN_NAMESPACE_STD
 
 template <class T>
-    requires is_array_v<T>
-unique_ptr<T> make_unique_for_overwrite(size_t anzahl) {
+requires is_array_v<T> unique_ptr<T> make_unique_for_overwrite(size_t anzahl) {
     return unique_ptr<T>(new remove_extent_t<T>[anzahl]);
 }
 
@@ -98,21 +97,18 @@ constexpr auto adjacent_find(B&& bereich, V vergleich = {}, P von = {}) {
 
 template <class B, class V = Kleiner, class P = identity>
 constexpr void sort(B&& bereich, V vergleich = {}, P von = {}) {
-    std::sort(std::begin(bereich), std::end(bereich), [&](const auto& a, const auto& b) {
-        return vergleich(std::invoke(von, a), std::invoke(von, b));
-    });
+    std::sort(std::begin(bereich), std::end(bereich),
+              [&](const auto& a, const auto& b) { return vergleich(std::invoke(von, a), std::invoke(von, b)); });
 }
 template <class B, class V = Kleiner, class P = identity>
 constexpr void stable_sort(B&& bereich, V vergleich = {}, P von = {}) {
-    std::stable_sort(std::begin(bereich), std::end(bereich), [&](const auto& a, const auto& b) {
-        return vergleich(std::invoke(von, a), std::invoke(von, b));
-    });
+    std::stable_sort(std::begin(bereich), std::end(bereich),
+                     [&](const auto& a, const auto& b) { return vergleich(std::invoke(von, a), std::invoke(von, b)); });
 }
 template <class B, class I, class V = Kleiner, class P = identity>
 constexpr void nth_element(B&& bereich, I mitte, V vergleich = {}, P von = {}) {
-    std::nth_element(std::begin(bereich), mitte, std::end(bereich), [&](const auto& a, const auto& b) {
-        return vergleich(std::invoke(von, a), std::invoke(von, b));
-    });
+    std::nth_element(std::begin(bereich), mitte, std::end(bereich),
+                     [&](const auto& a, const auto& b) { return vergleich(std::invoke(von, a), std::invoke(von, b)); });
 }
 template <class B, class V = Kleiner, class P = identity>
 constexpr bool is_sorted(B&& bereich, V vergleich = {}, P von = {}) {

@@ -17,6 +17,16 @@
 extern "C" {
 // What the page is told of a report: 0 in order, 1 with errors, 2 refused, and the numbers of its findings.
 void zepholt_urteil(int art, double fehler, double warnungen);
+
+// A whole run of the program on the arguments of a command line.
+EMSCRIPTEN_KEEPALIVE int zepholt_programm(const char16_t* text, int laenge);
+
+// A test: exchange file, protocol, language (1 to 3), mode, catalogue and its kind (0 none, 1 a folder, 2 a file).
+EMSCRIPTEN_KEEPALIVE int zepholt_pruefen(const char16_t* text, int laenge);
+
+// A report: its kind (html, csv), protocol, exchange file, where it goes, language (1 to 3), and for the page what the
+// catalogue is called: nothing where there was none.
+EMSCRIPTEN_KEEPALIVE int zepholt_berichten(const char16_t* text, int laenge);
 }
 
 namespace zepholt {
@@ -69,13 +79,11 @@ void BerichtSchreiben(const std::vector<Text>& felder) {
 
 extern "C" {
 
-// A whole run of the program on the arguments of a command line.
-EMSCRIPTEN_KEEPALIVE int zepholt_programm(const char16_t* text, int laenge) {
+int zepholt_programm(const char16_t* text, int laenge) {
     return zepholt::Main(zepholt::KommandotextAus(zepholt::Felder(text, laenge)));
 }
 
-// A test: exchange file, protocol, language (1 to 3), mode, catalogue and its kind (0 none, 1 a folder, 2 a file).
-EMSCRIPTEN_KEEPALIVE int zepholt_pruefen(const char16_t* text, int laenge) {
+int zepholt_pruefen(const char16_t* text, int laenge) {
     const std::vector<zepholt::Text> felder = zepholt::Felder(text, laenge);
     zepholt::TestDaten& daten = zepholt::testDaten;
     daten.Austauschdatei = felder.at(0);
@@ -87,17 +95,17 @@ EMSCRIPTEN_KEEPALIVE int zepholt_pruefen(const char16_t* text, int laenge) {
     return zepholt::Testlauf();
 }
 
-// A report: its kind (html, csv), protocol, exchange file, where it goes, language (1 to 3), and for the page what the
-// catalogue is called: nothing where there was none.
-EMSCRIPTEN_KEEPALIVE int zepholt_berichten(const char16_t* text, int laenge) {
+int zepholt_berichten(const char16_t* text, int laenge) {
     try {
         zepholt::NeuerLauf();
         zepholt::BerichtSchreiben(zepholt::Felder(text, laenge));
         return 0;
     } catch (const zepholt::bericht::Ablehnung& ablehnung) {
-        zepholt::MeldungAusgeben(zepholt::bericht::MeldungsText(ablehnung.Grund, zepholt::bericht::Sprache::Deutsch, ablehnung.Werte));
+        zepholt::MeldungAusgeben(
+            zepholt::bericht::MeldungsText(ablehnung.Grund, zepholt::bericht::Sprache::Deutsch, ablehnung.Werte));
     } catch (const std::bad_alloc&) {
-        zepholt::MeldungAusgeben(zepholt::bericht::MeldungsText(zepholt::bericht::Meldung::KeinSpeicher, zepholt::bericht::Sprache::Deutsch));
+        zepholt::MeldungAusgeben(zepholt::bericht::MeldungsText(zepholt::bericht::Meldung::KeinSpeicher,
+                                                                zepholt::bericht::Sprache::Deutsch));
     } catch (const std::exception& fehler) {
         zepholt::MeldungAusgeben(std::string_view(fehler.what()));
     }

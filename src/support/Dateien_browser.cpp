@@ -66,8 +66,7 @@ LeseDatei::~LeseDatei() {
 }
 
 std::size_t LeseDatei::Lies(std::uint64_t stelle, std::span<unsigned char> ziel) {
-    const int gelesen =
-        zepholt_lesen(m_griff, static_cast<double>(stelle), ziel.data(), static_cast<int>(ziel.size()));
+    const int gelesen = zepholt_lesen(m_griff, static_cast<double>(stelle), ziel.data(), static_cast<int>(ziel.size()));
     if (gelesen < 0) {
         throw LaufzeitFehler("file can't be read");
     }

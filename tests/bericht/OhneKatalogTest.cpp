@@ -1,7 +1,7 @@
 // The page of a test without a catalogue: it says what is not tested, and claims no more.
-#include "bericht/Seite.h"
 #include "Berichtstest.h"
 #include "bericht/Ausgabe.h"
+#include "bericht/Seite.h"
 
 namespace zepholt::bericht {
 namespace {
