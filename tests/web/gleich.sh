@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Holds the module's protocols against the native program's, byte for byte: gleich.sh NATIVE [lang]
-# Short: the whole runs, some modules of the cases by code, random files. `lang`: all cases by code, many random files.
+# Short: the whole runs, the forms of a protocol, the random suites, random files. `lang`: all cases by code, many random files.
 set -euo pipefail
 quelle=$(cd "$(dirname "$0")/../.." && pwd)
 nativ=$(realpath "$1")
@@ -14,7 +14,7 @@ while [ ! -S "$ordner/dienst" ]; do sleep 0.1; done
 export ZEPHOLT_WEB=$ordner/dienst
 
 cd "$quelle/tests/codes"
-module=(faelle_test.py kopf_test.py menge_test.py protokoll_test.py katalog_test.py)
+module=(faelle_test.py protokoll_test.py zufall_test.py gblock_zufall_test.py)
 anzahl=600
 if [ -n "$lang" ]; then
     module=(*_test.py)

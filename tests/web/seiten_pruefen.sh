@@ -31,7 +31,7 @@ for datei in fehlerhaft.01S fehlerhaft.E1S sauber.01S sauber.E1S; do
 done
 pruefe "$quelle/samples/fehlerhaft.01S" fehlerhaft.01S.vlt.xml "$quelle/samples/katalog.vlt"
 cp "$quelle"/samples/*.01S "$quelle"/samples/*.E1S .
-/usr/bin/python3 -B "$quelle/tests/web/proben.py" "$quelle" "${lang:+100}"
+/usr/bin/python3 -B "$quelle/tests/web/proben.py" "$quelle" ${lang:+100}
 for datei in feindlich/*; do
     pruefe "$datei" "feindlich.soll/$(basename "$datei").xml" "$quelle/samples/katalog"
 done
