@@ -98,7 +98,8 @@ private:
 
     void UrteilSchreiben() {
         const std::string art(Urteilsart(m_inhalt.Aus));
-        std::string urteil = "<header class=\"urteil " + art +
+        const std::string ohne = m_angaben.OhneKatalog && art == "ordnung" ? ".ohne" : "";
+        std::string urteil = "<header class=\"urteil " + art + (ohne.empty() ? "" : " ohne") +
                              "\"><div class=\"breite\">\n<div class=\"oben\"><p>ZEPHOLT · " + Wort("span", "titel") +
                              "</p>\n" + Sprachwahl() + "</div>\n<h1>";
         const std::string fehler = AnzahlWort("fehler", m_inhalt.Aus.Fehler, m_inhalt.Aus.Fehler > 0 ? "A" : "ok");
@@ -107,8 +108,12 @@ private:
         // A file that was refused has one error, and its number says nothing.
         urteil += art == "abgewiesen" ? "<span class=\"A\" data-t=\"abgewiesen\">" + W(art) + "</span>"
                                       : fehler + ", " + warnungen;
-        urteil += "</h1>\n<p class=\"dazu\">" + (art == "abgewiesen" ? "<b>" + fehler + "</b>" : Wort("b", art)) +
-                  " – " + Wort("span", "dazu." + art) + "</p>\n";
+        urteil += "</h1>\n<p class=\"dazu\">" +
+                  (art == "abgewiesen" ? "<b>" + fehler + "</b>" : Wort("b", art + ohne)) + " – " +
+                  Wort("span", "dazu." + art + ohne) + "</p>\n";
+        if (m_angaben.OhneKatalog && art != "abgewiesen") {
+            urteil += "<div class=\"hinweis ohne\">" + Wort("p", "ohnekatalog") + "</div>\n";
+        }
         m_ausgabe.Schreiben(urteil + Angaben() + "</div></header>\n");
     }
 
@@ -145,7 +150,8 @@ private:
                    "</span><small>" + Html(p.Schnittstelle) + "</small></dd></div>\n";
         angaben += Angabe("erstellt", p.Software, p.Hersteller);
         angaben += Angabe("geprueft", datum + " " + p.Zeit, p.Pruefprogramm + " " + p.ProgrammVersion);
-        angaben += Angabe("katalog", m_angaben.Katalog);
+        angaben += m_angaben.OhneKatalog ? "<div>" + Wort("dt", "katalog") + Wort("dd", "katalog0") + "</div>\n"
+                                         : Angabe("katalog", m_angaben.Katalog);
         angaben += Angabe("kapitel", Kapitel());
         return angaben + Angabe("modus", p.Modus) + "</dl>\n";
     }

@@ -44,6 +44,7 @@ struct Seitenangaben {
     Sprache Anfangssprache = Sprache::Deutsch;
     std::string Katalog; // shown in the head when it is known
     std::string Vermerk; // see Ablagevermerk; empty for a page whose place the caller chose
+    bool OhneKatalog = false; // the file was tested without one: the page says what is not tested
 };
 
 void SeiteSchreiben(const Protokoll& protokoll, const Austauschdatei& datei, const Seitenangaben& angaben,

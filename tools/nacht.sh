@@ -27,6 +27,7 @@ bau() {
     for preset in debug release asan; do
         cmake --preset "$preset" -Wno-dev && cmake --build --preset "$preset" || return 1
     done
+    ./web.sh
 }
 
 stufe bau bau
@@ -45,6 +46,8 @@ stufe stapel_tempo tests/stapel/tempo.py build/release 20000
 stufe pakete ./package.sh
 stufe reproduzierbar tools/reproduzierbar.sh
 stufe pakete_fenster tools/pakete_pruefen.sh fenster
+stufe web_gleich tests/web/gleich.sh build/release/zepholt lang
+stufe web_seiten tests/web/seiten_pruefen.sh build/release lang
 stufe fuzz fuzz/dauer.sh "$stunden"
 echo
 printf '%s\n' "${zeilen[@]}"

@@ -16,6 +16,10 @@ PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest bash-completi
 # the program, and what tests many files on several machines.
 PAKETE_CI="$PAKETE_TEST $PAKETE_PAKETE $PAKETE_PRUEFEN ccache clang clang-tidy clang-format googletest fonts-wine
 xvfb xdotool openbox chromium nodejs pngquant default-jdk-headless mono-mcs parallel rsync openssh-server openssh-client
-slurm-wlm munge procps"
+slurm-wlm munge procps emscripten firefox-esr"
+
+# The page that tests in a browser.
+PAKETE_WEB="cmake ninja-build python3 python3-markdown emscripten nodejs"
+
 # Other publishers' Node.js brings npm along, and Debian's npm would not install beside it.
 command -v npm >/dev/null || PAKETE_CI="$PAKETE_CI npm"

@@ -24,7 +24,7 @@ tools/raeume_zeichnen.py --pruefen
 # Reserved names are told by clang itself when it builds; here they would cost a fifth of the time.
 stufe "clang-tidy"
 [ -f build/debug/compile_commands.json ] || cmake --preset debug -Wno-dev >/dev/null
-git ls-files 'src/*.cpp' 'bericht/*.cpp' 'tools/*.cpp' 'fuzz/*.cpp' | grep -vE '_windows|windows/|win32|qt' |
+git ls-files 'src/*.cpp' 'bericht/*.cpp' 'tools/*.cpp' 'fuzz/*.cpp' | grep -vE '_windows|_browser|windows/|win32|qt' |
     xargs -r -P "$(nproc)" -n 2 clang-tidy -p build/debug --quiet --checks=-bugprone-reserved-identifier \
         --extra-arg=-Wno-unknown-warning-option 2>/dev/null
 
@@ -82,5 +82,10 @@ tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 stufe "The packages: made, and from each to the first report"
 ./package.sh
 tools/pakete_pruefen.sh
+
+stufe "The page that tests in the browser: its module against the native program, then Chromium and Firefox"
+./web.sh
+tests/web/gleich.sh build/release/zepholt
+tests/web/seiten_pruefen.sh build/release
 
 stufe "All checks done"

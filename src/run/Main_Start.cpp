@@ -81,19 +81,18 @@ void LaufzeitfehlerMelden(std::string_view meldung) {
     }
 }
 
-// The run as far as memory lasts. Returns the exit status.
-int LaufAusfuehren(TextSicht kommandozeile) {
-    bool stumm = false; // a failure is not told either
+// What every run begins with.
+void Beginnen() {
+    testDaten.Version = Programmfassung;
+    testDaten.Abbruch = false;
+    FehlerLoeschen();
+}
+
+// Returns the exit status of a run as far as memory lasts. `stumm`: a failure of it is not told either.
+template <class Lauf>
+int FehlerBewacht(const bool& stumm, Lauf lauf) {
     try {
-        testDaten.Version = Programmfassung;
-        testDaten.Abbruch = false;
-        FehlerLoeschen();
-        const std::vector<Text> argumente = KommandozeileZerlegen(kommandozeile);
-        stumm = StilleVerlangt(argumente);
-        if (ParameterTesten(argumente, stumm)) {
-            stumm = false;
-            Ausfuehren();
-        }
+        lauf();
         return 0;
     } catch (const std::bad_alloc&) {
         throw;
@@ -103,6 +102,19 @@ int LaufAusfuehren(TextSicht kommandozeile) {
         }
         return 1;
     }
+}
+
+int LaufAusfuehren(TextSicht kommandozeile) {
+    bool stumm = false;
+    return FehlerBewacht(stumm, [&] {
+        Beginnen();
+        const std::vector<Text> argumente = KommandozeileZerlegen(kommandozeile);
+        stumm = StilleVerlangt(argumente);
+        if (ParameterTesten(argumente, stumm)) {
+            stumm = false;
+            Ausfuehren();
+        }
+    });
 }
 
 // Exhausted memory is told by what was ready before.
@@ -187,6 +199,16 @@ Text ParameterMeldung(std::int32_t code, std::int32_t sprache) {
 
 int Main(TextSicht kommandozeile) {
     return SpeicherBewacht([&] { return LaufAusfuehren(kommandozeile); });
+}
+
+int Testlauf() {
+    return SpeicherBewacht([] {
+        return FehlerBewacht(false, [] {
+            Beginnen();
+            SpracheSetzen(testDaten.Sprache);
+            TestlaufAusfuehren();
+        });
+    });
 }
 
 int Programm(int anzahl, char** argumente) {

@@ -13,7 +13,11 @@ namespace zepholt {
 // parameters. A second run in one process needs NeuerLauf() before it: Main counts on a fresh state.
 int Main(TextSicht kommandozeile);
 
-// The program: the same on the command line of this process, on which memory may fail too.
+// A test run for a caller that has no command line: the parameters stand in testDaten, as ParameterPruefen would have
+// left them there. With the KatalogArt 0, which no command line gives, the document is not held against a catalogue.
+int Testlauf();
+
+// The program: Main on the command line of this process, on which memory may fail too.
 int Programm(int anzahl, char** argumente);
 
 // The arguments of a command text: separated by blanks outside quotation marks; the marks stay. Never an empty list.

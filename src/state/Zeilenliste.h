@@ -58,7 +58,7 @@ private:
     static constexpr int Untere = 32; // bits that m_stellen keeps
 
     void Merke(std::size_t stelle) {
-        for (; m_ueberlaeufe.size() < stelle >> Untere; m_ueberlaeufe.push_back(m_stellen.size())) {
+        for (; m_ueberlaeufe.size() < std::uint64_t{stelle} >> Untere; m_ueberlaeufe.push_back(m_stellen.size())) {
         }
         m_stellen.push_back(static_cast<std::uint32_t>(stelle));
     }
@@ -67,7 +67,7 @@ private:
         std::size_t stelle = m_stellen[i];
         if (!m_ueberlaeufe.empty()) {
             const auto hoehere = std::ranges::upper_bound(m_ueberlaeufe, i) - m_ueberlaeufe.begin();
-            stelle += static_cast<std::size_t>(hoehere) << Untere;
+            stelle += static_cast<std::size_t>(static_cast<std::uint64_t>(hoehere) << Untere);
         }
         return stelle;
     }

@@ -2,6 +2,7 @@
 #include "support/OS_API.h"
 
 #include "support/HilfsFunktionen.h"
+#include "support/Namensmuster.h"
 #include "support/Systemruf_linux.h"
 
 #include <algorithm>
@@ -27,33 +28,6 @@ DateiArt ArtIm(int ordner, const char* name) {
     struct stat angaben {};
     const int ergebnis = Wiederholt([&] { return fstatat(ordner, name, &angaben, 0); });
     return ergebnis == 0 ? ArtAus(angaben.st_mode) : DateiArt::Nichts;
-}
-
-// True when `name` fits `muster`. One place to come back to is enough: a later '*' takes over all that an earlier one
-// could still give.
-bool Passt(TextSicht name, TextSicht muster) {
-    if (name.starts_with(u'.') && !muster.starts_with(u'.')) {
-        return false;
-    }
-    std::size_t n = 0;
-    std::size_t m = 0;
-    std::size_t sternMuster = TextSicht::npos; // behind the last '*' met
-    std::size_t sternName = 0;                 // as far as that '*' reaches
-    while (n < name.size()) {
-        if (m < muster.size() && muster[m] == u'*') {
-            sternMuster = ++m;
-            sternName = n;
-        } else if (m < muster.size() && (muster[m] == u'?' || muster[m] == name[n])) {
-            ++n;
-            ++m;
-        } else if (sternMuster != TextSicht::npos) {
-            n = ++sternName;
-            m = sternMuster;
-        } else {
-            return false;
-        }
-    }
-    return muster.find_first_not_of(u'*', m) == TextSicht::npos;
 }
 
 struct OrdnerSchliesser {
@@ -89,7 +63,7 @@ const dirent* NaechsterEintrag(DIR* ordner) {
 std::vector<std::string> PassendeNamen(DIR* ordner, TextSicht muster) {
     std::vector<std::string> namen;
     while (const dirent* eintrag = NaechsterEintrag(ordner)) {
-        if (Passt(AusUtf8Bytes(eintrag->d_name), muster)) {
+        if (PasstZuMuster(AusUtf8Bytes(eintrag->d_name), muster)) {
             namen.emplace_back(eintrag->d_name);
         }
     }

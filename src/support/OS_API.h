@@ -1,6 +1,6 @@
 // The one door to the platform: files, folders, the clock, the command line, standard error.
 //
-// One header, the sources of each platform (OS_API_linux.cpp, OS_API_windows.cpp), chosen by CMake, and OS_API.cpp with
+// One header, the sources of each platform (OS_API_linux.cpp, OS_API_browser.cpp ...), chosen by CMake, and OS_API.cpp with
 // what needs no platform. Files and folders are in sources of their own (Dateien_, AusgabeDatei_): a program that
 // brings these functions itself has a disk of its own, as the fuzzers have one in memory.
 //

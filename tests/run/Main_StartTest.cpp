@@ -327,6 +327,24 @@ TEST_F(ParameterTest, ARunWithDialogWritesTheSameProtocolAsASilentOne) {
     EXPECT_EQ(lauf(u"it", "mit.xml"), lauf(u"it-", "ohne.xml"));
 }
 
+TEST_F(ParameterTest, ATestRunWithoutACatalogueLeavesOnlyItsComparisonOut) {
+    const auto lauf = [this](std::int32_t katalogArt, std::string_view name) {
+        NeuerLauf();
+        testDaten.Austauschdatei = AusUtf8Bytes(ZEPHOLT_QUELLE "/samples/sauber.01S");
+        testDaten.Sprache = 2;
+        testDaten.OhneDialog = true;
+        testDaten.Fehlerdatei = Pfad(name);
+        testDaten.Katalog = m_ordner.Pfad().u16string(); // which has no chapters
+        testDaten.KatalogArt = katalogArt;
+        EXPECT_EQ(Testlauf(), 0);
+        return m_ordner.Lies(name);
+    };
+    const std::string mit = lauf(1, "mit.xml");
+    EXPECT_NE(mit.find(" N=\"6101\" "), std::string::npos);
+    EXPECT_NE(mit.find(std::string("T=\"") + Utf8Bytes(FehlerText(6101, 2)).substr(0, 8)), std::string::npos);
+    EXPECT_NE(lauf(0, "ohne.xml").find("<Errors>0</Errors>"), std::string::npos);
+}
+
 TEST_F(ParameterTest, AnUnknownSpecialFunctionWritesNothing) {
     EXPECT_EQ(Main(u"file=*2 dialog=de- errorfile=\"" + Pfad("neu.xml") + u"\" catalog=\"" +
                    m_ordner.Pfad().u16string() + u"\""),

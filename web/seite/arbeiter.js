@@ -1,0 +1,99 @@
+'use strict';
+// One test, away from the page: it makes the module, runs it on one exchange file, and hands back protocol and report. A
+// worker serves one run, as a process does; it is ready before it is needed.
+//
+// To cancel, the page takes back an address that it gave along: each look of the run asks whether it still stands. Nothing
+// else reaches a worker that is busy, wherever the page comes from.
+let modul;
+let meldungen = [];
+let bild = null; // the progress that the page has not been told yet
+
+const stehtNoch = (adresse) => {
+  try {
+    const frage = new XMLHttpRequest();
+    frage.open('GET', adresse, false);
+    frage.send();
+    return true;
+  } catch {
+    return false;
+  }
+};
+const uhr = () => {
+  const jetzt = new Date();
+  return [jetzt.getFullYear(), jetzt.getMonth() + 1, jetzt.getDate(), jetzt.getHours(), jetzt.getMinutes()];
+};
+const rufe = (name, ...felder) => {
+  const text = felder.join('\0');
+  const zeiger = modul._malloc(text.length * 2) >>> 0;
+  for (let i = 0; i < text.length; ++i) modul.HEAPU16[(zeiger >>> 1) + i] = text.charCodeAt(i);
+  return modul['_' + name](zeiger, text.length);
+};
+
+const pruefen = (auftrag) => {
+  const { datei, name, sprache, modus, katalog, halt } = auftrag;
+  // A file's name keeps its end, which says of which kind it is; its path here is the same for all.
+  const pfad = '/datei/' + name.replaceAll('/', '_').replaceAll('\0', '');
+  const dateien = { [pfad]: datei };
+  if (katalog?.art === 'datei') dateien['/katalog'] = katalog.dateien[0].blob;
+  if (katalog?.art === 'ordner') for (const kapitel of katalog.dateien) dateien['/katalog/' + kapitel.name] = kapitel.blob;
+  const leser = new FileReaderSync();
+  const platte = new Platte(dateien, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
+  let urteil = null;
+  let abgebrochen = false;
+  bild = {};
+  const blick = () => {
+    postMessage({ art: 'gang', ...bild });
+    bild = {};
+    abgebrochen ||= !stehtNoch(halt);
+    return abgebrochen;
+  };
+  const mehr = {
+    uhr,
+    meldung: (bytes) => meldungen.push(new TextDecoder().decode(bytes)),
+    beschriften: (was, text) => { bild[['name', 'projekt', 'dokument', 'schritt'][was]] = text; },
+    balken: (anteil) => { bild.anteil = anteil; },
+    abgebrochen: blick,
+    urteil: (art, fehler, warnungen) => { urteil = { art: ['ordnung', 'fehlerhaft', 'abgewiesen'][art], fehler, warnungen }; },
+  };
+  for (const [wort, tun] of Object.entries(mehr)) platte[wort] = tun;
+  modul.umgebung = platte;
+  const nummer = String(sprache + 1);
+  const status = rufe('zepholt_pruefen', pfad, '/protokoll.xml', nummer, modus, katalog ? '/katalog' : '', { ordner: '1', datei: '2' }[katalog?.art] ?? '0');
+  const protokoll = platte.fertig.get('/protokoll.xml');
+  if (abgebrochen) return { art: 'abgebrochen' };
+  if (status !== 0 || !protokoll) return { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+  postMessage({ art: 'gang', schreibt: true, anteil: 1 });
+  if (rufe('zepholt_berichten', 'html', '/protokoll.xml', pfad, '/bericht.html', nummer, katalog?.name ?? '') !== 0) {
+    return { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+  }
+  return { art: 'fertig', protokoll, seite: platte.fertig.get('/bericht.html'), urteil, speicher: modul.HEAPU8.length };
+};
+
+// The table of a test that is done, from its protocol.
+const tabelle = ({ datei, name, sprache, protokoll }) => {
+  const pfad = '/datei/' + name.replaceAll('/', '_').replaceAll('\0', '');
+  const leser = new FileReaderSync();
+  const platte = new Platte({ [pfad]: datei, '/protokoll.xml': protokoll }, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
+  Object.assign(platte, { uhr, meldung: (bytes) => meldungen.push(new TextDecoder().decode(bytes)), urteil: () => {} });
+  modul.umgebung = platte;
+  const status = rufe('zepholt_berichten', 'csv', '/protokoll.xml', pfad, '/tabelle.csv', String(sprache + 1), '');
+  return status === 0 ? { art: 'fertig', tabelle: platte.fertig.get('/tabelle.csv') } : { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+};
+
+self.onmessage = async ({ data }) => {
+  try {
+    if (data.art === 'modul') {
+      modul = await ZepholtModul({
+        instantiateWasm: (einfuhr, fertig) => {
+          WebAssembly.instantiate(data.modul, einfuhr).then((teil) => fertig(teil, data.modul));
+          return {};
+        },
+      });
+      postMessage({ art: 'bereit' });
+    } else {
+      postMessage(data.art === 'pruefen' ? pruefen(data) : tabelle(data));
+    }
+  } catch (fehler) {
+    postMessage({ art: 'nichts', grund: fehler instanceof RangeError ? 'speicher' : '', meldung: String(fehler?.message ?? fehler) });
+  }
+};
