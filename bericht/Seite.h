@@ -42,8 +42,8 @@ private:
 // What the page is told beside protocol and exchange file.
 struct Seitenangaben {
     Sprache Anfangssprache = Sprache::Deutsch;
-    std::string Katalog; // shown in the head when it is known
-    std::string Vermerk; // see Ablagevermerk; empty for a page whose place the caller chose
+    std::string Katalog;      // shown in the head when it is known
+    std::string Vermerk;      // see Ablagevermerk; empty for a page whose place the caller chose
     bool OhneKatalog = false; // the file was tested without one: the page says what is not tested
 };
 

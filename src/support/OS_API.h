@@ -1,7 +1,7 @@
 // The one door to the platform: files, folders, the clock, the command line, standard error.
 //
-// One header, the sources of each platform (OS_API_linux.cpp, OS_API_browser.cpp ...), chosen by CMake, and OS_API.cpp with
-// what needs no platform. Files and folders are in sources of their own (Dateien_, AusgabeDatei_): a program that
+// One header, the sources of each platform (OS_API_linux.cpp, OS_API_browser.cpp ...), chosen by CMake, and OS_API.cpp
+// with what needs no platform. Files and folders are in sources of their own (Dateien_, AusgabeDatei_): a program that
 // brings these functions itself has a disk of its own, as the fuzzers have one in memory.
 //
 // Paths are Text. On Linux a byte of a path that is no valid UTF-8 stands in Text as the unit U+DC00 plus the byte, so
