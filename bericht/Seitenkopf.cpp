@@ -4,6 +4,7 @@
 #include "bericht/Seitenteile.h"
 #include "bericht/Zeichen.h"
 #include "support/Fassung.h"
+#include "support/HilfsFunktionen.h"
 
 namespace zepholt::bericht {
 
