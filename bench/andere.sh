@@ -1,0 +1,69 @@
+#!/usr/bin/env bash
+# Processor time of a test beside that of other programs on the same bytes: andere.sh [PROGRAM [RUNS [MB]]]
+# (build/release/zepholt, 7, 100). The file is a clean document, old interface. Of each program the least of several
+# runs, all in turn. Needs gawk and xmllint.
+#
+# The forms of the comparison: the lines counted (wc); the bytes turned into UTF-16 (iconv); twenty columns of each record
+# cut out and one of them compared (gawk); the same records as XML, read without a tree, with one text a record, and with
+# each field of ten columns as an attribute (xmllint).
+set -euo pipefail
+programm=$(realpath "${1:-$(dirname "$0")/../build/release/zepholt}")
+laeufe=${2:-7}
+mb=${3:-100}
+for fremd in gawk xmllint; do
+    command -v "$fremd" >/dev/null || {
+        echo "bench/andere.sh: $fremd is missing" >&2
+        exit 1
+    }
+done
+cd "$(dirname "$0")/.."
+ordner=$(mktemp -d)
+trap 'rm -rf "$ordner"' EXIT
+mkdir "$ordner/leer"
+datei=$ordner/a.01S
+bench/erzeugen.py dokument "$datei" "$mb"
+python3 - "$datei" "$ordner" <<'PY'
+import pathlib
+import sys
+from xml.sax.saxutils import escape, quoteattr
+
+datei, ordner = map(pathlib.Path, sys.argv[1:])
+zeilen = datei.read_bytes().decode("cp850").split("\r\n")[:-1]
+with open(ordner / "text.xml", "w", encoding="utf-8") as ein_text, open(ordner / "felder.xml", "w", encoding="utf-8") as felder:
+    ein_text.write("<d>\n")
+    felder.write("<d>\n")
+    for zeile in zeilen:
+        ein_text.write(f"<r>{escape(zeile)}</r>\n")
+        stuecke = (zeile[i:i + 10].rstrip() for i in range(0, len(zeile), 10))
+        felder.write("<r" + "".join(f" f{k}={quoteattr(s)}" for k, s in enumerate(stuecke) if s) + "/>\n")
+    ein_text.write("</d>\n")
+    felder.write("</d>\n")
+PY
+
+namen=(zepholt wc iconv gawk 'xmllint, texts' 'xmllint, attributes')
+starte() {
+    case $1 in
+    zepholt)
+        rm -f "$ordner/p.xml"
+        "$programm" "file=$datei" dialog=de- "errorfile=$ordner/p.xml" "catalog=$ordner/leer"
+        ;;
+    wc) wc -l "$datei" ;;
+    iconv) iconv -f CP850 -t UTF-16LE "$datei" ;;
+    gawk)
+        LC_ALL=C gawk 'BEGIN { FIELDWIDTHS = "1 3 3 6 2 2 6 6 3 3 5 1 2 1 1 13 3 1 12 181" } $12 == "6" { n++ } END { print n }' \
+            "$datei"
+        ;;
+    'xmllint, texts') xmllint --stream --huge --noout "$ordner/text.xml" ;;
+    'xmllint, attributes') xmllint --stream --huge --noout "$ordner/felder.xml" ;;
+    esac >/dev/null
+}
+
+TIMEFORMAT='%3U %3S'
+for ((i = 0; i < laeufe; i++)); do
+    for name in "${namen[@]}"; do
+        echo "$name|$({ time starte "$name" 2>/dev/null; } 2>&1)"
+    done
+done | awk -F '[|]' -v mb="$(stat -c %s "$datei")" '
+    { split($2, z, " "); t = z[1] + z[2]; if (!($1 in b)) folge[++n] = $1; if (!($1 in b) || t < b[$1]) b[$1] = t }
+    END { for (i = 1; i <= n; i++) printf "%-22s %7.3f s %7.0f MB/s %7.2f times zepholt\n", folge[i], b[folge[i]],
+              mb / 1e6 / b[folge[i]], b[folge[i]] / b["zepholt"] }'
