@@ -160,6 +160,7 @@ statisch() {
         klage "$wo: no protocol"
     drin "$system" "$vor/zepholt-bericht" html /tmp/p.xml "$vor/samples/fehlerhaft.01S" -o /tmp/b.html || [ $? -eq 1 ] || klage "$wo: no report"
     erster_bericht "$(zeit)" "static build on $wo"
+    ! readelf -lW "$system/opt/zepholt-$fassung/zepholt" | grep -q INTERP || klage "the static build asks for the system's libraries"
     bericht_gut "$system/tmp" || klage "$wo: not the report of the sample"
 }
 
