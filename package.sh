@@ -45,7 +45,7 @@ packen() {
         cat "build/$1/cpack.log"
         exit 1
     }
-    find "build/$1/pakete" -maxdepth 1 -type f -name 'zepholt*' -exec cp {} "$ziel" \;
+    find "build/$1/pakete" -maxdepth 1 -type f ! -name '*.json' -exec cp {} "$ziel" \;
 }
 
 einstellungen=("$@")
