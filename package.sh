@@ -6,6 +6,7 @@
 #   zepholt-doc_VERSION_all.deb         documents, the pages of the codes
 #   zepholt-VERSION-windows-x64.zip     for Windows, to be unpacked anywhere
 #   zepholt-VERSION-linux-x86_64.tar.gz for any Linux, to be unpacked anywhere; without a window
+#   zepholt-VERSION-web.zip             the page that tests in a browser
 #   SHA256SUMS                          the sums of all of them
 #
 # The version is the one in CMakeLists.txt. Who publishes packages gives the settings of the build, for example
@@ -29,29 +30,35 @@ export SOURCE_DATE_EPOCH LC_ALL=C.UTF-8 TZ=UTC
 umask 022
 ziel=$PWD/build/pakete
 
-# The builds, each a preset of which CPack makes packages. What is packed another way adds its files to $ziel in front of
-# the sums.
-bauten=(release statisch windows-release)
-
-rm -rf "$ziel"
-mkdir -p "$ziel"
-for bau in "${bauten[@]}"; do
+# The builds, each a preset, with what it makes. CPack packs all but the page, which packs itself; another archive joins
+# here.
+bauen() {
+    local bau=$1
+    shift
     echo "== $bau"
-    cmake --preset "$bau" -Wno-dev "$@" >/dev/null
-    cmake --build --preset "$bau" --target zepholt zepholt-bericht $(
-        case $bau in
-        release) echo zepholt_fenster_qt hilfe_seiten ;;
-        statisch) echo hilfe_seiten ;;
-        windows*) echo zepholt-pruefen hilfe_seiten ;;
-        esac
-    )
-    rm -rf "build/$bau/pakete"
-    cmake -E chdir "build/$bau" cpack >"build/$bau/cpack.log" || {
-        cat "build/$bau/cpack.log"
+    cmake --preset "$bau" -Wno-dev "${einstellungen[@]}" >/dev/null
+    cmake --build --preset "$bau" --target "$@"
+}
+packen() {
+    rm -rf "build/$1/pakete"
+    cmake -E chdir "build/$1" cpack >"build/$1/cpack.log" || {
+        cat "build/$1/cpack.log"
         exit 1
     }
-    find "build/$bau/pakete" -maxdepth 1 -type f \( -name '*.deb' -o -name '*.zip' -o -name '*.tar.gz' \) -exec cp {} "$ziel" \;
-done
+    find "build/$1/pakete" -maxdepth 1 -type f ! -name '*.json' -exec cp {} "$ziel" \;
+}
+
+einstellungen=("$@")
+rm -rf "$ziel"
+mkdir -p "$ziel"
+bauen release zepholt zepholt-bericht zepholt_fenster_qt hilfe_seiten
+packen release
+bauen statisch zepholt zepholt-bericht hilfe_seiten
+packen statisch
+bauen windows-release zepholt zepholt-bericht zepholt-pruefen
+packen windows-release
+bauen web zepholt_web
+cp build/modul/zepholt-*-web.zip "$ziel"
 
 cd "$ziel"
 sha256sum -- * >SHA256SUMS

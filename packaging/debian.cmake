@@ -74,28 +74,29 @@ set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_MAINTAINER ${ZEPHOLT_KONTAKT})
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 
+# The first line of a description is CPACK_PACKAGE_DESCRIPTION_SUMMARY.
 set(CPACK_DEBIAN_PROGRAMM_PACKAGE_NAME zepholt)
 set(CPACK_DEBIAN_PROGRAMM_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PROGRAMM_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PROGRAMM_PACKAGE_RECOMMENDS "zepholt-doc")
+set(CPACK_DEBIAN_PROGRAMM_PACKAGE_RECOMMENDS "zepholt-doc, python3") # python3: zepholt-stapel
 set(CPACK_DEBIAN_PROGRAMM_PACKAGE_SUGGESTS "zepholt-fenster")
-set(CPACK_DEBIAN_PROGRAMM_DESCRIPTION "tests exchange files SIA 451
- Tests exchange files of the trade (.01S and .E1S) field by field, record by
- record and against the VLT catalogue, writes every finding into a protocol,
- and makes a report of it that a person reads.")
+set(CPACK_DEBIAN_PROGRAMM_DESCRIPTION
+"Tests exchange files of the trade (.01S and .E1S) field by field, record by
+record and against the VLT catalogue, writes every finding into a protocol,
+and makes a report of it that a person reads.")
 
 set(CPACK_DEBIAN_FENSTER_PACKAGE_NAME zepholt-fenster)
 set(CPACK_DEBIAN_FENSTER_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_FENSTER_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_FENSTER_PACKAGE_DEPENDS "zepholt (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_FENSTER_PACKAGE_RECOMMENDS "xdg-utils, zenity | kdialog")
-set(CPACK_DEBIAN_FENSTER_DESCRIPTION "tests exchange files SIA 451: windows
- The progress window of zepholt, and what a desktop needs to open an exchange
- file with it: an entry among the applications, an icon, the kinds of file.")
+set(CPACK_DEBIAN_FENSTER_DESCRIPTION
+"The progress window of zepholt, and what a desktop needs to open an exchange
+file with it: an entry among the applications, an icon, the kinds of file.")
 
 set(CPACK_DEBIAN_DOKU_PACKAGE_NAME zepholt-doc)
 set(CPACK_DEBIAN_DOKU_PACKAGE_SECTION doc)
 set(CPACK_DEBIAN_DOKU_PACKAGE_ARCHITECTURE all)
-set(CPACK_DEBIAN_DOKU_DESCRIPTION "tests exchange files SIA 451: documents
- The documents of zepholt, and a folder of pages that explain each of its codes
- in German, French and Italian, with an example and how to repair the file.")
+set(CPACK_DEBIAN_DOKU_DESCRIPTION
+"The documents of zepholt, and a folder of pages that explain each of its codes
+in German, French and Italian, with an example and how to repair the file.")

@@ -3,7 +3,7 @@
 #
 #   groessen   the sizes, against their limits; the sums
 #   haertung   what tools/haertung_pruefen.sh looks at, of every packaged program
-#   lintian    Debian's judge of packages
+#   lintian    Debian's judge of packages; the rights in their copyright are those of the info window
 #   debian     fresh Debian 12: install, first report, remove without a trace
 #   statisch   fresh Debian 11, or an empty folder as root where there is none: the static build's first report
 #   windows    Wine, in a folder with blanks and umlauts: the ZIP's first report
@@ -89,6 +89,16 @@ haertung() {
 
 lintian_() {
     lintian --allow-root --fail-on error,warning --tag-display-limit 0 "$pakete"/*.deb | sed 's/^/   /' || klage "lintian has something to say"
+    dpkg-deb --fsys-tarfile "$pakete"/zepholt_*.deb | tar -xO ./usr/share/doc/zepholt/copyright >"$ort/copyright"
+    python3 - src/window/DialogDeFrIt.cpp "$ort/copyright" <<'ENDE' || klage "the rights are not those of the info window"
+import pathlib, re, sys
+fenster, paket = (pathlib.Path(name).read_text(encoding="utf-8") for name in sys.argv[1:])
+rechte = re.search(r"Rechte\[3\] = \{(.*?)\n\};", fenster, re.DOTALL)[1]
+absaetze = re.sub(r'"\s*u"', "", rechte).replace('u"', "\\n").replace('"', "\\n").replace("\\r\\n", "\\n").split("\\n")
+absaetze = [a for a in absaetze if len(a) > 9]
+paket = " ".join(paket.split())
+sys.exit(len(absaetze) != 9 or any(absatz not in paket for absatz in absaetze))
+ENDE
 }
 
 debian() {
@@ -150,12 +160,15 @@ statisch() {
         klage "$wo: no protocol"
     drin "$system" "$vor/zepholt-bericht" html /tmp/p.xml "$vor/samples/fehlerhaft.01S" -o /tmp/b.html || [ $? -eq 1 ] || klage "$wo: no report"
     erster_bericht "$(zeit)" "static build on $wo"
+    ! readelf -lW "$system/opt/zepholt-$fassung/zepholt" | grep -q INTERP || klage "the static build asks for the system's libraries"
     bericht_gut "$system/tmp" || klage "$wo: not the report of the sample"
 }
 
 windows() {
     local los="$ort/Los 1 für Müller" exe fremd
-    export WINEPREFIX=$PWD/build/windows-release/wp WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
+    local prefix=$PWD/build/windows/wp # of the tests, where they have run
+    [ -d "$prefix" ] || prefix=$PWD/build/windows-release/wp
+    export WINEPREFIX=$prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8
     local wine=/usr/lib/wine/wine64 server=/usr/lib/wine/wineserver64
     [ -x "$server" ] || server=/usr/lib/wine/wineserver
     if [ ! -d "$WINEPREFIX" ]; then

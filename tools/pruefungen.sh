@@ -79,13 +79,13 @@ cmake --build --preset release --target zepholt zepholt-bericht
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 
-stufe "The packages: made, and from each to the first report"
-./package.sh
-tools/pakete_pruefen.sh
-
 stufe "The page that tests in the browser: its module against the native program, then Chromium and Firefox"
 ./web.sh
 tests/web/gleich.sh build/release/zepholt
 tests/web/seiten_pruefen.sh build/release
+
+stufe "The packages: made, and from each to the first report"
+./package.sh
+tools/pakete_pruefen.sh
 
 stufe "All checks done"
