@@ -49,9 +49,11 @@ public:
         m_ausgabe.Schreiben("</main>\n</div>\n<footer class=\"breite\"><p data-t=\"fuss\">" + W("fuss") +
                             "</p></footer>\n");
         FaltteileSchreiben();
+        // The script stands in front of the data: the page answers while a browser still reads them.
+        m_ausgabe.Schreiben("<script>" + std::string(Seitenskript()) + "</script>\n");
         m_ausgabe.Schreiben("<script type=\"application/json\" id=\"daten\">");
         SeitendatenSchreiben(m_inhalt, m_ausgabe);
-        m_ausgabe.Schreiben("</script>\n<script>" + std::string(Seitenskript()) + "</script>\n</body>\n</html>\n");
+        m_ausgabe.Schreiben("</script>\n</body>\n</html>\n");
     }
 
 private:

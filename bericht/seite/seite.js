@@ -9,7 +9,13 @@
   let sprache = ['de', 'fr', 'it'].indexOf(document.documentElement.lang);
   const wahl = { schwere: '', code: '', position: '', text: '', ordnung: 'p' };
 
+  // The data stand behind this script. They are read when they are there and something asks for them: reading those of a large
+  // file takes a while.
   const D = () => (daten ??= JSON.parse($('#daten').textContent));
+  const mitDaten = (tun) => {
+    if (document.readyState === 'loading') document.addEventListener('DOMContentLoaded', () => tun(), { once: true });
+    else tun();
+  };
   const zahl = (n) => String(n).replace(/\B(?=(\d{3})+$)/g, '’');
   const wort = (schluessel, ...werte) => {
     const drei = D().t[schluessel];
@@ -199,9 +205,9 @@
   // --- What a code means: texts of the page itself, never of the file. The plain part has them in its language beside the
   // first finding of each code, templates have the rest.
   const falten = new Map([...document.querySelectorAll('template[data-falte]')].map((k) => [k.dataset.falte, k.content]));
-  const falte = (code) => {
+  const falte = (code, frage) => {
     if (!falten.has(code + ' ' + sprache)) return [];
-    const d = h('details', 'w', h('summary', '', wort('heisst', code)));
+    const d = h('details', 'w', h('summary', '', frage ?? wort('heisst', code)));
     d.dataset.code = code;
     return [d];
   };
@@ -209,17 +215,19 @@
     if (d.open && d.dataset.code && d.children.length === 1) d.append(falten.get(d.dataset.code + ' ' + sprache).cloneNode(true));
   };
   const faltenVerteilen = () => {
+    const fragen = new Map();
     const befunde = [...liste.querySelectorAll('.m > li')].map((k) => [k.querySelector('.code').textContent, k.querySelector('.t')]);
     for (const [code, text] of befunde) {
       const inhalt = text.querySelector('.w');
       if (!inhalt) continue;
       const teil = document.createDocumentFragment();
       teil.append(...[...inhalt.childNodes].slice(1));
+      fragen.set(code, inhalt.textContent);
       falten.set(code + ' ' + sprache, teil);
       inhalt.dataset.code = code;
       entfalten(inhalt);
     }
-    for (const [code, text] of befunde) if (!text.querySelector('.w')) text.append(...falte(code));
+    for (const [code, text] of befunde) if (!text.querySelector('.w')) text.append(...falte(code, fragen.get(code)));
   };
 
   // --- Choosing: each hit is a record, or the findings of a position without one, with those findings that fit
@@ -350,7 +358,7 @@
       if (!k) return;
       wahl[feld] = k.value;
       druecken(gruppe, k.value);
-      anwenden();
+      mitDaten(anwenden);
     });
   };
 
@@ -359,9 +367,11 @@
   $('#sprachen').addEventListener('click', (e) => {
     const k = e.target.closest('button');
     if (!k) return;
-    sprache = +k.value;
-    beschriften();
-    if ($('#leiste')) anwenden();
+    mitDaten(() => {
+      sprache = +k.value;
+      beschriften();
+      if ($('#leiste')) anwenden();
+    });
   });
   if (!$('#leiste')) return; // without findings there is nothing to choose from
   faltenVerteilen();
@@ -373,7 +383,7 @@
     $(id).addEventListener(feld === 'code' ? 'change' : 'input', (e) => {
       wahl[feld] = e.target.value;
       clearTimeout(uhr);
-      uhr = setTimeout(anwenden, feld === 'code' ? 0 : 180);
+      uhr = setTimeout(() => mitDaten(anwenden), feld === 'code' ? 0 : 180);
     });
   }
   $('#leiste').addEventListener('submit', (e) => e.preventDefault());
@@ -381,10 +391,10 @@
     Object.assign(wahl, { schwere: '', code: '', position: '', text: '' });
     for (const id of ['#code', '#position', '#text']) $(id).value = '';
     druecken('#schwere', '');
-    anwenden();
+    mitDaten(anwenden);
   };
   stand.querySelector('button').addEventListener('click', () => { leeren(); $('#text').focus(); });
-  $('#auszug button')?.addEventListener('click', () => { anwenden(true); $('#befunde').focus(); });
+  $('#auszug button')?.addEventListener('click', () => { mitDaten(() => anwenden(true)); $('#befunde').focus(); });
   // A code's link chooses its findings; without script it leads to the first of them.
   document.addEventListener('click', (e) => {
     const a = e.target.closest('a[href^="#c"]');
@@ -392,7 +402,7 @@
     e.preventDefault();
     wahl.code = a.hash.slice(2);
     $('#code').value = wahl.code;
-    anwenden();
+    mitDaten(anwenden);
     $('#befunde').focus();
     $('#befunde').scrollIntoView();
   });

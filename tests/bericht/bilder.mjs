@@ -11,6 +11,7 @@ const passt = (name) => !gewuenscht.length || gewuenscht.some((g) => g.startsWit
 for (const breite of [1280, 390]) {
   for (const schema of ['light', 'dark']) {
     const seite = await browser.newPage({ viewport: { width: breite, height: breite < 500 ? 844 : 900 }, colorScheme: schema });
+    seite.setDefaultTimeout(180000);
     const bild = async (name) => {
       if (!gewuenscht.length || gewuenscht.includes(name)) await seite.screenshot({ path: `${ordner}/${name}.png` });
     };

@@ -17,6 +17,7 @@ const erwarte = (name, ist, soll) => {
 // A page whose every request, dialog and complaint is noted.
 const oeffnen = async (datei, breite = 1280, schema = 'light', mehr = {}) => {
   const kontext = await browser.newContext({ viewport: { width: breite, height: breite < 500 ? 844 : 900 }, colorScheme: schema, ...mehr });
+  kontext.setDefaultTimeout(120000); // a machine that does much else
   const seite = await kontext.newPage();
   const klagen = [];
   seite.on('console', (m) => klagen.push(m.text()));
