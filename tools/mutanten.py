@@ -277,7 +277,7 @@ class Kopie:
         return self.besteht(befehl, frist, nummer)
 
     def skript(self, name, frist, nummer=0):
-        befehl = [sys.executable, "-B", "-m", "pytest", "-q", "-x", "-p", "no:cacheprovider",
+        befehl = ["/usr/bin/python3", "-B", "-m", "pytest", "-q", "-x", "-p", "no:cacheprovider",
                   self.ordner / "tests" / "codes" / f"{name}_test.py", f"--programm={self.bau / 'zepholt'}"]
         return self.besteht(befehl, frist, nummer)
 

@@ -454,6 +454,7 @@ TEST_F(RecordCTest, ReferencesOfARestriction) {
         {{{129, u"T2"}}, {{5351, 2}}, {{5381, 2}}},
         {{{129, u"T*"}}, {}, {{5381, 2}}},
         {{{8, u"113"}}, {}, {{5381, 2}}},
+        {{{7, u"x113x"}}, {}, {{5381, 2}}}, // between columns of nobody
         {{{8, u"114"}}, {{5361, 2}}, {{5381, 2}}},
         {{{8, u"11*"}}, {}, {{5381, 2}}},
         {{{8, u"005"}}, {{5361, 2}}, {{5381, 2}}}, // chapters are compared without leading zeros

@@ -43,6 +43,7 @@ TEST_F(PruefeG1Test, ReportsFaults) {
 
 TEST_F(PruefeG1Test, TheOldestInterfaceKnowsChapters800To899) {
     Beginne(10);
+    Erwarte(PruefeG1, Mit(m_satz, {{2, u"800"}}), {{4102}}); // in its range, and a multiple of ten
     Erwarte(PruefeG1, Mit(m_satz, {{2, u"801"}}), {});
     Erwarte(PruefeG1, Mit(m_satz, {{2, u"899"}}), {});
     EXPECT_EQ(sia451Datei.DokumentKapitel.size(), 2U);
@@ -122,6 +123,7 @@ TEST_F(PruefeG2Test, ReportsFaults) {
                       // A main position needs a sub-section other than 0.
                       {Beide, {{8, u"101000"}}, {{4212}}},
                       {Beide, {{8, u"101001"}}, {{4212}}},
+                      {Beide, {{8, u"109999"}}, {{4212}}},
                       {Beide, {{8, u"110000"}}, {}},
                       {Beide, {{8, u"100000"}}, {}},
                       {Beide, {{8, u"001000"}}, {{4212}}},
@@ -134,6 +136,8 @@ TEST_F(PruefeG2Test, ReportsFaults) {
                       {Beide, {{8, u"000001"}}, {{4214}}},
                       {Beide, {{8, u"011010"}}, {}},
                       {Beide, {{8, u"110001"}}, {{4215}}},
+                      {Beide, {{8, u"110999"}}, {{4215}}},
+                      {Alt, {{8, u"999999"}}, {}},
                       {Beide, {{8, u"100001"}}, {{4215}}},
                       {Beide, {{8, u"111001"}}, {}},
                       {Beide, {{8, u"111009"}}, {}},
