@@ -33,7 +33,7 @@ class Block:
 
 def dokumente():
     """All documents but the pages of the codes, which have a test of their own."""
-    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "hilfe/*.md"]
+    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "docs/stapel/*.md", "hilfe/*.md"]
     return sorted(pfad for m in muster for pfad in QUELLE.glob(m))
 
 
@@ -42,6 +42,7 @@ def fassungen():
     return [
         [QUELLE / ("README.md" if s == "en" else f"README.{s}.md") for s in SPRACHEN],
         [QUELLE / f"docs/aufrufen/{s}.md" for s in SPRACHEN],
+        [QUELLE / f"docs/stapel/{s}.md" for s in SPRACHEN],
     ]
 
 

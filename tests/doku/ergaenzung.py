@@ -45,7 +45,7 @@ AUSWAHL = [
     ("zepholt file=x dialog=de ", {"errorfile=", "catalog=", "mode="}),
     ("zepholt dialog=", {"de", "fr", "it", "de-", "fr-", "it-"}),
     ("zepholt mode=", {"E", "I"}),
-    ("zepholt-bericht ", {"html", "table", "csv", "jsonl", "sarif", "verdict", "code", "fields", "test"}),
+    ("zepholt-bericht ", {"html", "table", "csv", "jsonl", "sarif", "verdict", "code", "fields", "test", "batch", "summary"}),
     ("zepholt-bericht csv -l ", {"de", "fr", "it"}),
 ]
 GEPRUEFT = 0
