@@ -46,6 +46,7 @@ const oeffnen = async (mehr = {}, adresse = diener.adresse) => {
     const eigen = r.url().startsWith(adresse.replace(/index\.html$/, '')) || r.url().startsWith('blob:');
     if (!eigen || r.method() !== 'GET' || r.postData()) klagen.push(`${r.method()} ${r.url()}`);
   });
+  kontext.setDefaultTimeout(120000);
   const seite = await kontext.newPage();
   const bereit = async () => {
     await seite.goto(adresse);
