@@ -54,6 +54,9 @@ void Austauschdatei::ZeilenSuchen() {
                                  : static_cast<std::size_t>(static_cast<const unsigned char*>(fund) - anfang) + 1;
         m_anfaenge.push_back(stelle);
     }
+    if (m_anfaenge.size() == 1) { // the first line of an empty file, which it is refused for
+        m_anfaenge.push_back(stelle);
+    }
 }
 
 std::span<const unsigned char> Austauschdatei::Rohzeile(std::int32_t nummer) const {

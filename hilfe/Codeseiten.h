@@ -8,7 +8,7 @@
 namespace zepholt::hilfe {
 
 struct Codetext {
-    std::string_view Text; // the whole page, Markdown without links, in UTF-8
+    std::string_view Text; // the whole page, Markdown without links, in UTF-8; empty in the module of web/
     std::string_view Html; // what is tested and how to repair it, without links; headings are h4
 };
 

@@ -105,11 +105,6 @@ constexpr void stable_sort(B&& bereich, V vergleich = {}, P von = {}) {
     std::stable_sort(std::begin(bereich), std::end(bereich),
                      [&](const auto& a, const auto& b) { return vergleich(std::invoke(von, a), std::invoke(von, b)); });
 }
-template <class B, class I, class V = Kleiner, class P = identity>
-constexpr void nth_element(B&& bereich, I mitte, V vergleich = {}, P von = {}) {
-    std::nth_element(std::begin(bereich), mitte, std::end(bereich),
-                     [&](const auto& a, const auto& b) { return vergleich(std::invoke(von, a), std::invoke(von, b)); });
-}
 template <class B, class V = Kleiner, class P = identity>
 constexpr bool is_sorted(B&& bereich, V vergleich = {}, P von = {}) {
     return std::is_sorted(std::begin(bereich), std::end(bereich), [&](const auto& a, const auto& b) {
@@ -135,6 +130,10 @@ constexpr bool binary_search(B&& bereich, const W& wert, V vergleich = {}, P von
 template <class B, class Z>
 constexpr auto copy(B&& bereich, Z ziel) {
     return std::copy(std::begin(bereich), std::end(bereich), ziel);
+}
+template <class B, class Z>
+constexpr auto copy_backward(B&& bereich, Z ziel) {
+    return std::copy_backward(std::begin(bereich), std::end(bereich), ziel);
 }
 template <class B, class W>
 constexpr void fill(B&& bereich, const W& wert) {

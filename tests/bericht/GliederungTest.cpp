@@ -35,6 +35,14 @@ protected:
                                                Z};
 };
 
+TEST_F(GliederungTest, AnEmptyFileHasTheOneLineThatItIsRefusedFor) {
+    EXPECT_EQ(Datei({}).Zeilenzahl(), 1);
+    EXPECT_EQ(Datei({}).Zeile(1), u"");
+    EXPECT_EQ(Datei({A}).Zeilenzahl(), 1);
+    const Gliederung gliederung = GliederungVon(ProtokollMit({R"(L="1" N="2001" E="A")"}), Datei({}));
+    EXPECT_EQ(gliederung.Eintraege.size(), 1U);
+}
+
 TEST_F(GliederungTest, FindingsStandByPositionAndLineInTheOrderOfTheFile) {
     const Protokoll p =
         ProtokollMit({R"(L="1" N="3101" E="A")", R"(L="2" N="3201" E="A")", R"(L="3" I="241.000.000" N="4102" E="A")",

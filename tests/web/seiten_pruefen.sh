@@ -36,5 +36,5 @@ for datei in feindlich/*; do
     pruefe "$datei" "feindlich.soll/$(basename "$datei").xml" "$quelle/samples/katalog"
 done
 cp "$quelle"/tests/web/*.mjs .
-node seiten_pruefen.mjs "$quelle/build/web" "$quelle/samples" $lang
+node seiten_pruefen.mjs "$quelle/build/web" "$quelle/samples" ${lang:+"$lang"}
 node firefox_pruefen.mjs "$quelle/build/web" "$quelle/samples"

@@ -5,9 +5,10 @@
   seiten      write docs/codes anew
   html        make the folder of HTML pages from docs/codes (--ziel)
   daten       write docs/codes as a C++ table, for zepholt-bericht (--ziel)
+  falten      the same with nothing but what unfolds beside a finding, for the page in the browser (--ziel)
   pruefen     everything is there, right, and docs/codes is up to date; counts
 
-FOLDER holds the programs zepholt, satzschreiber, kapitelschreiber and codeschreiber; html and daten need none.
+FOLDER holds the programs zepholt, satzschreiber, kapitelschreiber and codeschreiber; html, daten and falten need none.
 Status 1 when something is wrong, with one line for each fault.
 """
 import argparse
@@ -36,20 +37,22 @@ def befehle(wahl):
 
 def main():
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    eingabe.add_argument("befehl", choices=("beispiele", "zeigen", "seiten", "html", "daten", "pruefen"))
+    eingabe.add_argument("befehl", choices=("beispiele", "zeigen", "seiten", "html", "daten", "falten", "pruefen"))
     eingabe.add_argument("codes", nargs="*", type=int)
     eingabe.add_argument("--wurzel", type=Path, default=Path(__file__).resolve().parents[2])
     eingabe.add_argument("--bau", type=Path)
     eingabe.add_argument("--sprache", choices=SPRACHEN)
     eingabe.add_argument("--ziel", type=Path)
     wahl = eingabe.parse_args()
-    if wahl.befehl in ("html", "daten") and not wahl.ziel:
-        eingabe.error("--ziel names what is written")
-    if wahl.befehl in ("html", "daten"):
-        import daten  # these two need python3-markdown and no built program
+    if wahl.befehl in ("html", "daten", "falten"):
+        if not wahl.ziel:
+            eingabe.error("--ziel names what is written")
+        import daten  # these need python3-markdown and no built program
         import webseite
-        schreibe = webseite.schreibe if wahl.befehl == "html" else daten.schreibe
-        schreibe(wahl.wurzel / "docs/codes", wahl.ziel)
+        if wahl.befehl == "html":
+            webseite.schreibe(wahl.wurzel / "docs/codes", wahl.ziel)
+        else:
+            daten.schreibe(wahl.wurzel / "docs/codes", wahl.ziel, ganz=wahl.befehl == "daten")
         return 0
     wahl.bau = (wahl.bau or wahl.wurzel / "build/debug").resolve()
     for programm in ("zepholt", "satzschreiber", "kapitelschreiber", "codeschreiber"):

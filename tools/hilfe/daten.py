@@ -13,9 +13,11 @@ PACKUNG = {"id": lzma.FILTER_LZMA1, "lc": 4, "lp": 0, "pb": 0, "dict_size": 1 <<
 KURZ = ("geprueft", "nie", "beheben")  # what unfolds beside a finding
 
 
-def schreibe(quelle, ziel):
+def schreibe(quelle, ziel, ganz=True):
+    """Without `ganz`: only what unfolds, and no page as text."""
     codes = sorted({int(pfad.stem) for pfad in quelle.glob("*/*.md") if pfad.stem.isdigit()})
-    seiten = {code: [_bytes(quelle / sprache / f"{code}.md", sprache) for sprache in SPRACHEN] for code in codes}
+    seiten = {code: [_bytes(quelle / sprache / f"{code}.md", sprache, ganz) for sprache in SPRACHEN]
+              for code in codes}
     alles = b"".join(text for seite in seiten.values() for paar in seite for text in paar)
     gepackt = lzma.compress(alles, format=lzma.FORMAT_RAW, filters=[PACKUNG])
     laengen = "".join(f"    {{{code}, {{{', '.join(str(len(text)) for paar in seite for text in paar)}}}}},\n"
@@ -48,8 +50,9 @@ def _zahlen(bytes_):
     return "".join(f"    {', '.join(map(str, bytes_[i:i + 32]))},\n" for i in range(0, len(bytes_), 32))
 
 
-def _bytes(pfad, sprache):
-    return [text.encode() for text in _texte(pfad, sprache)]
+def _bytes(pfad, sprache, ganz):
+    seite, falte = _texte(pfad, sprache)
+    return [(seite if ganz else "").encode(), falte.encode()]
 
 
 def _texte(pfad, sprache):

@@ -2,8 +2,9 @@
 // One test, away from the page: it makes the module, runs it on one exchange file, and hands back protocol and report. A
 // worker serves one run, as a process does; it is ready before it is needed.
 //
-// To cancel, the page takes back an address that it gave along: each look of the run asks whether it still stands. Nothing
-// else reaches a worker that is busy, wherever the page comes from.
+// To cancel, the page takes back an address that it gave along: each look of the run asks whether it still stands. Shared
+// memory would need headers of a server; nothing else reaches a worker that is busy. Where even a standing address can't
+// be asked for (a page from a folder, in some browsers) the page ends the worker.
 let modul;
 let meldungen = [];
 let bild = null; // the progress that the page has not been told yet
@@ -40,11 +41,12 @@ const pruefen = (auftrag) => {
   const platte = new Platte(dateien, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
   let urteil = null;
   let abgebrochen = false;
+  const erreichbar = stehtNoch(halt);
   bild = {};
   const blick = () => {
     postMessage({ art: 'gang', ...bild });
     bild = {};
-    abgebrochen ||= !stehtNoch(halt);
+    abgebrochen ||= erreichbar && !stehtNoch(halt);
     return abgebrochen;
   };
   const mehr = {
