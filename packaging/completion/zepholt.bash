@@ -50,11 +50,12 @@ _zepholt_bericht() {
     *)
         [[ $split == true ]] && return
         if [[ $cur == -* ]]; then
-            mapfile -t COMPREPLY < <(compgen -W "--output= --language= --test --catalog= --mode= --window --help
+            mapfile -t COMPREPLY < <(compgen -W "--output= --language= --test --catalog= --mode= --jobs= --window --help
                 --version" -- "$cur")
             [[ ${COMPREPLY[0]-} == *= ]] && compopt -o nospace
         elif ((cword == 1)); then
-            mapfile -t COMPREPLY < <(compgen -W "html table csv jsonl sarif verdict code fields test" -- "$cur")
+            mapfile -t COMPREPLY < <(compgen -W "html table csv jsonl sarif verdict batch summary code fields
+                test" -- "$cur")
         else
             _filedir '@(xml|01s|e1s|01S|E1S)'
         fi

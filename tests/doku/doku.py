@@ -33,12 +33,12 @@ class Block:
 
 def dokumente():
     """All documents but the pages of the codes, which have a test of their own."""
-    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "hilfe/*.md"]
+    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "docs/stapel/*.md", "hilfe/*.md"]
     return sorted(pfad for m in muster for pfad in QUELLE.glob(m))
 
 
 def fassungen():
-    """The documents that exist in four languages: lists of paths in the order of SPRACHEN."""
+    """The documents that say the same in four languages: lists of paths in the order of SPRACHEN."""
     return [
         [QUELLE / ("README.md" if s == "en" else f"README.{s}.md") for s in SPRACHEN],
         [QUELLE / f"docs/aufrufen/{s}.md" for s in SPRACHEN],
