@@ -54,7 +54,8 @@ _zepholt_bericht() {
                 --version" -- "$cur")
             [[ ${COMPREPLY[0]-} == *= ]] && compopt -o nospace
         elif ((cword == 1)); then
-            mapfile -t COMPREPLY < <(compgen -W "html table csv jsonl sarif verdict code fields test batch summary" -- "$cur")
+            mapfile -t COMPREPLY < <(compgen -W "html table csv jsonl sarif verdict batch summary code fields
+                test" -- "$cur")
         else
             _filedir '@(xml|01s|e1s|01S|E1S)'
         fi

@@ -26,10 +26,13 @@ ANDERSWO = {
     "cmake --build --preset debug": ("test.sh", "cmake --build --preset debug"),
     "cmake --preset release": ("run.sh", "cmake --preset release"),
     "cmake --build --preset release": ("run.sh", "cmake --build --preset release"),
-    "cmake --preset fuzz": ("fuzz/dauer.sh", "cmake --preset fuzz"),
-    "cmake --build --preset fuzz": ("fuzz/dauer.sh", "cmake --build --preset fuzz"),
+    "cmake --preset fuzz": ("tools/pruefungen.sh", "cmake --preset fuzz"),
+    "cmake --build --preset fuzz": ("tools/pruefungen.sh", "cmake --build --preset fuzz"),
     "ctest --test-dir": ("tools/ctest_lauf.sh", "ctest --test-dir"),
     "/usr/bin/python3 -m pytest": ("tests/CMakeLists.txt", "-m pytest -q"),
+    "zepholt-stapel ": ("tests/stapel/programm_test.py", "zepholt-stapel"),
+    "zepholt-bericht batch ": ("tests/bericht/programm_test.py", '"batch"'),
+    "find . -name '*.xml' ": ("tests/stapel/tempo.py", "summary"),
     "python3 tools/hilfe": ("tests/hilfe/generator_test.py", "tools/hilfe"),
 }
 ZU_LANG = {"tools/nacht.sh", ".ci/run"}  # nothing else runs them: they run everything
@@ -149,7 +152,7 @@ def tatsachen(pfad, sprache):
     kommandos += [z for block in bloecke(pfad) if block.sprache in ("sh", "bat") for z in block.text]
     ziele = re.findall(r"\]\(([^)#\s]+)(?:#[^)]*)?\)", text)
     # The document's own languages stand in another order in each; pictures and pages may be those of the language.
-    ziele = [re.sub(r"(?<=/)(en|de|fr|it)(?=/|\.md)|-(de|fr|it)(?=\.png)", "", z) for z in ziele
+    ziele = [re.sub(r"(?<=/)(de|fr|it)(?=/)|/(en|de|fr|it)(?=\.md)|-(de|fr|it)(?=\.png)", "", z) for z in ziele
              if not re.fullmatch(r"(README(\.(de|fr|it))?|en|de|fr|it)\.md", z)]
     return {
         "headings": [len(z) - len(z.lstrip("#")) for z in text.split("\n") if re.match(r"#+ ", z)],

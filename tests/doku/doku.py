@@ -38,7 +38,7 @@ def dokumente():
 
 
 def fassungen():
-    """The documents that exist in four languages: lists of paths in the order of SPRACHEN."""
+    """The documents that say the same in four languages: lists of paths in the order of SPRACHEN."""
     return [
         [QUELLE / ("README.md" if s == "en" else f"README.{s}.md") for s in SPRACHEN],
         [QUELLE / f"docs/aufrufen/{s}.md" for s in SPRACHEN],

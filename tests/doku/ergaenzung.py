@@ -45,7 +45,8 @@ AUSWAHL = [
     ("zepholt file=x dialog=de ", {"errorfile=", "catalog=", "mode="}),
     ("zepholt dialog=", {"de", "fr", "it", "de-", "fr-", "it-"}),
     ("zepholt mode=", {"E", "I"}),
-    ("zepholt-bericht ", {"html", "table", "csv", "jsonl", "sarif", "verdict", "code", "fields", "test", "batch", "summary"}),
+    ("zepholt-bericht ", {"html", "table", "csv", "jsonl", "sarif", "verdict", "batch", "summary", "code",
+                          "fields", "test"}),
     ("zepholt-bericht csv -l ", {"de", "fr", "it"}),
 ]
 GEPRUEFT = 0

@@ -105,8 +105,10 @@ def batchdatei():
     leeren("beschädigt")
     kapitel = (QUELLE / "samples/katalog/N201241.qvm").read_bytes()
     (LAUFWERK / "beschädigt/N201241.qvm").write_bytes(kapitel[:21] + b"keineZahl" + kapitel[30:])
-    erwarte("batch: damaged catalogue", aufruf(katalog="C:\\beschädigt"),
-            (2, "no protocol: run-time failure, or ended from outside\n"))
+    status, text = aufruf(katalog="C:\\beschädigt")
+    erwarte("batch: damaged catalogue", (status, text.split("Laufzeitfehler: ")[0]),
+            (2, "no protocol: run-time failure:\nZEPHOLT: "))
+    erwarte("batch: what is left", sorted(p.name for p in ort.iterdir()), ["fehlerhaft.01S", "sauber.01S"])
 
 
 def main():

@@ -24,13 +24,18 @@ breit() {
     return 1
 }
 
+# Whether the bar of a window has begun: a pixel of it that is blue.
+balken() {
+    import -window "$1" -crop 1x1+26+145 -depth 8 rgb:- | od -An -tu1 | awk '{ exit !($3 > $1 + 60) }'
+}
+
 bilder() { # toolkit, command...
     for sprache in de fr it; do
         "${@:2}" "dialog=$sprache" >/dev/null 2>&1 </dev/null &
         lauf=$!
         warte breit 520
-        sleep 0.4
         haupt=$(breit 520)
+        warte balken "$haupt"
         klick "$haupt" 470 24 # the run stands still while the info window is open
         warte breit 497
         xdotool windowmove "$(breit 497)" 20 500 windowmove "$haupt" 20 20

@@ -41,13 +41,21 @@ set modus= mode=%~5
 rem The quotation marks begin behind the "=". A batch file waits for a program of the window subsystem too; the prompt
 rem doesn't.
 :starten
-"%~f1" file="%~f2" dialog=de- errorfile="%~f3" catalog="%~f4"%modus%
+set meldung="%temp%\zepholt-%random%.txt"
+"%~f1" file="%~f2" dialog=de- errorfile="%~f3" catalog="%~f4"%modus% 2>%meldung%
 set status=%errorlevel%
+set laenge=0
+for %%d in (%meldung%) do set laenge=%%~zd
+if %status%==1 if not %laenge%==0 (
+    echo no protocol: run-time failure:
+    type %meldung%
+    del %meldung%
+    exit /b 2
+)
+del %meldung%
 if exist "%~f3" goto lesen
 if %status%==0 (
     echo no protocol: it could not be written at the end
-) else if %status%==1 (
-    echo no protocol: run-time failure, or ended from outside
 ) else (
     echo no protocol: ended from outside
 )
