@@ -165,7 +165,7 @@ private:
     std::uint32_t NeueKopie() {
         const std::uint32_t laenge = m_neueLaenge.Lesen(m_leser);
         m_zustand = m_zustand < NachKopie ? 7 : 10;
-        std::ranges::copy_backward(m_weite.begin(), m_weite.end() - 1, m_weite.end());
+        std::copy_backward(m_weite.begin(), m_weite.end() - 1, m_weite.end());
         m_weite[0] = Weite(laenge);
         return laenge + 2;
     }

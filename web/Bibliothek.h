@@ -131,10 +131,6 @@ template <class B, class Z>
 constexpr auto copy(B&& bereich, Z ziel) {
     return std::copy(std::begin(bereich), std::end(bereich), ziel);
 }
-template <class B, class Z>
-constexpr auto copy_backward(B&& bereich, Z ziel) {
-    return std::copy_backward(std::begin(bereich), std::end(bereich), ziel);
-}
 template <class B, class W>
 constexpr void fill(B&& bereich, const W& wert) {
     std::fill(std::begin(bereich), std::end(bereich), wert);

@@ -5,6 +5,7 @@
 // To cancel, the page takes back an address that it gave along: each look of the run asks whether it still stands. Shared
 // memory would need headers of a server; nothing else reaches a worker that is busy. Where even a standing address can't
 // be asked for (a page from a folder, in some browsers) the page ends the worker.
+const FRAGEN = 200; // milliseconds between two such questions: each takes a few
 let modul;
 let meldungen = [];
 let bild = null; // the progress that the page has not been told yet
@@ -41,12 +42,18 @@ const pruefen = (auftrag) => {
   const platte = new Platte(dateien, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
   let urteil = null;
   let abgebrochen = false;
-  const erreichbar = stehtNoch(halt);
+  let erreichbar; // the address, when it was asked for first
+  let naechsteFrage = performance.now() + FRAGEN;
   bild = {};
   const blick = () => {
     postMessage({ art: 'gang', ...bild });
     bild = {};
-    abgebrochen ||= erreichbar && !stehtNoch(halt);
+    if (performance.now() > naechsteFrage && erreichbar !== false) {
+      const steht = stehtNoch(halt);
+      erreichbar ??= steht;
+      abgebrochen ||= erreichbar && !steht;
+      naechsteFrage = performance.now() + FRAGEN;
+    }
     return abgebrochen;
   };
   const mehr = {
