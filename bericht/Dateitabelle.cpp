@@ -244,6 +244,7 @@ Tabellenquelle ListeDerStandardeingabe() {
 
 int DateitabelleSchreiben(const Tabellenquelle& quelle, const std::vector<Text>& tabellen, Sprache sprache) {
     std::vector<std::unique_ptr<Tabelle>> ziele;
+    ziele.reserve(tabellen.size());
     for (const Text& pfad : tabellen) {
         ziele.push_back(TabelleAm(pfad, sprache));
     }
