@@ -214,13 +214,13 @@ std::uint64_t Textrang(std::size_t nummer) {
 // The number of this rank.
 std::size_t NummerZu(std::uint64_t textrang) {
     if (textrang < 100'000) {
-        return textrang;
+        return static_cast<std::size_t>(textrang);
     }
     std::uint64_t nummer = textrang / 16;
     for (std::uint64_t stellen = textrang % 16; stellen < 10; ++stellen) {
         nummer /= 10;
     }
-    return nummer;
+    return static_cast<std::size_t>(nummer);
 }
 
 // Takes the lines in their order and finds what is wrong with it.
