@@ -74,7 +74,7 @@ tests/bericht/seiten_pruefen.sh build/release
 stufe "The pages of the codes in Chromium"
 tests/hilfe/seiten_pruefen.sh build/debug
 
-stufe "Many files: 2,000 with 30 kills, then by ssh and Slurm"
+stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 cmake --build --preset release --target zepholt zepholt-bericht
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
