@@ -84,8 +84,4 @@ stufe "The page that tests in the browser: its module against the native program
 tests/web/gleich.sh build/release/zepholt
 tests/web/seiten_pruefen.sh build/release
 
-stufe "The packages: made, and from each to the first report"
-./package.sh
-tools/pakete_pruefen.sh
-
 stufe "All checks done"
