@@ -6,6 +6,9 @@ set -uo pipefail
 cd "$(dirname "$0")/.."
 stunden=${1:-8}
 teil=${2:-1}
+. tools/pakete.sh
+# shellcheck disable=SC2086
+tools/einrichten.sh $PAKETE_NACHT || exit 1
 ort=build/nacht
 mkdir -p "$ort"
 zeilen=()
@@ -43,6 +46,7 @@ stufe mutanten tools/mutanten.py support state errors intake doctest catalogue i
 stufe stapel tests/stapel/abschuesse.py build/release 100000
 stufe stapel_tempo tests/stapel/tempo.py build/release 20000
 stufe pakete ./package.sh
+stufe pakete_probe tools/pakete_pruefen.sh
 stufe reproduzierbar tools/reproduzierbar.sh
 stufe pakete_fenster tools/pakete_pruefen.sh fenster
 stufe web_gleich tests/web/gleich.sh build/release/zepholt lang

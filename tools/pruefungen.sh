@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
-# cases by code with what users get and its limits, the tests on Windows under Wine, and the packages.
+# cases by code with what users get and its limits, the tests on Windows under Wine, the pages, and many files.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -78,10 +78,5 @@ stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 cmake --build --preset release --target zepholt zepholt-bericht
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
-
-stufe "The page that tests in the browser: its module against the native program, then Chromium and Firefox"
-./web.sh
-tests/web/gleich.sh build/release/zepholt
-tests/web/seiten_pruefen.sh build/release
 
 stufe "All checks done"
