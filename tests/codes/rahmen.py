@@ -115,14 +115,26 @@ def datei(art, saetze, kopf=None, schluss=None):
 
 # Runs
 
+def gestartet(argumente, frist):
+    """Wine itself hangs now and then while it starts a program: there a second run decides."""
+    versuche = 2 if any(teil.endswith(".exe") for teil in map(str, programm)) else 1
+    while True:
+        versuche -= 1
+        try:
+            return subprocess.run([*programm, *argumente], cwd=ort(), capture_output=True, stdin=subprocess.DEVNULL,
+                                  timeout=frist)
+        except subprocess.TimeoutExpired:
+            if versuche == 0:
+                raise
+
+
 def befehl(argumente, ausgabe="p.xml", frist=60):
     """One run; the file it wrote as text, or in words how else it ended. It may leave nothing else behind."""
     ziel = ort() / ausgabe
     ziel.unlink(missing_ok=True)
     vorher = {*os.listdir(ort())}
     try:
-        ende = subprocess.run([*programm, *argumente], cwd=ort(), capture_output=True, stdin=subprocess.DEVNULL,
-                              timeout=frist)
+        ende = gestartet(argumente, frist)
     except subprocess.TimeoutExpired:
         return HAENGT
     nachher = {*os.listdir(ort())}
