@@ -58,7 +58,7 @@ struct Orte {
 template <class Funktion>
 Orte FreieOrte(Funktion orte) {
     for (int nummer = 1; nummer <= HoechsteNummer; ++nummer) {
-        const Orte diese = orte(nummer);
+        Orte diese = orte(nummer);
         if (IstVerfuegbar(diese.Seite, diese.Protokoll)) {
             return diese;
         }

@@ -124,7 +124,7 @@ std::string Seitenwort(std::string_view schluessel, Sprache sprache, const std::
 
 std::string Anzahlwort(std::string_view schluessel, std::int64_t anzahl, Sprache sprache) {
     if (anzahl <= 1) {
-        const std::string eigenes = Seitenwort(std::string(schluessel) + std::to_string(anzahl), sprache);
+        std::string eigenes = Seitenwort(std::string(schluessel) + std::to_string(anzahl), sprache);
         if (!eigenes.empty()) {
             return eigenes;
         }
