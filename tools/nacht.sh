@@ -38,6 +38,7 @@ stufe unterbrechung tests/fehler/unterbrechung.py build/release/zepholt $((1000 
     build/debug/tests/libzepholt_stoerung.so
 stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/libzepholt_stoerung.so
 stufe grenzen tests/fehler/grenzen.py build/release/zepholt "$teil"
+stufe seiten tests/bericht/seiten_pruefen.sh build/release
 stufe oeffnen bench/oeffnen.sh build/release
 stufe vergleich tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt $((100000 / teil))
 stufe windows env DOKUMENTE=$((20000 / teil)) tools/windows_pruefen.sh

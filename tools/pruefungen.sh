@@ -61,14 +61,13 @@ stufe "What the documents show for Windows, and the examples in C#, Java and as 
 WINEPREFIX="$PWD/build/windows/wp" tests/doku/windows.py build/windows
 tests/doku/aufrufe.py build/release java csharp
 
-stufe "The windows of the Windows program and files dropped on zepholt-pruefen; beside them the pages in Chromium"
+stufe "The windows of the Windows program and files dropped on zepholt-pruefen; beside them the pages of the codes in Chromium"
 cmake --build --preset debug --target ziehen zepholt zepholt-bericht
 klicks() {
     tests/fenster/wine_fenster.sh && tests/desktop/wine_pruefen.sh
 }
 klicks >build/klicks.log 2>&1 & # waits more than it works
 klicker=$!
-tests/bericht/seiten_pruefen.sh build/release
 tests/hilfe/seiten_pruefen.sh build/debug
 wait "$klicker" || {
     cat build/klicks.log
