@@ -47,7 +47,7 @@ cmake --build --preset release --target zepholt zepholt_fenster_qt
 tools/ctest_lauf.sh build/release -R '^codes/'
 
 stufe "The same protocols from every compiler, on random files"
-tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 500
+tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 2000
 
 stufe "What users get: hardened, and within its limits"
 tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
