@@ -168,6 +168,7 @@ for (const [breite, schema] of [[320, 'dark'], [1280, 'light']]) {
       const falte = seite.locator('#liste details.w').last();
       erwarte('meaning: asked in ' + sprache, (await falte.locator('summary').textContent()).startsWith(frage), true);
       await falte.locator('summary').click();
+      await falte.locator('h4').first().waitFor(); // it is filled once it has opened
       erwarte('meaning: sections in ' + sprache, await falte.locator('h4').allTextContents(), abschnitte);
       erwarte('meaning: steps in ' + sprache, await falte.locator('ol > li').first().isVisible(), true);
       await falte.locator('summary').click();
