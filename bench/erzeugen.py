@@ -24,6 +24,7 @@ DATEI ends in .01S or .E1S, which decides the interface. N is the size in the un
     objekte           N object structures with four position locations each
     objekte_gemischt  N object structures in random order
     doppelte          N lines whose keys differ in one text only, in random order
+    dokument_katalog  the document with its catalogue, DATEI.katalog
     katalog           N chapters with a few positions each; DATEI.katalog becomes a folder with their chapter files of
                       about a megabyte
 
@@ -347,14 +348,35 @@ def doppelte(d, n):
         d("B1", (2, "001"), (87, code(i, 6)))
 
 
-def katalog(d, n):
+def kapiteldatei(ordner, nummer, rumpf):
+    rumpf = f'<Kapitel N="{nummer}" S="1" V="2017" A="1" T="Kapitel" Z="">{rumpf}<Texte></Texte></Kapitel>'
+    (ordner / f"N171{nummer}.qvm").write_text(f"CF1120171{nummer}{len(rumpf) + 31:09}{len(rumpf) + 44:09} {rumpf}")
+
+
+def katalogordner(d):
     ordner = pathlib.Path(d.pfad + ".katalog")
     ordner.mkdir()
+    return ordner
+
+
+def dokument_katalog(d, megabytes):
+    dokument(d, megabytes)
+    # The catalogue has the texts: there are no titles, and positions have blank lines where they have chosen one.
+    d.zeilen = [zeile[:92].ljust(len(zeile)) if zeile[:1] == "G" and zeile[41] == "3" and zeile[13:15] == "00" else zeile
+                for zeile in d.zeilen if zeile[:1] != "G" or zeile[10:13] != "000"]
+    ordner = katalogordner(d)
+    unter = "".join(f'<U N="{u}"><V N="0"/><V N="1" E="1"/></U>' for u in range(100, 130))
+    haupt = "".join(f'<H N="{h}"><U N="0"/>{"" if h % 10 == 0 else unter}</H>' for h in range(100, 900))
+    for nummer in sorted({zeile[1:4] for zeile in d.zeilen if zeile[0] == "G"}):
+        kapiteldatei(ordner, nummer, haupt)
+
+
+def katalog(d, n):
+    ordner = katalogordner(d)
     unter = "".join(f'<U N="{u}"><V N="0" E="0"/><V N="1" E="31"/></U>' for u in range(1, 75))
     haupt = "".join(f'<H N="{h}">{unter}</H>' for h in range(100, 400))
     for nummer in KAPITEL[:n]:
-        rumpf = f'<Kapitel N="{nummer}" S="1" V="2017" A="1" T="Kapitel" Z="">{haupt}<Texte></Texte></Kapitel>'
-        (ordner / f"N171{nummer}.qvm").write_text(f"CF1120171{nummer}{len(rumpf) + 31:09}{len(rumpf) + 44:09} {rumpf}")
+        kapiteldatei(ordner, nummer, haupt)
         d.kapitel(nummer)
         for p in positionsnummern(9):
             d.position(str(nummer), p)
@@ -363,7 +385,7 @@ def katalog(d, n):
 def main():
     formen = {f.__name__: f for f in (dokument, zeichen, undefiniert, leer, kapitel, positionen, mengen, laufnummern,
                                       gliederung, einschraenkungen, konditionen, umlaute, schriften, nur_g2, nur_g3, nur_p,
-                                      nur_u, mengen_allein, objekte, objekte_gemischt, doppelte, katalog)}
+                                      nur_u, mengen_allein, objekte, objekte_gemischt, doppelte, katalog, dokument_katalog)}
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     eingabe.add_argument("form", metavar="FORM", choices=formen)
     eingabe.add_argument("datei", metavar="DATEI")

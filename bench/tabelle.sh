@@ -18,7 +18,7 @@ mkdir "$ordner/leer"
 # One run: processor seconds and memory in kB.
 lauf() {
     rm -f "$ordner/p.xml"
-    /usr/bin/time -f '%U %S %M' -o "$ordner/zeit" "$1" "file=$2" dialog=de- "errorfile=$ordner/p.xml" "catalog=$ordner/leer"
+    /usr/bin/time -f '%U %S %M' -o "$ordner/zeit" "$1" "file=$2" dialog=de- "errorfile=$ordner/p.xml" "catalog=$katalog"
     cat "$ordner/zeit"
 }
 
@@ -37,24 +37,31 @@ while read -r form n arten falsch; do
         datei=$ordner/a.$art
         # shellcheck disable=SC2086
         bench/erzeugen.py "$form" "$datei" $((n / teil)) $falsch
+        katalog=$ordner/leer
+        [ ! -d "$datei.katalog" ] || katalog=$datei.katalog
+        gemessen=$datei
+        [ "$form" != katalog ] || gemessen=$katalog
         read -r alt_s alt_kb neu_s neu_kb < <(messe "$datei")
-        awk -v b="$(stat -c %s "$datei")" -v f="$form" -v a="$art" -v w="${falsch:-clean}" -v s="$alt_s" -v k="$alt_kb" \
+        awk -v b="$(du -sb "$gemessen" | cut -f1)" -v f="$form" -v a="$art" -v w="${falsch:-clean}" -v s="$alt_s" -v k="$alt_kb" \
             -v t="$neu_s" -v l="$neu_kb" 'BEGIN { if (!s) s = .001; if (!t) t = .001
                 printf "%-18s %-4s %-6s %6.1f %9.0f %9.0f %7.2f %7.2f %7.2f\n", f, a, w == "clean" ? w : "wrong", b / 1e6,
                        b / 1e6 / s, b / 1e6 / t, s / t, k * 1024 / b, l * 1024 / b }'
-        rm "$datei"
+        rm -r "$ordner"/a.*
     done
 done <<TXT
 dokument 100 01S,E1S
-umlaute 60000 01S,E1S
-schriften 60000 E1S
+dokument_katalog 100 01S,E1S
+katalog 100 01S
+umlaute 400000 01S,E1S
+schriften 200000 E1S
 dokument 100 01S,E1S --falsch
 zeichen 1000000 01S,E1S
 nur_g2 500000 01S
 nur_g3 800000 01S
 nur_p 1000000 E1S
 nur_u 800000 01S
-mengen_allein 500000 01S
+mengen_allein 1000000 01S
+mengen_allein 500000 01S,E1S --falsch
 mengen 300000 E1S
 laufnummern 900000 01S
 konditionen 300000 01S
