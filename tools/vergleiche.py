@@ -1,14 +1,16 @@
 #!/usr/bin/env python3
 """Compares the protocols of programs on random exchange files, byte for byte but for date and time.
 
-    tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER]
+    tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER] [--viele PROGRAM]
 
-A program is a path, or what a shell would split into an emulator and a path. Of the N files each second is an E1S file.
+A program is a path, or what a shell would split into an emulator and a path. That of --viele is viele_laeufe, which
+tests all files in one process; its protocols are compared with those of the others. Of the N files each second is an E1S file.
 Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers meet often;
 then some are spoiled: bytes changed, cut or put in, lines doubled, swapped or made longer, characters of every kind put
 into fields, line ends broken. The first file that makes a difference is kept and named; the exit status is then 1.
 """
 import argparse
+import hashlib
 import pathlib
 import random
 import re
@@ -153,17 +155,28 @@ def befehl(programm):
     return [str(pathlib.Path(wort).resolve()) if pathlib.Path(wort).is_file() else wort for wort in worte]
 
 
-def protokoll(programm, ordner, datei, ziel, katalog, modus):
+def argumente(datei, ziel, katalog, modus):
+    return [f"file={datei}", f"dialog={modus[0]}", f"errorfile={ziel}", f"catalog={katalog}", *modus[1:]]
+
+
+def gelesen(protokoll):
+    """A protocol without its date and time."""
+    return re.sub(rb"<(Date|Time)>[^<]*", rb"<\1>", protokoll.read_bytes()) if protokoll.exists() else b"no protocol"
+
+
+def protokoll_von(programm, ordner, ziel, worte):
     """What a program writes; a run that ends otherwise than by itself shows as its status."""
-    lauf = subprocess.run([*programm, f"file={datei}", f"dialog={modus[0]}", f"errorfile={ziel}", f"catalog={katalog}",
-                           *modus[1:]], cwd=ordner, stdin=subprocess.DEVNULL, check=False, capture_output=True)
-    if not (ordner / ziel).exists():
-        return f"no protocol, status {lauf.returncode}".encode()
-    return re.sub(rb"<(Date|Time)>[^<]*", rb"<\1>", (ordner / ziel).read_bytes())
+    lauf = subprocess.run([*programm, *worte], cwd=ordner, stdin=subprocess.DEVNULL, check=False, capture_output=True)
+    return gelesen(ordner / ziel) if lauf.returncode == 0 else f"status {lauf.returncode}".encode()
+
+
+def streuwert(protokoll):
+    return hashlib.sha256(protokoll).digest()
 
 
 def vergleiche(nummer, wahl, grund):
-    """The protocol on one file, or None when the programs differ: then the file stays."""
+    """Of one file the hash value of its protocol, the codes in it and the line of a list that asks for it again; None when
+    the programs differ: then the file stays."""
     zufall = random.Random(f"{wahl.saat}-{nummer}")
     neu = nummer % 2 == 1
     zeilen = dokument(zufall, neu)
@@ -174,12 +187,23 @@ def vergleiche(nummer, wahl, grund):
     (ordner / datei).write_bytes(als_bytes(zufall, zeilen, neu))
     modus = [zufall.choice(("de-", "fr-", "it-"))] + zufall.choice(([], [], ["mode=I"]))
     katalog = pathlib.Path(wahl.katalog).resolve() if wahl.katalog else "leer"
-    protokolle = {protokoll(programm, ordner, datei, f"{i}.xml", katalog, modus)
+    protokolle = {protokoll_von(programm, ordner, f"{i}.xml", argumente(datei, f"{i}.xml", katalog, modus))
                   for i, programm in enumerate(wahl.programme)}
     if len(protokolle) > 1:
         return None
-    shutil.rmtree(ordner)
-    return protokolle.pop()
+    if not wahl.viele:
+        shutil.rmtree(ordner)
+    eines = protokolle.pop()
+    codes = set(re.findall(rb' N="(\d{4})"', eines))
+    return streuwert(eines), codes, f"{ordner}\t{' '.join(argumente(datei, 'viele.xml', katalog, modus))}\n"
+
+
+def vergleiche_viele(programm, grund, ergebnisse):
+    """Tests all files again in one process; the number of the first file with another protocol, or None."""
+    (grund / "liste").write_text("".join(zeile for _, _, zeile in ergebnisse))
+    subprocess.run([*programm, str(grund / "liste")], stdin=subprocess.DEVNULL, check=True, stdout=subprocess.DEVNULL)
+    return next((nummer for nummer, (eines, _, _) in enumerate(ergebnisse)
+                 if eines != streuwert(gelesen(grund / str(nummer) / "viele.xml"))), None)
 
 
 def main():
@@ -188,21 +212,26 @@ def main():
     eingabe.add_argument("n", type=int)
     eingabe.add_argument("--saat", default="1")
     eingabe.add_argument("--katalog")
+    eingabe.add_argument("--viele", type=befehl, metavar="PROGRAM")
     wahl = eingabe.parse_args()
     grund = pathlib.Path(tempfile.mkdtemp())
-    codes = set()
-    ohne = 0
+    ergebnisse = []
     with ThreadPoolExecutor(2) as arbeiter:
-        ergebnisse = arbeiter.map(lambda nummer: vergleiche(nummer, wahl, grund), range(wahl.n))
-        for nummer, ergebnis in enumerate(ergebnisse):
+        for nummer, ergebnis in enumerate(arbeiter.map(lambda nummer: vergleiche(nummer, wahl, grund), range(wahl.n))):
             if ergebnis is None:
                 print(f"different: {grund / str(nummer)}")
                 arbeiter.shutdown(cancel_futures=True)
                 sys.exit(1)
-            ohne += ergebnis.startswith(b"no protocol")
-            codes |= set(re.findall(rb' N="(\d{4})"', ergebnis))
+            ergebnisse.append(ergebnis)
+    if wahl.viele:
+        anders = vergleiche_viele(wahl.viele, grund, ergebnisse)
+        if anders is not None:
+            print(f"different: {grund / str(anders)}")
+            sys.exit(1)
     shutil.rmtree(grund)
-    print(f"{wahl.n} files, {len(wahl.programme)} programs, no difference; codes met: {len(codes)}, "
+    ohne = sum(eines == streuwert(b"no protocol") for eines, _, _ in ergebnisse)
+    codes = set().union(*(codes for _, codes, _ in ergebnisse))
+    print(f"{wahl.n} files, {len(wahl.programme) + bool(wahl.viele)} programs, no difference; codes met: {len(codes)}, "
           f"files without protocol: {ohne}")
     if ohne == wahl.n:
         sys.exit(1)
