@@ -135,12 +135,11 @@ fenster() {
     cp "$pakete"/*.deb "$system/root/pakete"
     cp /etc/resolv.conf "$system/etc/" 2>/dev/null || true
     drin "$system" sh -ec '
-        export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen LD_DEBUG=libs
+        export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen
         apt-get update -qq && apt-get install -qq -y --no-install-recommends /root/pakete/*.deb python3 desktop-file-utils shared-mime-info >/dev/null 2>&1
         cd /root/pakete
-        zepholt file=/usr/share/zepholt/samples/fehlerhaft.01S dialog=de errorfile=p.xml catalog=/usr/share/zepholt/samples/katalog 2>geladen
-        grep -q "/usr/lib/zepholt/fenster/zepholt_fenster_qt.so" geladen
-        unset LD_DEBUG
+        LD_DEBUG=libs zepholt file=/usr/share/zepholt/samples/fehlerhaft.01S dialog=de errorfile=p.xml catalog=/usr/share/zepholt/samples/katalog 2>geladen
+        grep -q "calling init: /usr/bin/../lib/zepholt/fenster/zepholt_fenster_qt.so" geladen
         zepholt-bericht html p.xml /usr/share/zepholt/samples/fehlerhaft.01S -o b.html || [ $? -eq 1 ]
         [ "$(zepholt-stapel --version)" = "zepholt-stapel '"$fassung"'" ]
         zepholt-stapel /usr/share/zepholt/samples -o alle -c /usr/share/zepholt/samples/katalog >/dev/null 2>&1 || [ $? -eq 1 ]
