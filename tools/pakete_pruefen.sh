@@ -7,7 +7,8 @@
 #   debian     fresh Debian 12: install, first report, remove without a trace
 #   statisch   fresh Debian 11, or an empty folder as root where there is none: the static build's first report
 #   windows    Wine, in a folder with blanks and umlauts: the ZIP's first report
-#   fenster    fresh Debian 12 with the window, from the network: some minutes, and not among the parts run without names
+#   fenster    fresh Debian 12 with the window and zepholt-stapel, from the network: some minutes, and not among the parts run
+#              without names
 #
 # Each road from package to first report is timed. Needs to be root for the fresh systems.
 set -euo pipefail
@@ -107,10 +108,11 @@ debian() {
     mkdir "$system/root/pakete"
     cp "$pakete"/zepholt_*.deb "$pakete"/zepholt-doc_*.deb "$system/root/pakete"
     bestand "$system" >"$ort/vorher"
+    # Without what is recommended: that would come from the network, and stay.
     uhr
     drin "$system" sh -ec '
         export DEBIAN_FRONTEND=noninteractive
-        apt-get install -qq -y /root/pakete/*.deb >/root/pakete/log 2>&1 || { cat /root/pakete/log; exit 1; }
+        apt-get install -qq -y --no-install-recommends /root/pakete/*.deb >/root/pakete/log 2>&1 || { cat /root/pakete/log; exit 1; }
         cd /root/pakete
         zepholt file=/usr/share/zepholt/samples/fehlerhaft.01S dialog=de- errorfile=p.xml catalog=/usr/share/zepholt/samples/katalog
         zepholt-bericht html p.xml /usr/share/zepholt/samples/fehlerhaft.01S -o b.html || [ $? -eq 1 ]' || klage "Debian 12: no report"
@@ -119,6 +121,7 @@ debian() {
     drin "$system" sh -ec '
         [ "$(zepholt-bericht --version)" = "zepholt-bericht '"$fassung"'" ]
         zepholt-bericht code 4504 -l fr >/dev/null
+        [ -x /usr/bin/zepholt-stapel ]
         [ -e /usr/share/doc/zepholt/codes/it/4504.html ]
         dpkg --verify zepholt zepholt-doc
         apt-get purge -qq -y zepholt zepholt-doc >/dev/null 2>&1' || klage "Debian 12: not as it should be"
@@ -132,12 +135,15 @@ fenster() {
     cp "$pakete"/*.deb "$system/root/pakete"
     cp /etc/resolv.conf "$system/etc/" 2>/dev/null || true
     drin "$system" sh -ec '
-        export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen LD_DEBUG=libs
-        apt-get update -qq && apt-get install -qq -y --no-install-recommends /root/pakete/*.deb desktop-file-utils shared-mime-info >/dev/null 2>&1
+        export DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen
+        apt-get update -qq && apt-get install -qq -y --no-install-recommends /root/pakete/*.deb python3 desktop-file-utils shared-mime-info >/dev/null 2>&1
         cd /root/pakete
-        zepholt file=/usr/share/zepholt/samples/fehlerhaft.01S dialog=de errorfile=p.xml catalog=/usr/share/zepholt/samples/katalog 2>geladen
-        grep -q "/usr/lib/zepholt/zepholt_fenster_qt.so" geladen
-        LD_DEBUG= zepholt-bericht html p.xml /usr/share/zepholt/samples/fehlerhaft.01S -o b.html || [ $? -eq 1 ]
+        LD_DEBUG=libs zepholt file=/usr/share/zepholt/samples/fehlerhaft.01S dialog=de errorfile=p.xml catalog=/usr/share/zepholt/samples/katalog 2>geladen
+        grep -q "calling init: /usr/bin/../lib/zepholt/fenster/zepholt_fenster_qt.so" geladen
+        zepholt-bericht html p.xml /usr/share/zepholt/samples/fehlerhaft.01S -o b.html || [ $? -eq 1 ]
+        [ "$(zepholt-stapel --version)" = "zepholt-stapel '"$fassung"'" ]
+        zepholt-stapel /usr/share/zepholt/samples -o alle -c /usr/share/zepholt/samples/katalog >/dev/null 2>&1 || [ $? -eq 1 ]
+        [ "$(wc -l <alle/table.jsonl)" -eq 4 ]
         grep -q "^application/x-sia451-e1s=zepholt-pruefen.desktop" /usr/share/applications/mimeinfo.cache
         grep -q "x-sia451-01s:\*.01s" /usr/share/mime/globs
         apt-get purge -qq -y zepholt zepholt-fenster zepholt-doc >/dev/null 2>&1
@@ -160,6 +166,7 @@ statisch() {
         klage "$wo: no protocol"
     drin "$system" "$vor/zepholt-bericht" html /tmp/p.xml "$vor/samples/fehlerhaft.01S" -o /tmp/b.html || [ $? -eq 1 ] || klage "$wo: no report"
     erster_bericht "$(zeit)" "static build on $wo"
+    [ -x "$system/opt/zepholt-$fassung/zepholt-stapel" ] || klage "the static build has no zepholt-stapel"
     ! readelf -lW "$system/opt/zepholt-$fassung/zepholt" | grep -q INTERP || klage "the static build asks for the system's libraries"
     bericht_gut "$system/tmp" || klage "$wo: not the report of the sample"
 }

@@ -29,7 +29,7 @@ const FensterModul* ModulLaden() {
     }
     void* bibliothek = dlopen((ordner + ZEPHOLT_FENSTERMODUL).c_str(), RTLD_NOW | RTLD_LOCAL);
     if (bibliothek == nullptr) {
-        bibliothek = dlopen((ordner + "../lib/zepholt/" ZEPHOLT_FENSTERMODUL).c_str(), RTLD_NOW | RTLD_LOCAL);
+        bibliothek = dlopen((ordner + "../lib/zepholt/fenster/" ZEPHOLT_FENSTERMODUL).c_str(), RTLD_NOW | RTLD_LOCAL);
     }
     if (bibliothek == nullptr) {
         return nullptr;
