@@ -9,16 +9,17 @@ lang=${2:-}
 ordner=$(mktemp -d)
 trap 'rm -rf "$ordner"' EXIT
 
-# mit_dienst NAME COMMAND...: runs it while the module's service stands at the socket NAME.
+# mit_dienst NAME COMMAND...: runs it while a service of the module stands.
 mit_dienst() {
-    local halt=$ordner/$1.halt dienst status=0
-    export ZEPHOLT_WEB=$ordner/$1
+    local halt=$ordner/$1.halt port=$ordner/$1.port dienst status=0
     shift
     mkfifo "$halt"
-    node "$quelle/tests/web/dienst.mjs" "$quelle/build/modul" "$ZEPHOLT_WEB" <"$halt" &
+    node "$quelle/tests/web/dienst.mjs" "$quelle/build/modul" "$port" <"$halt" &
     dienst=$!
     exec 9>"$halt" # as long as this stays open, the service runs
-    while [ ! -S "$ZEPHOLT_WEB" ] && kill -0 "$dienst"; do sleep 0.1; done
+    while [ ! -s "$port" ] && kill -0 "$dienst"; do sleep 0.1; done
+    export ZEPHOLT_WEB
+    ZEPHOLT_WEB=$(cat "$port")
     "$@" || status=$?
     exec 9>&-
     wait "$dienst" || status=$?
