@@ -11,7 +11,8 @@ const browser = await chromium.launch({ executablePath: process.env.CHROMIUM ?? 
 const diener = await dienen(seitenordner);
 fs.mkdirSync(ziel, { recursive: true });
 for (const [breite, schema, sprache] of [[1280, 'light', 'de'], [1280, 'dark', 'fr'], [390, 'light', 'it'], [390, 'dark', 'de']]) {
-  const kontext = await browser.newContext({ viewport: { width: breite, height: breite < 500 ? 844 : 900 }, colorScheme: schema, locale: sprache });
+  const telefon = breite < 500;
+  const kontext = await browser.newContext({ viewport: { width: breite, height: telefon ? 844 : 900 }, colorScheme: schema, locale: sprache, isMobile: telefon, hasTouch: telefon });
   const seite = await kontext.newPage();
   const bild = async (was) => {
     const name = `${was}-${breite}-${schema}-${sprache}`;
@@ -41,7 +42,7 @@ for (const [breite, schema, sprache] of [[1280, 'light', 'de'], [1280, 'dark', '
   await meldung();
   await bild('meldung');
   await seite.setInputFiles('#eingabe-katalogordner', probe('katalog'));
-  await seite.waitForFunction(() => document.querySelector('#katalog-stand').textContent.startsWith('katalog:') || document.querySelector('#katalog-stand').textContent.startsWith('katalog :'));
+  await seite.waitForFunction(() => /^katalog ?:/.test(document.querySelector('#katalog-stand').textContent));
   await bild('katalog');
   await seite.evaluate(() => dispatchEvent(new DragEvent('dragenter')));
   await bild('ziehen');
