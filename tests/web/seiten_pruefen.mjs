@@ -5,11 +5,14 @@ import os from 'node:os';
 import path from 'node:path';
 import { pathToFileURL } from 'node:url';
 import { chromium } from 'playwright-core';
-import { dienen } from './diener.mjs';
+import { dienen, mitschreiben } from './diener.mjs';
 
 const [seitenordner, proben, lang] = process.argv.slice(2);
 const axe = fs.readFileSync('node_modules/axe-core/axe.min.js', 'utf8');
-const browser = await chromium.launch({ executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--enable-precise-memory-info'] });
+const leitung = await mitschreiben();
+const browser = await chromium.launch({
+  executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--enable-precise-memory-info'], proxy: { server: leitung.adresse, bypass: '<-loopback>' },
+});
 const diener = await dienen(seitenordner);
 let geprueft = 0;
 let falsch = 0;
@@ -418,5 +421,13 @@ await stufe('Keyboard', async () => {
 
 await browser.close();
 await diener.schliessen();
+leitung.schliessen();
+// The browser itself calls its maker when it starts; of the pages that would have been told above.
+const eigene = new Set(['', ...fs.readdirSync(seitenordner)]);
+const vomBrowser = ({ art, adresse }) => /(^|\.)(google|googleapis)\.com$/.test(art === 'CONNECT' ? adresse.split(':')[0] : new URL(adresse).hostname);
+const vonDerSeite = leitung.anfragen.filter((a) => !vomBrowser(a));
+const fremde = vonDerSeite.filter(({ art, adresse, bytes }) => art !== 'GET' || bytes || !/^http:\/\/127\.0\.0\.1:\d+\/[^/?]*$/.test(adresse) || !eigene.has(adresse.split('/').pop()));
+console.log(`   ${vonDerSeite.length} requests went over the wire`);
+erwarte('what went over the wire besides the page’s own files', fremde, []);
 console.log(`${geprueft} checks, ${falsch} false`);
 process.exit(falsch ? 1 : 0);
