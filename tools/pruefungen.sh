@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
-# cases by code with what users get and its limits, the tests on Windows under Wine, the pages, and many files.
+# cases by code with what users get and its limits, the program in the browser, the tests on Windows under Wine, the pages,
+# and many files.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -40,11 +41,19 @@ rm -r "$korpus"
 stufe "The main job, and the cases by code with what users get"
 ./run.sh >/dev/null
 cmake --preset release -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
-cmake --build --preset release --target zepholt zepholt_fenster_qt
+cmake --build --preset release --target zepholt zepholt-bericht zepholt_fenster_qt
 tools/ctest_lauf.sh build/release -R '^codes/'
 
 stufe "The same protocols from every compiler, on random files"
 tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 2000
+
+stufe "The same protocols from the module for browsers, under node"
+cmake --preset web -Wno-dev >/dev/null
+cmake --build --preset web
+tests/web/gleich.sh build/release/zepholt
+
+stufe "The page that tests in a browser, in Chromium"
+tests/web/seiten_pruefen.sh build/release
 
 stufe "What users get: hardened, and within its limits"
 tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
@@ -73,7 +82,6 @@ wait "$klicker" || {
 cat build/klicks.log
 
 stufe "Many files: 2,000 with kills, then by ssh and Slurm"
-cmake --build --preset release --target zepholt zepholt-bericht
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 

@@ -33,7 +33,7 @@ class Block:
 
 def dokumente():
     """All documents but the pages of the codes, which have a test of their own."""
-    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "docs/stapel/*.md", "hilfe/*.md"]
+    muster = ["*.md", "docs/*.md", "docs/aufrufen/*.md", "docs/stapel/*.md", "docs/browser/*.md", "hilfe/*.md"]
     return sorted(pfad for m in muster for pfad in QUELLE.glob(m))
 
 
@@ -43,6 +43,7 @@ def fassungen():
         [QUELLE / ("README.md" if s == "en" else f"README.{s}.md") for s in SPRACHEN],
         [QUELLE / f"docs/aufrufen/{s}.md" for s in SPRACHEN],
         [QUELLE / f"docs/stapel/{s}.md" for s in SPRACHEN],
+        [QUELLE / f"docs/browser/{s}.md" for s in SPRACHEN],
     ]
 
 

@@ -29,3 +29,29 @@ export const dienen = (ordner) => new Promise((fertig) => {
   });
   server.listen(0, '127.0.0.1', () => fertig({ stand, adresse: `http://127.0.0.1:${server.address().port}/`, schliessen: () => new Promise((gut) => { server.closeAllConnections?.(); server.close(gut); }) }));
 });
+
+// A proxy that all of a browser's traffic goes through, the service worker's too: each request is noted, with the bytes that it
+// carries away; only this machine can be reached.
+export const mitschreiben = () => new Promise((fertig) => {
+  const anfragen = [];
+  const server = http.createServer((frage, antwort) => {
+    const eine = { art: frage.method, adresse: frage.url, bytes: 0 };
+    anfragen.push(eine);
+    frage.on('data', (stueck) => { eine.bytes += stueck.length; });
+    if (new URL(frage.url).hostname !== '127.0.0.1') {
+      antwort.writeHead(403).end();
+      return;
+    }
+    const weiter = http.request(frage.url, { method: frage.method, headers: frage.headers }, (a) => {
+      antwort.writeHead(a.statusCode, a.headers);
+      a.pipe(antwort);
+    });
+    weiter.on('error', () => antwort.destroy());
+    frage.pipe(weiter);
+  });
+  server.on('connect', (frage, draht) => {
+    anfragen.push({ art: 'CONNECT', adresse: frage.url, bytes: 0 });
+    draht.destroy();
+  });
+  server.listen(0, '127.0.0.1', () => fertig({ anfragen, adresse: `http://127.0.0.1:${server.address().port}`, schliessen: () => { server.closeAllConnections?.(); server.close(); } }));
+});

@@ -4,6 +4,7 @@
 feindlich/    files that try to break out: markup in names and texts, binary rubbish, cut and empty files, endless lines
 schaden.vlt   a collected catalogue with a damaged head
 gross1.01S, gross20.01S, gross100.01S   a clean document of that many megabytes
+falsch20.01S   a document of 20 megabytes with findings everywhere
 """
 import pathlib
 import random
@@ -37,7 +38,7 @@ for name, inhalt in {
 katalog = bytearray((QUELLE / "samples/katalog.vlt").read_bytes())
 katalog[22:26] = b"xxxx"  # of the first chapter's head: a number is none
 pathlib.Path("schaden.vlt").write_bytes(katalog)
-for mb in MEGABYTE:
-    ziel = pathlib.Path(f"gross{mb}.01S")
+for name, mb, *falsch in (*((f"gross{mb}", mb) for mb in MEGABYTE), ("falsch20", 20, "--falsch")):
+    ziel = pathlib.Path(name + ".01S")
     if not ziel.exists():
-        subprocess.run([sys.executable, "-B", QUELLE / "bench/erzeugen.py", "dokument", ziel, str(mb)], check=True)
+        subprocess.run([sys.executable, "-B", QUELLE / "bench/erzeugen.py", "dokument", ziel, str(mb), *falsch], check=True)

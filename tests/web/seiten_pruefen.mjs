@@ -5,11 +5,14 @@ import os from 'node:os';
 import path from 'node:path';
 import { pathToFileURL } from 'node:url';
 import { chromium } from 'playwright-core';
-import { dienen } from './diener.mjs';
+import { dienen, mitschreiben } from './diener.mjs';
 
 const [seitenordner, proben, lang] = process.argv.slice(2);
 const axe = fs.readFileSync('node_modules/axe-core/axe.min.js', 'utf8');
-const browser = await chromium.launch({ executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--enable-precise-memory-info'] });
+const leitung = await mitschreiben();
+const browser = await chromium.launch({
+  executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--enable-precise-memory-info'], proxy: { server: leitung.adresse, bypass: '<-loopback>' },
+});
 const diener = await dienen(seitenordner);
 let geprueft = 0;
 let falsch = 0;
@@ -23,10 +26,10 @@ const hoechstens = (name, ist, grenze, einheit) => {
   console.log(`   ${name}: ${Math.round(ist * 100) / 100} ${einheit} (at most ${grenze})`);
   erwarte(name, ist <= grenze, true);
 };
-// A limit of time holds for a machine that does nothing else; on a busy one it is told and not judged.
+// A limit of time holds for a machine that does nothing else; on a busy one what goes beyond it is told and not judged.
 const hoechstensZeit = (name, ist, grenze, einheit) => {
   const last = os.loadavg()[0] / os.cpus().length;
-  if (last < 1.5) hoechstens(name, ist, grenze, einheit);
+  if (ist <= grenze || last < 1.5) hoechstens(name, ist, grenze, einheit);
   else console.log(`   ${name}: ${Math.round(ist * 100) / 100} ${einheit} (at most ${grenze}; not judged, the machine is busy: load ${last.toFixed(1)})`);
 };
 const probe = (name) => path.join(proben, name);
@@ -227,6 +230,7 @@ await stufe('Hostile files', async () => {
   await seite.setInputFiles('#eingabe-dateien', probe('sauber.01S'));
   await seite.waitForSelector('#meldung:not([hidden])');
   erwarte('a damaged catalogue is told', (await seite.textContent('#meldung')).startsWith('sauber.01S: Die Prüfung ist ohne Ergebnis'), true);
+  erwarte('by its own name', (await seite.textContent('#meldung')).includes(': schaden.vlt, '), true);
   await barrieren(seite, 'message');
   await zu('hostile files');
 });
@@ -336,9 +340,10 @@ await stufe('A large file: the page answers, memory, cancelling in each phase', 
   else console.log(`   memory: ${spitze.toFixed(0)} MB`);
   await seite.click('#zurueck');
 
-  // Each phase that the run shows is cancelled once, as soon as it is seen.
+  // Each phase that the run shows is cancelled once, as soon as it is seen; a file full of findings has long last ones.
   const phasen = new Set();
-  for (let i = 0; i < 14; ++i) {
+  const dateien = [datei, 'falsch20.01S'];
+  while (dateien.length) {
     await seite.evaluate((bekannte) => {
       window.abgebrochenIn = '';
       const schritt = document.querySelector('#schritt');
@@ -353,20 +358,21 @@ await stufe('A large file: the page answers, memory, cancelling in each phase', 
       blick.observe(schritt, { childList: true, characterData: true, subtree: true });
       window.blick = blick;
     }, [...phasen]);
-    await seite.setInputFiles('#eingabe-dateien', datei);
+    await seite.setInputFiles('#eingabe-dateien', dateien[0]);
     const ende = await seite.waitForSelector('#meldung:not([hidden]), #rahmen iframe', { timeout: 120000 })
       .then((k) => k.evaluate((e) => (e.id === 'meldung' ? 'cancelled' : 'report')));
     const phase = await seite.evaluate(() => { window.blick.disconnect(); return window.abgebrochenIn; });
     if (ende === 'report') {
       await seite.click('#zurueck');
-      if (!phase) break;
-      erwarte(`cancelled in ${phase}`, ende, 'cancelled');
+      if (phase) erwarte(`cancelled in ${phase}`, ende, 'cancelled');
+      dateien.shift();
+      continue;
     }
     phasen.add(phase);
     erwarte(`cancelled in ${phase}: the message`, await seite.textContent('#meldung'), 'Die Prüfung ist abgebrochen; es gibt keinen Bericht.');
   }
-  console.log(`   cancelled in: ${[...phasen].join(', ')}`);
-  erwarte('phases that were cancelled', phasen.size >= 5, true);
+  erwarte('phases that were cancelled', [...phasen].sort(),
+    ['Liest Austauschdatei ein', 'Schreibt Fehlerprotokoll', 'Schreibt den Bericht', 'Testet Dokument', 'Testet VLT-Kapitel']);
   await seite.setInputFiles('#eingabe-dateien', probe('fehlerhaft.01S'));
   erwarte('behind a cancel the next test runs', (await urteilIm(await rahmen(seite))).startsWith('35 Fehler'), true);
   await zu('large file');
@@ -409,11 +415,19 @@ await stufe('Keyboard', async () => {
   erwarte('keyboard: focus at the report', await seite.evaluate(() => document.activeElement.id), 'schau-name');
   const ohneKatalog = [...fs.readFileSync('fehlerhaft.01S.xml', 'latin1').matchAll(/ N="([0-57-9]\d{3})" E="(.)"/g)].map((b) => b[2]);
   const [fehler, warnungen] = ['A', 'B'].map((schwere) => ohneKatalog.filter((s) => s === schwere).length);
-  erwarte('the verdict is told', await seite.textContent('#ansage'), `fehlerhaft.01S: Con errori, ${fehler} errori, ${warnungen} avvertimenti`);
+  erwarte('the verdict is told', await seite.textContent('#ansage'), `fehlerhaft.01S: Con errori, ${fehler} errori, ${warnungen} avvisi`);
   await zu('keyboard');
 });
 
 await browser.close();
 await diener.schliessen();
+leitung.schliessen();
+// The browser itself calls its maker when it starts; of the pages that would have been told above.
+const eigene = new Set(['', ...fs.readdirSync(seitenordner)]);
+const vomBrowser = ({ art, adresse }) => /(^|\.)(google|googleapis)\.com$/.test(art === 'CONNECT' ? adresse.split(':')[0] : new URL(adresse).hostname);
+const vonDerSeite = leitung.anfragen.filter((a) => !vomBrowser(a));
+const fremde = vonDerSeite.filter(({ art, adresse, bytes }) => art !== 'GET' || bytes || !/^http:\/\/127\.0\.0\.1:\d+\/[^/?]*$/.test(adresse) || !eigene.has(adresse.split('/').pop()));
+console.log(`   ${vonDerSeite.length} requests went over the wire`);
+erwarte('what went over the wire besides the page’s own files', fremde, []);
 console.log(`${geprueft} checks, ${falsch} false`);
 process.exit(falsch ? 1 : 0);

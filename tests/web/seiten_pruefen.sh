@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Tests the page in Chromium: seiten_pruefen.sh NATIVE-FOLDER [lang]
 # NATIVE-FOLDER holds zepholt and zepholt-bericht, whose outcomes the page's are held against; the page is build/web.
-# `lang`: a file of 100 MB instead of 20, and its memory. Needs chromium and node with npm, which fetches playwright-core
-# and axe-core into the build folder.
+# `lang`: a file of 100 MB instead of 20, and its memory; then the main road in Firefox. Needs chromium (and firefox-esr), and
+# node with npm, which fetches playwright-core and axe-core into the build folder.
 set -euo pipefail
 quelle=$(cd "$(dirname "$0")/../.." && pwd)
 nativ=$(realpath "$1")
@@ -37,4 +37,4 @@ for datei in feindlich/*; do
 done
 cp "$quelle"/tests/web/*.mjs .
 node seiten_pruefen.mjs "$quelle/build/web" "$quelle/samples" ${lang:+"$lang"}
-node firefox_pruefen.mjs "$quelle/build/web" "$quelle/samples"
+[ -z "$lang" ] || node firefox_pruefen.mjs "$quelle/build/web" "$quelle/samples"

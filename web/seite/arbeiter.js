@@ -31,13 +31,22 @@ const rufe = (name, ...felder) => {
   return modul['_' + name](zeiger, text.length);
 };
 
+// A file's name keeps its end, which says of which kind it is; its folder here is the same for all.
+const ORDNER = '/datei/';
+const KATALOG = '/katalog';
+const pfadVon = (name) => ORDNER + name.replaceAll('/', '_').replaceAll('\0', '');
+
+// That there is no report: with what the program said, files called as the person knows them.
+const ohneBericht = (platte, katalog) => ({
+  art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n').replaceAll(ORDNER, '').replaceAll(KATALOG, () => katalog?.name ?? ''),
+});
+
 const pruefen = (auftrag) => {
   const { datei, name, sprache, modus, katalog, halt } = auftrag;
-  // A file's name keeps its end, which says of which kind it is; its path here is the same for all.
-  const pfad = '/datei/' + name.replaceAll('/', '_').replaceAll('\0', '');
+  const pfad = pfadVon(name);
   const dateien = { [pfad]: datei };
-  if (katalog?.art === 'datei') dateien['/katalog'] = katalog.dateien[0].blob;
-  if (katalog?.art === 'ordner') for (const kapitel of katalog.dateien) dateien['/katalog/' + kapitel.name] = kapitel.blob;
+  if (katalog?.art === 'datei') dateien[KATALOG] = katalog.dateien[0].blob;
+  if (katalog?.art === 'ordner') for (const kapitel of katalog.dateien) dateien[`${KATALOG}/${kapitel.name}`] = kapitel.blob;
   const leser = new FileReaderSync();
   const platte = new Platte(dateien, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
   let urteil = null;
@@ -67,26 +76,26 @@ const pruefen = (auftrag) => {
   for (const [wort, tun] of Object.entries(mehr)) platte[wort] = tun;
   modul.umgebung = platte;
   const nummer = String(sprache + 1);
-  const status = rufe('zepholt_pruefen', pfad, '/protokoll.xml', nummer, modus, katalog ? '/katalog' : '', { ordner: '1', datei: '2' }[katalog?.art] ?? '0');
+  const status = rufe('zepholt_pruefen', pfad, '/protokoll.xml', nummer, modus, katalog ? KATALOG : '', { ordner: '1', datei: '2' }[katalog?.art] ?? '0');
   const protokoll = platte.fertig.get('/protokoll.xml');
   if (abgebrochen) return { art: 'abgebrochen' };
-  if (status !== 0 || !protokoll) return { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+  if (status !== 0 || !protokoll) return ohneBericht(platte, katalog);
   postMessage({ art: 'gang', schreibt: true, anteil: 1 });
   if (rufe('zepholt_berichten', 'html', '/protokoll.xml', pfad, '/bericht.html', nummer, katalog?.name ?? '') !== 0) {
-    return { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+    return ohneBericht(platte, katalog);
   }
   return { art: 'fertig', protokoll, seite: platte.fertig.get('/bericht.html'), urteil, speicher: modul.HEAPU8.length };
 };
 
 // The table of a test that is done, from its protocol.
 const tabelle = ({ datei, name, sprache, protokoll }) => {
-  const pfad = '/datei/' + name.replaceAll('/', '_').replaceAll('\0', '');
+  const pfad = pfadVon(name);
   const leser = new FileReaderSync();
   const platte = new Platte({ [pfad]: datei, '/protokoll.xml': protokoll }, (blob) => new Uint8Array(leser.readAsArrayBuffer(blob)));
   Object.assign(platte, { uhr, meldung: (bytes) => meldungen.push(new TextDecoder().decode(bytes)), urteil: () => {} });
   modul.umgebung = platte;
   const status = rufe('zepholt_berichten', 'csv', '/protokoll.xml', pfad, '/tabelle.csv', String(sprache + 1), '');
-  return status === 0 ? { art: 'fertig', tabelle: platte.fertig.get('/tabelle.csv') } : { art: 'nichts', grund: platte.grund, meldung: meldungen.join('\n') };
+  return status === 0 ? { art: 'fertig', tabelle: platte.fertig.get('/tabelle.csv') } : ohneBericht(platte);
 };
 
 self.onmessage = async ({ data }) => {
