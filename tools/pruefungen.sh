@@ -48,8 +48,7 @@ stufe "The same protocols from every compiler, on random files"
 tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 2000
 
 stufe "The same protocols from the module for browsers, under node"
-cmake --preset web -Wno-dev >/dev/null
-cmake --build --preset web
+./web.sh
 tests/web/gleich.sh build/release/zepholt
 
 stufe "The page that tests in a browser, in Chromium"

@@ -20,6 +20,7 @@ SCHREIBEN = "--schreiben" in sys.argv
 ANDERSWO = {
     "./run.sh": ("tools/pruefungen.sh", "./run.sh"),
     "./test.sh": (".ci/run", "./test.sh"),
+    "./web.sh": ("tools/pruefungen.sh", "./web.sh"),
     "fuzz/lauf.sh": ("tools/pruefungen.sh", "fuzz/lauf.sh"),
     "fuzz/dauer.sh": ("tools/nacht.sh", "fuzz/dauer.sh"),
     "cmake --preset debug": ("test.sh", "cmake --preset debug"),

@@ -261,6 +261,11 @@ await stufe('A folder on a stick (file://)', async () => {
   erwarte('file://: protocol', sauber((await gesichert(seite, '#sichern-protokoll')).bytes) === sauber(fs.readFileSync('fehlerhaft.01S.xml')), true);
   await bereit();
   erwarte('file://: the catalogue is kept', (await seite.textContent('#katalog-stand')).startsWith('katalog: 9'), true);
+  await seite.setInputFiles('#eingabe-dateien', 'falsch20.01S');
+  await seite.waitForFunction(() => document.querySelector('#schritt').textContent !== '');
+  await seite.click('#abbrechen');
+  await seite.waitForSelector('#meldung:not([hidden])');
+  erwarte('file://: cancelled', await seite.textContent('#meldung'), 'Die Prüfung ist abgebrochen; es gibt keinen Bericht.');
   await zu('file://');
 });
 
