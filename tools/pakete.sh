@@ -19,11 +19,10 @@ PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest bash-completi
 # the program, what tests many files on several machines, the packages and the module for browsers.
 PAKETE_CI="$PAKETE_TEST $PAKETE_PAKETE $PAKETE_PRUEFEN git ccache clang clang-tidy clang-format googletest
 g++-mingw-w64-x86-64-posix wine64 fonts-wine xvfb xdotool openbox chromium nodejs pngquant default-jdk-headless mono-mcs
-parallel rsync openssh-server openssh-client
-slurm-wlm munge procps"
-
-# What the night's checks need besides.
-PAKETE_NACHT="$PAKETE_CI firefox-esr"
+parallel rsync openssh-server openssh-client slurm-wlm munge procps"
 
 # Other publishers' Node.js brings npm along, and Debian's npm would not install beside it.
 command -v npm >/dev/null || PAKETE_CI="$PAKETE_CI npm"
+
+# What the night's checks need besides.
+PAKETE_NACHT="$PAKETE_CI firefox-esr"
