@@ -9,7 +9,10 @@ if [ ! -s "$archiv" ]; then
     mkdir -p "$vorrat"
     ordner=$(mktemp -d -p "$vorrat")
     trap 'rm -rf "$ordner"' EXIT
-    debootstrap --variant=minbase "$suite" "$ordner/system" "${ZEPHOLT_DEBIAN:-http://deb.debian.org/debian}" >"$ordner/log" || {
+    # From where this system has its packages.
+    quelle=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' | awk '/debian\/$/ && !n++')
+    quelle=${ZEPHOLT_DEBIAN:-${quelle:-http://deb.debian.org/debian}}
+    debootstrap --variant=minbase "$suite" "$ordner/system" "$quelle" >"$ordner/log" || {
         tail -n 5 "$ordner/log" >&2
         exit 1
     }

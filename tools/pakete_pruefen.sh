@@ -51,8 +51,12 @@ frisch() {
     tar -C "$ort/$1" -xf "$archiv"
 }
 
-# drin ROOT COMMAND...: runs it in there, with /proc. Mounts and processes end with it.
+# drin ROOT COMMAND...: runs it in there, with /proc, where this system lets mount. Mounts and processes end with it.
 drin() {
+    if ! unshare --mount true 2>/dev/null; then
+        chroot "$@" </dev/null
+        return
+    fi
     unshare --mount --pid --fork --kill-child sh -c 'mount -t proc proc "$0/proc" && exec chroot "$0" "$@"' "$@" </dev/null
 }
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
 # cases by code with what users get and its limits, the program in the browser, the tests on Windows under Wine, the pages,
-# and many files.
+# many files, and the packages.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -84,5 +84,12 @@ cat build/klicks.log
 stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
+
+stufe "The packages, and from each to the first report in a minute: a fresh Debian 12, the static build, Wine"
+./package.sh >build/pakete.log 2>&1 || {
+    tail -n 40 build/pakete.log
+    exit 1
+}
+tools/pakete_pruefen.sh
 
 stufe "All checks done"
