@@ -57,6 +57,7 @@ bauen statisch zepholt zepholt-bericht hilfe_seiten
 packen statisch
 bauen windows-release zepholt zepholt-bericht zepholt-pruefen
 packen windows-release
+rm -f build/modul/web/seite.stempel # an older archive would have the time of its commit
 bauen web zepholt_web
 cp build/modul/zepholt-*-web.zip "$ziel"
 

@@ -16,10 +16,10 @@ PAKETE_PRUEFEN="lintian debootstrap wine64 desktop-file-utils shared-mime-info u
 PAKETE_TEST="$PAKETE_BAU libgtest-dev libxml2-utils python3-pytest bash-completion zsh man-db mandoc"
 
 # The slower checks besides: clang, a display without a screen, a browser for the pages, what runs the examples that call
-# the program, what tests many files on several machines, the packages and the module for browsers.
-PAKETE_CI="$PAKETE_TEST $PAKETE_PAKETE $PAKETE_PRUEFEN git ccache clang clang-tidy clang-format googletest
-g++-mingw-w64-x86-64-posix wine64 fonts-wine xvfb xdotool openbox chromium nodejs pngquant default-jdk-headless mono-mcs
-parallel rsync openssh-server openssh-client slurm-wlm munge procps"
+# the program, what tests many files on several machines, the module for browsers and the other packages.
+PAKETE_CI="$PAKETE_TEST $PAKETE_PAKETE $PAKETE_PRUEFEN ccache clang clang-tidy clang-format googletest fonts-wine
+xvfb xdotool openbox chromium pngquant default-jdk-headless mono-mcs parallel rsync openssh-server openssh-client
+slurm-wlm munge procps"
 
 # Other publishers' Node.js brings npm along, and Debian's npm would not install beside it.
 command -v npm >/dev/null || PAKETE_CI="$PAKETE_CI npm"
