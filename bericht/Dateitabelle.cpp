@@ -140,7 +140,7 @@ public:
         constexpr std::array<std::string_view, 3> Kopf = {
             "Datei;Urteil;Fehler;Warnungen;Codes;Projekt;Dokument;Geprüft;Millisekunden;Grund;Protokoll",
             "Fichier;Verdict;Erreurs;Avertissements;Codes;Projet;Document;Testé;Millisecondes;Raison;Journal",
-            "File;Verdetto;Errori;Avvertimenti;Codici;Progetto;Documento;Testato;Millisecondi;Motivo;Protocollo"};
+            "File;Verdetto;Errori;Avvisi;Codici;Progetto;Documento;Testato;Millisecondi;Motivo;Protocollo"};
         Ziel().Schreiben("\xEF\xBB\xBF" + std::string(Kopf[static_cast<std::size_t>(sprache)]) + "\r\n");
     }
 

@@ -26,7 +26,7 @@ constexpr Seitentext Tabelle[] = {
     {"warnungen1", {"1 Warnung", "1 avertissement", "1 avviso"}},
     {"warnungen0", {"keine Warnungen", "aucun avertissement", "nessun avviso"}},
     {"A", {"Fehler", "Erreur", "Errore"}},
-    {"B", {"Warnung", "Avertissement", "Avvertimento"}},
+    {"B", {"Warnung", "Avertissement", "Avviso"}},
     {"projekt", {"Projekt", "Projet", "Progetto"}},
     {"dokument", {"Dokument", "Document", "Documento"}},
     {"datei", {"Austauschdatei", "Fichier de transfert", "File di scambio"}},
