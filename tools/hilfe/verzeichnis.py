@@ -5,6 +5,10 @@ from woerter import ETAPPEN, WOERTER, wort
 DATEIEN = {"README.md": "nach_nummer", "record.md": "nach_record", "feld.md": "nach_feld", "etappe.md": "nach_etappe"}
 
 
+def klein_begonnen(text):
+    return text[:1].lower() + text[1:]
+
+
 def verzeichnisse(tabellen, sprache):
     """File name -> Markdown."""
     w = WOERTER[sprache]
@@ -15,7 +19,7 @@ def verzeichnisse(tabellen, sprache):
 
 def _seite(datei, gruppen, tabellen, sprache):
     w = WOERTER[sprache]
-    kopf = [f"# {w['titel']}{w['doppelpunkt']} {w[DATEIEN[datei]].lower()}", "",
+    kopf = [f"# {w['titel']}{w['doppelpunkt']} {klein_begonnen(w[DATEIEN[datei]])}", "",
             " · ".join(f"[{w[name]}]({ziel})" if ziel != datei else w[name] for ziel, name in DATEIEN.items())]
     for titel, codes in gruppen.items():
         kopf += ["", f"## {titel}", ""] + [_eintrag(code, tabellen, sprache) for code in codes]
