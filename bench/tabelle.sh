@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Processor time and memory of two programs on large files of each shape of bench/erzeugen.py, side by side: MB/s, and peak
 # memory in times the file. The runs alternate; of each program the least of several counts.
+# A shape with a catalogue is tested with it; of the one that is nearly all catalogue, the catalogue's bytes count.
 #
 #     bench/tabelle.sh OLD NEW [RUNS [PART]]
 #

@@ -4,10 +4,11 @@
     tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER] [--viele PROGRAM]
 
 A program is a path, or what a shell would split into an emulator and a path. That of --viele is viele_laeufe, which
-tests all files in one process; its protocols are compared with those of the others. Of the N files each second is an E1S file.
-Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers meet often;
-then some are spoiled: bytes changed, cut or put in, lines doubled, swapped or made longer, characters of every kind put
-into fields, line ends broken. The first file that makes a difference is kept and named; the exit status is then 1.
+tests all files in one process; its protocols are compared with those of the others. Of the N files each second is an
+E1S file. Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers
+meet often; then some are spoiled: bytes changed, cut or put in, lines doubled, swapped or made longer, characters of
+every kind put into fields, line ends broken. The first file that makes a difference is kept and named; the exit status
+is then 1.
 """
 import argparse
 import hashlib
