@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
 # cases by code with what users get and its limits, the program in the browser, the tests on Windows under Wine, the pages,
-# many files, and the packages.
+# many files, and the packages. What runs under Wine, which waits more than it works, has a road of its own beside the rest.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -15,6 +15,22 @@ stufe() {
     echo "== $1"
 }
 
+# All that runs under Wine. Needs the release build, and the debug build of the tests.
+unter_wine() {
+    seit=
+    stufe "The Windows program and its tests under Wine"
+    tools/windows_pruefen.sh
+    tools/haertung_pruefen.sh build/windows/zepholt.exe
+
+    stufe "What the documents show for Windows, and the example as a batch file"
+    WINEPREFIX="$PWD/build/windows/wp" tests/doku/windows.py build/windows
+
+    stufe "The windows of the Windows program, and files dropped on zepholt-pruefen"
+    tests/fenster/wine_fenster.sh
+    tests/desktop/wine_pruefen.sh
+    stufe "All of it done"
+}
+
 stufe "Form (clang-format)"
 git ls-files '*.cpp' '*.h' | xargs -r clang-format --dry-run --Werror
 
@@ -25,6 +41,13 @@ tools/raeume_zeichnen.py --pruefen
 stufe "clang-tidy, of what has changed since it was right"
 [ -f build/debug/compile_commands.json ] || cmake --preset debug -Wno-dev >/dev/null
 tools/tidy.py build/debug
+
+stufe "The main job"
+./run.sh >/dev/null
+cmake --build --preset debug --target ziehen zepholt zepholt-bericht
+unter_wine >build/unter_wine.log 2>&1 &
+wine=$!
+trap wait EXIT # also when a stage fails
 
 stufe "Tests under the address and undefined-behaviour sanitizers"
 cmake --preset asan -Wno-dev >/dev/null
@@ -38,10 +61,8 @@ korpus=$(mktemp -d)
 fuzz/lauf.sh 60 "$korpus"
 rm -r "$korpus"
 
-stufe "The main job, and the cases by code with what users get"
-./run.sh >/dev/null
+stufe "The cases by code with what users get"
 cmake --preset release -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
-cmake --build --preset release --target zepholt zepholt-bericht zepholt_fenster_qt
 tools/ctest_lauf.sh build/release -R '^codes/'
 
 stufe "The same protocols from every compiler, on random files"
@@ -54,35 +75,26 @@ tests/web/gleich.sh build/release/zepholt
 stufe "The page that tests in a browser, in Chromium"
 tests/web/seiten_pruefen.sh build/release
 
+stufe "The pages of the codes, in Chromium"
+tests/hilfe/seiten_pruefen.sh build/debug
+
 stufe "What users get: hardened, and within its limits"
 tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
 tests/fehler/grenzen.py build/release/zepholt 100
 
-stufe "The Windows program and its tests under Wine"
-tools/windows_pruefen.sh
-tools/haertung_pruefen.sh build/windows/zepholt.exe
-
-stufe "What the documents show for Windows, and the examples in C#, Java and as a batch file"
-WINEPREFIX="$PWD/build/windows/wp" tests/doku/windows.py build/windows
+stufe "The examples in C# and Java"
 tests/doku/aufrufe.py build/release java csharp
-
-stufe "The windows of the Windows program and files dropped on zepholt-pruefen; beside them the pages of the codes in Chromium"
-cmake --build --preset debug --target ziehen zepholt zepholt-bericht
-klicks() {
-    tests/fenster/wine_fenster.sh && tests/desktop/wine_pruefen.sh
-}
-klicks >build/klicks.log 2>&1 & # waits more than it works
-klicker=$!
-tests/hilfe/seiten_pruefen.sh build/debug
-wait "$klicker" || {
-    cat build/klicks.log
-    exit 1
-}
-cat build/klicks.log
 
 stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
+
+stufe "What ran under Wine beside all this"
+wait "$wine" || {
+    cat build/unter_wine.log
+    exit 1
+}
+cat build/unter_wine.log
 
 stufe "The packages, and from each to the first report in a minute: a fresh Debian 12, the static build, Wine"
 ./package.sh >build/pakete.log 2>&1 || {

@@ -1,6 +1,6 @@
 // Many runs in one process: viele_laeufe LIST. A line of LIST is a folder, a tab and a command text, both ASCII; each
-// is run in its folder, one after the other. Where the start of a process costs a hundred times as much as a small
-// file's test, as under an emulator, this makes many files possible.
+// is run in its folder, one after the other; its exit status is a line on standard output. Where the start of a process
+// costs a hundred times as much as a small file's test, as under an emulator, this makes many files possible.
 #include "run/Main_Start.h"
 #include "run/NeuerLauf.h"
 
@@ -20,8 +20,8 @@ int main(int anzahl, char** argumente) {
         }
         std::filesystem::current_path(zeile.substr(0, tabulator));
         zepholt::NeuerLauf();
-        zepholt::Main(zepholt::Text(zeile.begin() + static_cast<std::ptrdiff_t>(tabulator) + 1, zeile.end()));
+        std::cout << zepholt::Main(zepholt::Text(zeile.begin() + static_cast<std::ptrdiff_t>(tabulator) + 1, zeile.end()))
+                  << '\n';
     }
-    std::cout << laeufe << " runs\n";
     return laeufe > 0 ? 0 : 1;
 }
