@@ -338,6 +338,7 @@ std::int32_t ZweiteZeileMit(const DoppelterMitKleinstem& schluessel, const Zeile
     std::uint64_t erste = Keine;
     std::uint64_t zweite = Keine;
     for (std::size_t i = 0; i < zeilen.size(); ++i) {
+        BedieneFenster();
         if (!IstEDURecord(zeilen[i]) && schluessel.Hat(zeilen[i])) {
             zweite = std::min(zweite, std::max(erste, Textrang(i)));
             erste = std::min(erste, Textrang(i));
@@ -360,6 +361,7 @@ std::vector<GleicheZeilen> NachOrdnung(const Zeilenliste& zeilen) {
     const Raenge raenge = RaengeDerCodeseite();
     std::vector<GleicheZeilen> strecken;
     for (std::uint32_t k = 0; k < zeilen.size(); ++k) {
+        BedieneFenster();
         const Ordnung ordnung = OrdnungVon(zeilen[k], k, raenge);
         if (strecken.empty() || strecken.back().Spalten != ordnung) {
             strecken.push_back({ordnung, k, k});
