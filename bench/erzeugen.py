@@ -23,6 +23,7 @@ DATEI ends in .01S or .E1S, which decides the interface. N is the size in the un
     mengen_allein     one position with N quantities, without detail lines
     objekte           N object structures with four position locations each
     objekte_gemischt  N object structures in random order
+    gleiche_ordnung   N object structures with the same order number: each two of them are a finding
     doppelte          N lines whose keys differ in one text only, in random order
     dokument_katalog  the document with its catalogue, DATEI.katalog
     katalog           N chapters with a few positions each; DATEI.katalog becomes a folder with their chapter files of
@@ -342,6 +343,12 @@ def objekte_gemischt(d, n):
         d("B2", (2, "002"), (18, code(i, 5)), (75, f"{i % 9999999 + 1:07}"), (93, "Objekt"))
 
 
+def gleiche_ordnung(d, n):
+    d("B0", (2, "002"))
+    for i in range(n):
+        d("B2", (2, "002"), (18, code(i, 5)), (75, "0000001"), (93, "Objekt"))
+
+
 def doppelte(d, n):
     d("B0", (2, "001"))
     for i in random.Random(2).sample(range(n), n):
@@ -385,7 +392,8 @@ def katalog(d, n):
 def main():
     formen = {f.__name__: f for f in (dokument, zeichen, undefiniert, leer, kapitel, positionen, mengen, laufnummern,
                                       gliederung, einschraenkungen, konditionen, umlaute, schriften, nur_g2, nur_g3, nur_p,
-                                      nur_u, mengen_allein, objekte, objekte_gemischt, doppelte, katalog, dokument_katalog)}
+                                      nur_u, mengen_allein, objekte, objekte_gemischt, gleiche_ordnung, doppelte, katalog,
+                                      dokument_katalog)}
     eingabe = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     eingabe.add_argument("form", metavar="FORM", choices=formen)
     eingabe.add_argument("datei", metavar="DATEI")
