@@ -169,5 +169,28 @@ TEST_F(RecordAZTest, KeepsTheFieldsAlsoOfABadRecord) {
     EXPECT_EQ(sia451Datei.KopfFeld238, u"238");
 }
 
+TEST_F(RecordAZTest, AFullFieldIsKeptToItsLastColumnAndNoFurther) {
+    const Text voll(200, u'x'); // longer than any field and longer than the record
+    PruefeAZ(Neu, {{18, Text(24, u'x')}, {46, Text(13, u'x')}, {82, voll}}, {{18, Text(24, u'x')}, {123, voll}});
+    EXPECT_EQ(sia451Datei.KopfFeld18.size(), 12U);
+    EXPECT_EQ(sia451Datei.KopfFeld30.size(), 12U);
+    EXPECT_EQ(sia451Datei.KopfFeld46.size(), 13U);
+    EXPECT_EQ(sia451Datei.ProjektNummer.size(), 11U);
+    EXPECT_EQ(sia451Datei.ProjektName.size(), 30U);
+    EXPECT_EQ(sia451Datei.DokumentNummer.size(), 15U);
+    EXPECT_EQ(sia451Datei.DokumentName.size(), 30U);
+    EXPECT_EQ(sia451Datei.SoftwareHersteller.size(), 20U);
+    EXPECT_EQ(sia451Datei.KopfFeld188.size(), 20U);
+    EXPECT_EQ(sia451Datei.SoftwareName.size(), 30U);
+    EXPECT_EQ(sia451Datei.KopfFeld238.size(), 19U);
+    EXPECT_EQ(sia451Datei.ZFeld18.size(), 12U);
+    EXPECT_EQ(sia451Datei.ZFeld30.size(), 12U);
+    EXPECT_EQ(sia451Datei.ZFeld123.size(), 15U);
+    EXPECT_EQ(sia451Datei.ZFeld138.size(), 30U);
+    EXPECT_EQ(sia451Datei.ZFeld168.size(), 20U);
+    EXPECT_EQ(sia451Datei.ZFeld188.size(), 20U);
+    EXPECT_EQ(sia451Datei.ZFeld208.size(), 49U);
+}
+
 } // namespace
 } // namespace zepholt
