@@ -304,6 +304,7 @@ fall("its twin names another", BEIDE, [b(5, "F", {135: "V2"}, nummer="004"), VAR
      [f(3241, 2), f(3291, 4)])
 fall("the line of another record that has the text there doesn't count", BEIDE,
      [b0("004"), b(4, "A", {135: "V1"}), VAR, b(5, "G")], [f(2032, 3, "135"), f(3291, 5)])
+fall("the field behind the primary variant is none of it", BEIDE, [VAR, b(5, "G", {138: "x"})], [f(3291, 3)])
 fall("a B5 without primary variant", BEIDE, [VAR, b(5, "G", {135: "  "})], [f(3002, 3, "B5:24c-d"), f(3291, 3)])
 fall("on the first line with blanks there", BEIDE,
      [b(5, "F", {135: "  "}, nummer="004"), VAR, b(5, "G", {135: "  "})],
