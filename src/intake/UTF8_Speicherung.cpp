@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <chrono>
 #include <cstring>
 
@@ -83,7 +84,7 @@ std::size_t AsciiEnde(ByteSicht bytes, std::size_t ab) {
     while (ab + sizeof wort <= bytes.size()) {
         std::memcpy(&wort, bytes.data() + ab, sizeof wort);
         if ((wort & HoheBits) != 0) {
-            break;
+            return ab + static_cast<std::size_t>(std::countr_zero(wort & HoheBits)) / 8; // the first byte is the lowest
         }
         ab += sizeof wort;
     }

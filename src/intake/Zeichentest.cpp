@@ -56,8 +56,7 @@ void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
 // A character of a file in UTF-8: no control character, in a 451-92 file one that code page 1252 has.
 bool IstErlaubtInUtf8(char16_t zeichen) {
     const bool steuerzeichen = zeichen < 32 || (zeichen >= 127 && zeichen <= 159);
-    const bool in1252 = zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos;
-    return !steuerzeichen && (testDaten.IstE1S || in1252);
+    return !steuerzeichen && (testDaten.IstE1S || zeichen < 256 || Sonderzeichen1252.find(zeichen) != TextSicht::npos);
 }
 
 bool IstErlaubt(char16_t zeichen) {
@@ -84,20 +83,19 @@ void PruefeFreieZeichen() {
     }
 }
 
-// Looks at the characters only where they are no ASCII.
+// Columns of a byte are looked up, all of them: no early end, no way to guess wrong.
 bool NurErlaubte(Feldsicht spalten) {
-    constexpr std::size_t Stueck = 16;
-    for (std::size_t ab = 0; ab < spalten.size(); ab += Stueck) {
-        const Feldsicht stueck = spalten.substr(ab, Stueck);
-        std::size_t i = NurAscii(stueck) ? stueck.size() : 0;
-        while (i < stueck.size() && IstErlaubt(stueck[i])) {
-            ++i;
+    return spalten.MitSpalten([laenge = spalten.size()]<class Spalte>(const Spalte* spalte) {
+        if constexpr (sizeof(Spalte) == 1) {
+            unsigned char verboten = 0;
+            for (std::size_t i = 0; i < laenge; ++i) {
+                verboten |= testDaten.VerboteneCodes[spalte[i]];
+            }
+            return verboten == 0;
+        } else {
+            return std::all_of(spalte, spalte + laenge, [](Spalte zeichen) { return IstErlaubt(zeichen); });
         }
-        if (i < stueck.size()) {
-            return false;
-        }
-    }
-    return true;
+    });
 }
 
 // True when each character of the record is permitted and each stands in a field: then no field's test has anything to
@@ -127,6 +125,8 @@ void ErlaubteZeichenAufbauen() {
         testDaten.ErlaubteZeichen.push_back(seite.Zeichen[code]);
         testDaten.IstErlaubt.set(seite.Zeichen[code]);
     }
+    std::ranges::transform(codeseite.Zeichen, testDaten.VerboteneCodes.begin(),
+                           [](char16_t zeichen) { return IstErlaubt(zeichen) ? 0 : 1; });
 }
 
 void RecordZeichenTest() {

@@ -10,6 +10,7 @@
 #include "support/OS_API.h"
 #include "support/Text.h"
 
+#include <array>
 #include <bitset>
 #include <vector>
 
@@ -42,10 +43,11 @@ struct TestDaten {
     std::int32_t ZeilenAnzahl = 0;
 
     // --- The character test
-    Text ErlaubteZeichen;                // what a 451-92 file may hold in its fields
-    std::bitset<65536> IstErlaubt;       // the same by character
-    std::int32_t NaechsteSpalte = 1;     // the first column behind the last field tested
-    bool UndefinierterRecordTyp = false; // a line has no layout rows
+    Text ErlaubteZeichen;                            // what a 451-92 file may hold in its fields
+    std::bitset<65536> IstErlaubt;                   // the same by character
+    std::array<unsigned char, 256> VerboteneCodes{}; // by code of the file's code page: 1 where no field may hold it
+    std::int32_t NaechsteSpalte = 1;                 // the first column behind the last field tested
+    bool UndefinierterRecordTyp = false;             // a line has no layout rows
 
     // --- The current place: the record in hand, and the stamps of the next finding
     Satz Record;
