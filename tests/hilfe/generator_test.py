@@ -123,6 +123,17 @@ def test_a_fault_is_told(name, wurzel):
     assert status == 1 and klage in klagen
 
 
+def test_an_example_that_is_not_on_the_page_is_run(wurzel):
+    eines = wurzel / "hilfe/beispiele/4214.txt"
+    eines.with_name("4214.E1S.txt").write_text(eines.read_text(encoding="utf-8"), encoding="utf-8")
+    anderes = eines.rename(eines.with_name("4214.01S.txt"))
+    anderes.write_text("# seite: nein\nB0 2a=001\n" + anderes.read_text(encoding="utf-8"), encoding="utf-8")
+    hilfe(wurzel, "seiten", *CODES)
+    assert "B001" not in (wurzel / "docs/codes/de/4214.md").read_text(encoding="utf-8")
+    ersetze("beispiele/4214.01S.txt", FALSCH, FALSCH.replace("011001", "211011"))(wurzel)
+    assert "4214.01S.txt [01S]: the wrong file gives no finding" in hilfe(wurzel, "pruefen", *CODES)[1]
+
+
 def test_codes_that_share_their_text_keep_their_own_lines(wurzel):
     seiten = {code: (wurzel / f"docs/codes/de/{code}.md").read_text(encoding="utf-8") for code in ("4302", "4402")}
     assert "Record G3 gehört" in seiten["4302"] and "Record G4 gehört" in seiten["4402"]

@@ -11,7 +11,7 @@ from tabellen import ARTEN, SPRACHEN, Fehler
 
 KOPFZEILE = re.compile(r"# ([a-z]+)(?:\.(01S|E1S))?: *(.*)")
 SCHEMATA = Path(__file__).resolve().parents[2] / "docs/schema"
-SCHLUESSEL = {"katalog", "folgen", "zeile", "anzahl", "mehr", "rahmen"}
+SCHLUESSEL = {"katalog", "folgen", "zeile", "anzahl", "mehr", "rahmen", "seite"}
 AUFRUF = "aufruf"
 
 
@@ -32,6 +32,7 @@ class Lauf:
     falsch: Datei
     richtig: Datei
     aufrufe: dict = field(default_factory=dict)  # "falsch"/"richtig" -> command line, for the codes of the command line
+    auf_der_seite: bool = True  # else it is run, and the example of the other kind of file stands for both
 
 
 class Beispiel:
@@ -113,6 +114,7 @@ class Laeufer:
             if befunde:
                 beispiel.klage(f"the right file has findings: {' '.join(befunde)}")
         self._ort_pruefen(beispiel, lauf)
+        lauf.auf_der_seite = beispiel.kopf.get("seite") != "nein"
         return lauf
 
     def _ort_pruefen(self, beispiel, lauf):

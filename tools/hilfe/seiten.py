@@ -111,7 +111,7 @@ class Seite:
 
     def __init__(self, code, sprache, tabellen, abschnitte, laeufe):
         self.code, self.sprache, self.tabellen = code, sprache, tabellen
-        self.abschnitte, self.laeufe = abschnitte, laeufe
+        self.abschnitte, self.laeufe = abschnitte, [lauf for lauf in laeufe if lauf.auf_der_seite]
         self.zeile = tabellen.zeile(code)
         self.w = WOERTER[sprache]
 
@@ -221,7 +221,7 @@ class Seite:
         befunde = lauf.falsch.befunde[self.sprache]
         eigener = next(e for e in befunde if f'N="{lauf.code}"' in e)
         andere = sorted({int(n) for e in befunde for n in re.findall(r'N="(\d+)"', e)} - {lauf.code})
-        dazu = f" {self.w['auch']} {', '.join(f'[{code}]' for code in andere)}." if andere else ""
+        dazu = f" {self.w['auch'][len(andere) > 1]} {', '.join(f'[{code}]' for code in andere)}." if andere else ""
         return f"`{eigener}`{dazu}"
 
     def _aufruf(self, lauf):
