@@ -77,7 +77,7 @@ XmlLeser::XmlLeser(std::string_view bytes) : m_bytes(bytes) {
 
 const std::string* XmlLeser::Attribut(std::string_view name) const {
     for (std::size_t i = 0; i < m_anzahl; ++i) {
-        if (m_attribute[i].Name == name) {
+        if (m_attribute[i].Name.front() == name.front() && m_attribute[i].Name == name) {
             return &m_attribute[i].Wert;
         }
     }
