@@ -30,6 +30,20 @@ Bytes AlleBytes(const Text& pfad) {
     }
 }
 
+// Without the blanks at the end: most records have many, so a word of them at a time.
+std::span<const unsigned char> OhneRand(std::span<const unsigned char> zeile) {
+    constexpr std::array<unsigned char, 8> Leere = {' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
+    std::size_t laenge = zeile.size();
+    while (laenge >= Leere.size() &&
+           std::memcmp(zeile.data() + laenge - Leere.size(), Leere.data(), Leere.size()) == 0) {
+        laenge -= Leere.size();
+    }
+    while (laenge > 0 && zeile[laenge - 1] == ' ') {
+        --laenge;
+    }
+    return zeile.first(laenge);
+}
+
 // The number of a field of digits alone, as nearly all are; none for any other.
 std::optional<std::int64_t> Ziffernwert(std::span<const unsigned char> feld) {
     std::int64_t wert = 0;
@@ -84,8 +98,15 @@ std::span<const unsigned char> Austauschdatei::Rohzeile(std::int32_t nummer) con
 }
 
 TextSicht Austauschdatei::Zeile(std::int32_t nummer, std::size_t hoechstens) const {
+    return Dekodiert(Rohzeile(nummer), hoechstens);
+}
+
+TextSicht Austauschdatei::ZeileOhneRand(std::int32_t nummer, std::size_t hoechstens) const {
+    return OhneLeerzeichenRechts(Dekodiert(OhneRand(Rohzeile(nummer)), hoechstens)); // the cut may leave blanks again
+}
+
+TextSicht Austauschdatei::Dekodiert(std::span<const unsigned char> zeile, std::size_t hoechstens) const {
     const std::size_t bytesJeSpalte = m_istE1S ? 4 : 1;
-    std::span<const unsigned char> zeile = Rohzeile(nummer);
     zeile = zeile.first(std::min(zeile.size(), hoechstens * bytesJeSpalte));
     if (m_text.size() < zeile.size()) {
         m_text.resize(zeile.size());
