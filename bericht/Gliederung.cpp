@@ -120,8 +120,12 @@ private:
 
     void OrteSuchen() {
         for (const Befund& befund : m_protokoll.Befunde) {
-            if (befund.Zeile <= 0 && SchluesselVon(befund).Art == 'G') {
-                m_orte.Zeilen[SchluesselVon(befund).Position];
+            if (befund.Zeile > 0) {
+                continue;
+            }
+            const Schluessel schluessel = SchluesselVon(befund);
+            if (schluessel.Art == 'G') {
+                m_orte.Zeilen[schluessel.Position];
             }
         }
         for (std::int32_t nummer = 1; nummer <= m_datei.Zeilenzahl(); ++nummer) {

@@ -26,6 +26,7 @@
 #include <functional>
 #include <map>
 #include <set>
+#include <string_view>
 #include <vector>
 
 namespace zepholt::bericht {
@@ -39,9 +40,9 @@ constexpr std::size_t LaengsterLauf = 36 * 36 - 1;
 // What stands for itself in a record of the data: no blank, which may be part of a run.
 constexpr std::array<bool, 128> Einfache = [] {
     std::array<bool, 128> einfache{};
-    std::fill(einfache.begin() + '!', einfache.begin() + 0x7F, true);
-    for (const unsigned char zeichen : {'"', '\\', '<', '>', '&', '`'}) {
-        einfache[zeichen] = false;
+    for (char zeichen = '!'; zeichen < 0x7F; ++zeichen) {
+        einfache[static_cast<std::size_t>(zeichen)] =
+            std::string_view("\"\\<>&`").find(zeichen) == std::string_view::npos;
     }
     return einfache;
 }();
