@@ -40,9 +40,8 @@ constexpr std::size_t LaengsterLauf = 36 * 36 - 1;
 // What stands for itself in a record of the data: no blank, which may be part of a run.
 constexpr std::array<bool, 128> Einfache = [] {
     std::array<bool, 128> einfache{};
-    for (char zeichen = '!'; zeichen < 0x7F; ++zeichen) {
-        einfache[static_cast<std::size_t>(zeichen)] =
-            std::string_view("\"\\<>&`").find(zeichen) == std::string_view::npos;
+    for (std::size_t zeichen = '!'; zeichen < 0x7F; ++zeichen) {
+        einfache[zeichen] = std::string_view("\"\\<>&`").find(static_cast<char>(zeichen)) == std::string_view::npos;
     }
     return einfache;
 }();
