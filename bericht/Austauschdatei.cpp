@@ -30,6 +30,32 @@ Bytes AlleBytes(const Text& pfad) {
     }
 }
 
+// Without the blanks at the end: most records have many, so a word of them at a time.
+std::span<const unsigned char> OhneRand(std::span<const unsigned char> zeile) {
+    constexpr std::array<unsigned char, 8> Leere = {' ', ' ', ' ', ' ', ' ', ' ', ' ', ' '};
+    std::size_t laenge = zeile.size();
+    while (laenge >= Leere.size() &&
+           std::memcmp(zeile.data() + laenge - Leere.size(), Leere.data(), Leere.size()) == 0) {
+        laenge -= Leere.size();
+    }
+    while (laenge > 0 && zeile[laenge - 1] == ' ') {
+        --laenge;
+    }
+    return zeile.first(laenge);
+}
+
+// The number of a field of digits alone, as nearly all are; none for any other.
+std::optional<std::int64_t> Ziffernwert(std::span<const unsigned char> feld) {
+    std::int64_t wert = 0;
+    for (const unsigned char ziffer : feld) {
+        if (ziffer < '0' || ziffer > '9') {
+            return std::nullopt;
+        }
+        wert = wert * 10 + (ziffer - '0');
+    }
+    return wert;
+}
+
 // The number in a field, 0 for one that none can be read from or that is out of range.
 std::int64_t Nummer(TextSicht feld) {
     const double wert = ZahlAmAnfang(feld);
@@ -72,9 +98,16 @@ std::span<const unsigned char> Austauschdatei::Rohzeile(std::int32_t nummer) con
 }
 
 TextSicht Austauschdatei::Zeile(std::int32_t nummer, std::size_t hoechstens) const {
-    constexpr std::size_t BytesJeSpalte = 4;
-    std::span<const unsigned char> zeile = Rohzeile(nummer);
-    zeile = zeile.first(std::min(zeile.size(), hoechstens * BytesJeSpalte));
+    return Dekodiert(Rohzeile(nummer), hoechstens);
+}
+
+TextSicht Austauschdatei::ZeileOhneRand(std::int32_t nummer, std::size_t hoechstens) const {
+    return OhneLeerzeichenRechts(Dekodiert(OhneRand(Rohzeile(nummer)), hoechstens)); // the cut may leave blanks again
+}
+
+TextSicht Austauschdatei::Dekodiert(std::span<const unsigned char> zeile, std::size_t hoechstens) const {
+    const std::size_t bytesJeSpalte = m_istE1S ? 4 : 1;
+    zeile = zeile.first(std::min(zeile.size(), hoechstens * bytesJeSpalte));
     if (m_text.size() < zeile.size()) {
         m_text.resize(zeile.size());
     }
@@ -93,6 +126,14 @@ char Austauschdatei::Buchstabe(std::int32_t nummer) const {
 }
 
 std::int64_t Austauschdatei::Position(std::int32_t nummer) const {
+    const std::span<const unsigned char> bytes = Rohzeile(nummer);
+    if (bytes.size() >= Positionsende && AsciiEnde(bytes.first(Positionsende), 0) == Positionsende) { // a byte a column
+        const std::optional<std::int64_t> kapitel = Ziffernwert(bytes.subspan(1, 3));
+        const std::optional<std::int64_t> position = Ziffernwert(bytes.subspan(7, 6));
+        if (kapitel && position) {
+            return *kapitel * 1'000'000 + *position;
+        }
+    }
     const TextSicht zeile = Zeile(nummer, Positionsende);
     return Nummer(SpaltenVon(zeile, 2, 3)) * 1'000'000 + Nummer(SpaltenVon(zeile, 8, 6));
 }

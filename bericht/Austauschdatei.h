@@ -27,6 +27,9 @@ public:
     // The line with that number (from 1), decoded, cut at `hoechstens` columns. Good until the next call.
     TextSicht Zeile(std::int32_t nummer, std::size_t hoechstens = 4096) const;
 
+    // The same without the blanks at its end.
+    TextSicht ZeileOhneRand(std::int32_t nummer, std::size_t hoechstens) const;
+
     // The first byte of a line, '\0' for an empty one: the letter of its record.
     char Buchstabe(std::int32_t nummer) const;
 
@@ -35,6 +38,7 @@ public:
 
 private:
     std::span<const unsigned char> Rohzeile(std::int32_t nummer) const;
+    TextSicht Dekodiert(std::span<const unsigned char> zeile, std::size_t hoechstens) const;
     void ZeilenSuchen();
 
     Bytes m_bytes;

@@ -8,8 +8,10 @@
 #include <limits>
 #include <numeric>
 #include <set>
+#include <span>
 #include <tuple>
 #include <unordered_map>
+#include <utility>
 
 namespace zepholt::bericht {
 
@@ -49,14 +51,13 @@ void ZeileVerzeichnen(const Austauschdatei& datei, std::int32_t nummer, Ortsverz
     if (gesucht != verzeichnis.Zeilen.end()) {
         gesucht->second.push_back(nummer);
     }
-    const TextSicht zeile = datei.Zeile(nummer, 122);
-    const TextSicht ziffer = SpaltenVon(zeile, 42, 1);
-    if (ziffer == u"1" && verzeichnis.Kapitel.emplace(position / 1'000'000, nummer).second) {
+    const TextSicht ziffer = SpaltenVon(datei.Zeile(nummer, 42), 42, 1);
+    const bool mitText = ziffer == u"2" || ziffer == u"3";
+    if (ziffer == u"1" && verzeichnis.Kapitel.try_emplace(position / 1'000'000, nummer).second) {
         verzeichnis.KapitelFolge.push_back(nummer);
     }
-    const bool mitText = ziffer == u"2" || ziffer == u"3";
-    if (mitText && !OhneLeerzeichenRechts(SpaltenVon(zeile, 93, 30)).empty()) {
-        verzeichnis.Text.emplace(position, nummer);
+    if (mitText && !OhneLeerzeichenRechts(SpaltenVon(datei.Zeile(nummer, 122), 93, 30)).empty()) {
+        verzeichnis.Text.try_emplace(position, nummer);
     }
 }
 
@@ -119,8 +120,11 @@ private:
 
     void OrteSuchen() {
         for (const Befund& befund : m_protokoll.Befunde) {
+            if (befund.Zeile > 0) {
+                continue;
+            }
             const Schluessel schluessel = SchluesselVon(befund);
-            if (befund.Zeile <= 0 && schluessel.Art == 'G') {
+            if (schluessel.Art == 'G') {
                 m_orte.Zeilen[schluessel.Position];
             }
         }
@@ -137,7 +141,7 @@ private:
         for (const Befund& befund : m_protokoll.Befunde) {
             const Schluessel schluessel = SchluesselVon(befund);
             const auto [fund, neu] =
-                nummern.emplace(schluessel, static_cast<std::uint32_t>(m_gliederung.Abschnitte.size()));
+                nummern.try_emplace(schluessel, static_cast<std::uint32_t>(m_gliederung.Abschnitte.size()));
             if (neu) {
                 Abschnitt abschnitt;
                 abschnitt.Art = schluessel.Art;
@@ -165,31 +169,58 @@ private:
 
     // Puts sections and findings into the order of the file.
     void Reihen() {
-        std::vector<std::uint32_t>& folge = m_gliederung.Folge;
-        folge.resize(m_protokoll.Befunde.size());
-        std::iota(folge.begin(), folge.end(), 0U);
-        const auto rang = [&](std::uint32_t i) {
-            const std::uint32_t abschnitt = m_abschnittVon[i];
-            return std::tuple(m_ersteZeile[abschnitt], m_gliederung.Abschnitte[abschnitt].Position, abschnitt,
-                              m_protokoll.Befunde[i].Zeile);
-        };
-        std::ranges::stable_sort(folge, {}, rang);
-
+        const std::vector<std::uint32_t> reihe = Abschnittsreihe();
+        const std::vector<std::uint32_t> enden = BefundeReihen(reihe);
         std::vector<Abschnitt> geordnet;
-        geordnet.reserve(m_gliederung.Abschnitte.size());
-        std::uint32_t letzter = std::numeric_limits<std::uint32_t>::max();
-        for (std::uint32_t stelle = 0; stelle < folge.size(); ++stelle) {
-            const std::uint32_t nummer = m_abschnittVon[folge[stelle]];
-            if (nummer != letzter) {
-                letzter = nummer;
-                geordnet.push_back(std::move(m_gliederung.Abschnitte[nummer]));
-                Abschnitt& neuer = geordnet.back();
-                neuer.Von = neuer.Bis = stelle;
-                neuer.ErsterEintrag = neuer.EndeEintraege = static_cast<std::uint32_t>(m_gliederung.Eintraege.size());
+        geordnet.reserve(reihe.size());
+        std::uint32_t stelle = 0;
+        for (const std::uint32_t nummer : reihe) {
+            Abschnitt& abschnitt = geordnet.emplace_back(std::move(m_gliederung.Abschnitte[nummer]));
+            abschnitt.Von = abschnitt.Bis = stelle;
+            abschnitt.ErsterEintrag = abschnitt.EndeEintraege =
+                static_cast<std::uint32_t>(m_gliederung.Eintraege.size());
+            for (; stelle < enden[nummer]; ++stelle) {
+                Einreihen(stelle, abschnitt);
             }
-            Einreihen(stelle, geordnet.back());
         }
         m_gliederung.Abschnitte = std::move(geordnet);
+    }
+
+    std::vector<std::uint32_t> Abschnittsreihe() const {
+        std::vector<std::uint32_t> reihe(m_gliederung.Abschnitte.size());
+        std::iota(reihe.begin(), reihe.end(), 0U);
+        std::ranges::sort(reihe, {}, [&](std::uint32_t nummer) {
+            return std::tuple(m_ersteZeile[nummer], m_gliederung.Abschnitte[nummer].Position, nummer);
+        });
+        return reihe;
+    }
+
+    // Lays the findings down by section, within it by line, within that as the protocol has them. Returns the end of
+    // each section.
+    std::vector<std::uint32_t> BefundeReihen(const std::vector<std::uint32_t>& reihe) {
+        std::vector<std::uint32_t> enden(reihe.size());
+        for (const std::uint32_t abschnitt : m_abschnittVon) {
+            ++enden[abschnitt];
+        }
+        std::uint32_t anfang = 0;
+        for (const std::uint32_t abschnitt : reihe) { // the number of findings gives way to the place of the first one
+            anfang += std::exchange(enden[abschnitt], anfang);
+        }
+        std::vector<std::uint32_t>& folge = m_gliederung.Folge;
+        folge.resize(m_abschnittVon.size());
+        for (std::uint32_t i = 0; i < folge.size(); ++i) {
+            folge[enden[m_abschnittVon[i]]++] = i;
+        }
+        anfang = 0;
+        for (const std::uint32_t abschnitt : reihe) {
+            const std::span<std::uint32_t> eigene(folge.data() + anfang, folge.data() + enden[abschnitt]);
+            const auto zeile = [&](std::uint32_t i) { return m_protokoll.Befunde[i].Zeile; };
+            if (!std::ranges::is_sorted(eigene, {}, zeile)) {
+                std::ranges::stable_sort(eigene, {}, zeile);
+            }
+            anfang = enden[abschnitt];
+        }
+        return enden;
     }
 
     void Einreihen(std::uint32_t stelle, Abschnitt& abschnitt) {

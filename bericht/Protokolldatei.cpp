@@ -204,13 +204,17 @@ bool IstTextDesCodes(const std::string& text, std::int32_t code, int sprache) {
 } // namespace
 
 std::uint32_t Woerter::Nummer(std::string_view text) {
-    const auto fund = m_nummern.find(text);
-    if (fund != m_nummern.end()) {
-        return fund->second;
+    std::uint32_t& juengste = m_juengste[std::hash<std::string_view>()(text) % m_juengste.size()];
+    if (*m_folge[juengste] == text) {
+        return juengste;
     }
-    const auto neu = m_nummern.emplace(text, static_cast<std::uint32_t>(m_folge.size())).first;
-    m_folge.push_back(&neu->first);
-    return neu->second;
+    auto fund = m_nummern.find(text);
+    if (fund == m_nummern.end()) {
+        fund = m_nummern.emplace(text, static_cast<std::uint32_t>(m_folge.size())).first;
+        m_folge.push_back(&fund->first);
+    }
+    juengste = fund->second;
+    return juengste;
 }
 
 std::string Protokoll::Projekttitel() const {

@@ -4,6 +4,7 @@
 #include "bericht/Meldungen.h"
 #include "support/Text.h"
 
+#include <array>
 #include <map>
 #include <optional>
 #include <string>
@@ -26,6 +27,8 @@ public:
 private:
     std::map<std::string, std::uint32_t, std::less<>> m_nummern{{"", 0}};
     std::vector<const std::string*> m_folge{&m_nummern.begin()->first};
+    std::array<std::uint32_t, 256>
+        m_juengste{}; // numbers, each at its text's place: what comes again mostly comes soon
 };
 
 struct Befund {

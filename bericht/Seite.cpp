@@ -348,7 +348,7 @@ private:
 
     std::string Record(std::int32_t nummer, const std::vector<std::uint32_t>& stellen) {
         constexpr std::size_t Hoechstens = 1000; // columns: a record has 256, a damaged file's line may be endless
-        const TextSicht zeile = OhneLeerzeichenRechts(m_inhalt.Datei.Zeile(nummer, Hoechstens));
+        const TextSicht zeile = m_inhalt.Datei.ZeileOhneRand(nummer, Hoechstens);
         std::vector<Recordbefund> befunde;
         for (const std::uint32_t stelle : stellen) {
             const Befund& befund = m_inhalt.BefundAn(stelle);
@@ -394,8 +394,8 @@ Seiteninhalt::Seiteninhalt(const Protokoll& protokoll, const Austauschdatei& dat
     std::map<std::tuple<std::int32_t, bool, std::uint32_t>, std::uint32_t> nummern;
     for (std::uint32_t i = 0; i < protokoll.Befunde.size(); ++i) {
         const Befund& befund = protokoll.Befunde[i];
-        const auto [fund, neu] = nummern.emplace(std::tuple(befund.Code, befund.IstWarnung, befund.Text),
-                                                 static_cast<std::uint32_t>(Codes.size()));
+        const auto [fund, neu] = nummern.try_emplace(std::tuple(befund.Code, befund.IstWarnung, befund.Text),
+                                                     static_cast<std::uint32_t>(Codes.size()));
         if (neu) {
             Codes.push_back({befund.Code, befund.IstWarnung, befund.Text, i, 0});
         }

@@ -20,9 +20,14 @@
 #include "state/SIA451Feldnamen.h"
 #include "support/HilfsFunktionen.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
 #include <functional>
+#include <map>
 #include <set>
-#include <unordered_map>
+#include <string_view>
+#include <vector>
 
 namespace zepholt::bericht {
 
@@ -32,9 +37,23 @@ constexpr std::size_t HoechstensSpalten = 1000;
 constexpr std::size_t KuerzesterLauf = 4; // of blanks: what stands for it takes three characters
 constexpr std::size_t LaengsterLauf = 36 * 36 - 1;
 
+// What stands for itself in a record of the data: no blank, which may be part of a run.
+constexpr std::array<bool, 128> Einfache = [] {
+    std::array<bool, 128> einfache{};
+    for (std::size_t zeichen = '!'; zeichen < 0x7F; ++zeichen) {
+        einfache[zeichen] = std::string_view("\"\\<>&`").find(static_cast<char>(zeichen)) == std::string_view::npos;
+    }
+    return einfache;
+}();
+
+bool IstEinfach(char16_t zeichen) {
+    return zeichen < Einfache.size() && Einfache[zeichen];
+}
+
 class Datenbau {
 public:
-    Datenbau(const Seiteninhalt& inhalt, Ausgabe& ausgabe) : m_inhalt(inhalt), m_ausgabe(ausgabe) {}
+    Datenbau(const Seiteninhalt& inhalt, Ausgabe& ausgabe)
+        : m_inhalt(inhalt), m_ausgabe(ausgabe), m_feldnummern(inhalt.Aus.Worte.Anzahl(), -1) {}
 
     void Schreiben() {
         m_ausgabe.Schreiben("{\"n\":" + std::to_string(m_inhalt.Aufbau.Folge.size()) + ",\"t\":{");
@@ -59,6 +78,8 @@ public:
     }
 
 private:
+    using Typeintrag = std::pair<const std::string, std::set<std::uint32_t>>;
+
     // Elements with commas between them.
     template <class Element>
     void Reihe(std::size_t anzahl, Element element) {
@@ -80,45 +101,88 @@ private:
     void AbschnittSchreiben(const Abschnitt& abschnitt, bool erster) {
         m_puffer = erster ? "\n[\"" : ",\n[\"";
         m_puffer += abschnitt.Art;
-        m_puffer += "\"," + std::to_string(abschnitt.Position) + ",[";
+        m_puffer += "\",";
+        ZahlAnhaengen(abschnitt.Position);
+        m_puffer += ",[";
         for (std::size_t i = 0; i < abschnitt.Herkunft.size(); ++i) {
-            m_puffer += (i > 0 ? "," : "") + std::to_string(abschnitt.Herkunft[i]);
+            m_puffer += i > 0 ? "," : "";
+            ZahlAnhaengen(abschnitt.Herkunft[i]);
         }
-        m_puffer += "]," + std::to_string(abschnitt.UmgebungAnzahl) + ",[";
+        m_puffer += "],";
+        ZahlAnhaengen(abschnitt.UmgebungAnzahl);
+        m_puffer += ",[";
         for (std::size_t i = 0; i < abschnitt.Umgebung.size(); ++i) {
             m_puffer += i > 0 ? "," : "";
             RecordAnhaengen(abschnitt.Umgebung[i]);
         }
         m_puffer += "],[";
-        BefundeAnhaengen(abschnitt.Von, abschnitt.Bis, {});
+        BefundeAnhaengen(abschnitt.Von, abschnitt.Bis, nullptr);
         m_puffer += "],[";
         for (std::uint32_t e = abschnitt.ErsterEintrag; e < abschnitt.EndeEintraege; ++e) {
             const Eintrag& eintrag = m_inhalt.Aufbau.Eintraege[e];
             m_puffer += e > abschnitt.ErsterEintrag ? "," : "";
-            const std::string& typ = RecordAnhaengen(eintrag.Zeile);
+            Typeintrag& typ = RecordAnhaengen(eintrag.Zeile);
             m_puffer += ",[";
-            BefundeAnhaengen(eintrag.Von, eintrag.Bis, typ);
+            BefundeAnhaengen(eintrag.Von, eintrag.Bis, &typ);
             m_puffer += ']';
         }
-        m_ausgabe.Schreiben(m_puffer + "]]");
+        m_puffer += "]]";
+        m_ausgabe.Schreiben(m_puffer);
+    }
+
+    void ZahlAnhaengen(std::int64_t zahl) {
+        std::array<char, 20> ziffern;
+        const auto ergebnis = std::to_chars(ziffern.data(), ziffern.data() + ziffern.size(), zahl);
+        m_puffer.append(ziffern.data(), ergebnis.ptr);
     }
 
     // Line number and record; returns the record's type.
-    const std::string& RecordAnhaengen(std::int32_t nummer) {
-        const TextSicht zeile = OhneLeerzeichenRechts(m_inhalt.Datei.Zeile(nummer, HoechstensSpalten));
-        m_puffer += std::to_string(nummer) + ",\"";
-        std::size_t stelle = 0;
-        while (stelle < zeile.size()) {
-            const std::size_t ende = std::min(zeile.find_first_not_of(u' ', stelle), zeile.size());
-            if (ende - stelle >= KuerzesterLauf) {
-                LaufAnhaengen(std::min(ende - stelle, LaengsterLauf));
-                stelle += std::min(ende - stelle, LaengsterLauf);
-                continue;
+    Typeintrag& RecordAnhaengen(std::int32_t nummer) {
+        TextSicht zeile = m_inhalt.Datei.ZeileOhneRand(nummer, HoechstensSpalten);
+        Typeintrag& typ = *m_typen.try_emplace(TypDerZeile(zeile)).first;
+        ZahlAnhaengen(nummer);
+        m_puffer += ",\"";
+        while (!zeile.empty()) {
+            LeereAnhaengen(zeile);
+            EinfacheAnhaengen(zeile);
+            if (!zeile.empty() && zeile.front() != u' ') {
+                ZeichenAnhaengen(zeile);
             }
-            stelle = ZeichenAnhaengen(zeile, stelle);
         }
         m_puffer += '"';
-        return *m_typen.emplace(TypDerZeile(zeile)).first;
+        return typ;
+    }
+
+    // These three take off the front of a line what they append.
+    void LeereAnhaengen(TextSicht& zeile) {
+        std::size_t anzahl = zeile.find_first_not_of(u' '); // its last character is none
+        zeile.remove_prefix(anzahl);
+        for (; anzahl >= KuerzesterLauf; anzahl -= std::min(anzahl, LaengsterLauf)) {
+            LaufAnhaengen(std::min(anzahl, LaengsterLauf));
+        }
+        m_puffer.append(anzahl, ' ');
+    }
+
+    void EinfacheAnhaengen(TextSicht& zeile) {
+        const auto ende = std::ranges::find_if_not(zeile, IstEinfach);
+        const std::size_t vorher = m_puffer.size();
+        m_puffer.resize(vorher + static_cast<std::size_t>(ende - zeile.begin()));
+        std::transform(zeile.begin(), ende, m_puffer.begin() + static_cast<std::ptrdiff_t>(vorher),
+                       [](char16_t zeichen) { return static_cast<char>(zeichen); });
+        zeile.remove_prefix(m_puffer.size() - vorher);
+    }
+
+    void ZeichenAnhaengen(TextSicht& zeile) {
+        const char16_t zeichen = zeile.front();
+        if (zeichen == u'`') {
+            m_puffer += "``";
+            zeile.remove_prefix(1);
+            return;
+        }
+        const bool paar = zeichen >= 0xD800 && zeichen <= 0xDBFF && zeile.size() > 1;
+        const std::string text = JsonText(Utf8(zeile.substr(0, paar ? 2 : 1)));
+        m_puffer.append(text, 1, text.size() - 2);
+        zeile.remove_prefix(paar ? 2 : 1);
     }
 
     void LaufAnhaengen(std::size_t laenge) {
@@ -128,39 +192,28 @@ private:
         m_puffer += Ziffern[laenge % 36];
     }
 
-    std::size_t ZeichenAnhaengen(TextSicht zeile, std::size_t stelle) {
-        const char16_t zeichen = zeile[stelle];
-        const bool einfach = zeichen >= u' ' && zeichen < 0x7F && zeichen != u'"' && zeichen != u'\\' &&
-                             zeichen != u'<' && zeichen != u'>' && zeichen != u'&';
-        if (einfach) {
-            m_puffer.append(zeichen == u'`' ? 2 : 1, static_cast<char>(zeichen));
-            return stelle + 1;
-        }
-        const bool paar = zeichen >= 0xD800 && zeichen <= 0xDBFF && stelle + 1 < zeile.size();
-        const std::string text = JsonText(Utf8(zeile.substr(stelle, paar ? 2 : 1)));
-        m_puffer.append(text, 1, text.size() - 2);
-        return stelle + (paar ? 2 : 1);
-    }
-
-    void BefundeAnhaengen(std::uint32_t von, std::uint32_t bis, const std::string& typ) {
+    // The findings of a record of that type, or those without a line.
+    void BefundeAnhaengen(std::uint32_t von, std::uint32_t bis, Typeintrag* typ) {
         for (std::uint32_t stelle = von; stelle < bis; ++stelle) {
-            const Befund& befund = m_inhalt.BefundAn(stelle);
-            m_puffer += (stelle > von ? "," : "") + std::to_string(m_inhalt.CodeAn(stelle)) + "," +
-                        std::to_string(Feldnummer(befund.Feld, typ));
+            m_puffer += stelle > von ? "," : "";
+            ZahlAnhaengen(m_inhalt.CodeAn(stelle));
+            m_puffer += ',';
+            ZahlAnhaengen(Feldnummer(m_inhalt.BefundAn(stelle).Feld, typ));
         }
     }
 
     // The number of a field reference in the data, -1 for none; takes note of the type that it is used in.
-    std::int64_t Feldnummer(std::uint32_t feld, const std::string& typ) {
+    std::int64_t Feldnummer(std::uint32_t feld, Typeintrag* typ) {
         if (feld == 0) {
             return -1;
         }
-        const auto [fund, neu] = m_feldnummern.emplace(feld, m_felder.size());
-        if (neu) {
+        if (m_feldnummern[feld] < 0) {
+            m_feldnummern[feld] = std::ssize(m_felder);
             m_felder.push_back(feld);
         }
-        m_paare.emplace(typ.empty() ? TypAus(m_inhalt.Aus.Worte.Wort(feld)) : typ, feld);
-        return static_cast<std::int64_t>(fund->second);
+        const bool ohneTyp = typ == nullptr || typ->first.empty();
+        (ohneTyp ? m_typen[TypAus(m_inhalt.Aus.Worte.Wort(feld))] : typ->second).insert(feld);
+        return m_feldnummern[feld];
     }
 
     void VerzeichnisseSchreiben() {
@@ -171,16 +224,17 @@ private:
         });
         m_ausgabe.Schreiben("],\n\"o\":{");
         bool erster = true;
-        for (const auto& [typ, nummer] : m_paare) {
-            m_typen.insert(typ);
-            const std::string& feld = m_inhalt.Aus.Worte.Wort(nummer);
-            m_ausgabe.Schreiben((erster ? "" : ",") + JsonText(typ + " " + feld) + ":" +
-                                JsonText(Ortskuerzel(FeldortVon(feld, LayoutsDesTyps(typ)))));
-            erster = false;
+        for (const auto& [typ, nummern] : m_typen) {
+            for (const std::uint32_t nummer : nummern) {
+                const std::string& feld = m_inhalt.Aus.Worte.Wort(nummer);
+                m_ausgabe.Schreiben((erster ? "" : ",") + JsonText(typ + " " + feld) + ":" +
+                                    JsonText(Ortskuerzel(FeldortVon(feld, LayoutsDesTyps(typ)))));
+                erster = false;
+            }
         }
         m_ausgabe.Schreiben("},\n\"l\":{");
         erster = true;
-        for (const std::string& typ : m_typen) {
+        for (const auto& [typ, nummern] : m_typen) {
             const std::span<const RecordLayout> layouts = LayoutsDesTyps(typ);
             if (!layouts.empty()) {
                 m_ausgabe.Schreiben((erster ? "" : ",") + JsonText(typ) + ":" + Layout(typ, layouts));
@@ -210,10 +264,9 @@ private:
     const Seiteninhalt& m_inhalt;
     Ausgabe& m_ausgabe;
     std::string m_puffer;
-    std::set<std::string> m_typen;
-    std::unordered_map<std::uint32_t, std::size_t> m_feldnummern;
+    std::map<std::string, std::set<std::uint32_t>> m_typen; // with the references that they are used with
+    std::vector<std::int64_t> m_feldnummern;                // of each word of the protocol in m_felder, -1 for none
     std::vector<std::uint32_t> m_felder;
-    std::set<std::pair<std::string, std::uint32_t>> m_paare;
 };
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "bericht/Zeichen.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 namespace zepholt::bericht {
@@ -12,16 +13,16 @@ namespace {
 constexpr std::size_t GroessteTiefe = 64;
 constexpr std::size_t LaengsterVerweis = 12;
 
-bool IstLeerraum(char zeichen) {
+constexpr bool IstLeerraum(char zeichen) {
     return zeichen == ' ' || zeichen == '\t' || zeichen == '\n' || zeichen == '\r';
 }
 
-bool IstNamensanfang(char zeichen) {
+constexpr bool IstNamensanfang(char zeichen) {
     return (zeichen >= 'A' && zeichen <= 'Z') || (zeichen >= 'a' && zeichen <= 'z') || zeichen == '_' ||
            zeichen == ':' || static_cast<unsigned char>(zeichen) >= 0x80;
 }
 
-bool IstNamenszeichen(char zeichen) {
+constexpr bool IstNamenszeichen(char zeichen) {
     return IstNamensanfang(zeichen) || (zeichen >= '0' && zeichen <= '9') || zeichen == '-' || zeichen == '.';
 }
 
@@ -31,9 +32,31 @@ bool IstXmlZeichen(char32_t zeichen) {
 }
 
 // Characters that stand for themselves wherever they stand.
-bool IstEinfach(char zeichen) {
+constexpr bool IstEinfach(char zeichen) {
     return zeichen >= ' ' && zeichen < 0x7F && zeichen != '<' && zeichen != '&' && zeichen != '"' && zeichen != '\'' &&
            zeichen != ']';
+}
+
+// The answers of one of the questions above for each byte: nearly all bytes of a protocol are asked about.
+using Zeichenmenge = std::array<bool, 256>;
+
+constexpr Zeichenmenge MengeVon(bool (*gehoertDazu)(char)) {
+    Zeichenmenge menge{};
+    for (std::size_t byte = 0; byte < menge.size(); ++byte) {
+        menge[byte] = gehoertDazu(static_cast<char>(byte));
+    }
+    return menge;
+}
+
+constexpr Zeichenmenge Namenszeichen = MengeVon(IstNamenszeichen);
+constexpr Zeichenmenge Einfache = MengeVon(IstEinfach);
+
+// The place of the first byte from `stelle` on that isn't in the set, or the end.
+std::size_t EndeDer(const Zeichenmenge& menge, std::string_view bytes, std::size_t stelle) {
+    while (stelle < bytes.size() && menge[static_cast<unsigned char>(bytes[stelle])]) {
+        ++stelle;
+    }
+    return stelle;
 }
 
 // The length of the sequence that a leading byte of UTF-8 announces, 0 for none.
@@ -77,7 +100,7 @@ XmlLeser::XmlLeser(std::string_view bytes) : m_bytes(bytes) {
 
 const std::string* XmlLeser::Attribut(std::string_view name) const {
     for (std::size_t i = 0; i < m_anzahl; ++i) {
-        if (m_attribute[i].Name == name) {
+        if (m_attribute[i].Name.front() == name.front() && m_attribute[i].Name == name) {
             return &m_attribute[i].Wert;
         }
     }
@@ -103,6 +126,13 @@ void XmlLeser::Erwarte(std::string_view text) {
     m_stelle += text.size();
 }
 
+void XmlLeser::Erwarte(char zeichen) {
+    if (m_stelle >= m_bytes.size() || m_bytes[m_stelle] != zeichen) {
+        Ablehnen(XmlMangel::KeinXml);
+    }
+    ++m_stelle;
+}
+
 bool XmlLeser::Leerraum() {
     const std::size_t anfang = m_stelle;
     while (IstLeerraum(Blick())) {
@@ -116,9 +146,7 @@ std::string_view XmlLeser::NameLesen() {
     if (!IstNamensanfang(Blick())) {
         Ablehnen(XmlMangel::KeinXml);
     }
-    while (m_stelle < m_bytes.size() && IstNamenszeichen(m_bytes[m_stelle])) {
-        ++m_stelle;
-    }
+    m_stelle = EndeDer(Namenszeichen, m_bytes, m_stelle);
     return m_bytes.substr(anfang, m_stelle - anfang);
 }
 
@@ -136,9 +164,7 @@ std::string_view XmlLeser::Bis(std::string_view ende) {
 
 void XmlLeser::ZeichenLesen(std::string& ziel) {
     const std::size_t anfang = m_stelle;
-    while (m_stelle < m_bytes.size() && IstEinfach(m_bytes[m_stelle])) {
-        ++m_stelle;
-    }
+    m_stelle = EndeDer(Einfache, m_bytes, m_stelle);
     if (m_stelle > anfang) {
         ziel.append(m_bytes.substr(anfang, m_stelle - anfang));
         return;
@@ -208,7 +234,7 @@ void XmlLeser::AttributLesen() {
         Ablehnen(XmlMangel::Attribut);
     }
     Leerraum();
-    Erwarte("=");
+    Erwarte('=');
     Leerraum();
     const char zeichen = Blick();
     if (zeichen != '"' && zeichen != '\'') {
@@ -242,7 +268,7 @@ XmlTeil XmlLeser::Anfang() {
     if (m_offen.empty() && m_gesehen) { // a second root
         Ablehnen(XmlMangel::Verschachtelung);
     }
-    Erwarte("<");
+    Erwarte('<');
     m_name = NameLesen();
     m_anzahl = 0;
     while (Leerraum() && Blick() != '/' && Blick() != '>') {
@@ -265,7 +291,7 @@ XmlTeil XmlLeser::Ende() {
         Ablehnen(XmlMangel::Verschachtelung);
     }
     Leerraum();
-    Erwarte(">");
+    Erwarte('>');
     m_offen.pop_back();
     return XmlTeil::Ende;
 }
@@ -293,6 +319,9 @@ bool XmlLeser::TextLesen() {
     m_text.clear();
     bool etwas = false;
     while (m_stelle < m_bytes.size()) {
+        if (Blick() == '<' && Blick(1) != '!' && Blick(1) != '?') { // a tag, as nearly always
+            break;
+        }
         if (Beginnt("<![CDATA[")) {
             m_stelle += 9;
             const std::size_t ende = m_bytes.find("]]>", m_stelle);

@@ -39,7 +39,7 @@ public:
     // Of a text, in UTF-8.
     const std::string& Text() const { return m_text; }
 
-    // The value of an attribute of the beginning that was met, in UTF-8; none when it is missing.
+    // The value of an attribute of the beginning that was met, in UTF-8; none when it is missing. No name is empty.
     const std::string* Attribut(std::string_view name) const;
 
     std::size_t Stelle() const { return m_stelle; }
@@ -54,6 +54,7 @@ private:
     char Blick(std::size_t weiter = 0) const;
     bool Beginnt(std::string_view text) const;
     void Erwarte(std::string_view text);
+    void Erwarte(char zeichen);
     bool Leerraum();
     std::string_view NameLesen();
     std::string_view Bis(std::string_view ende);
