@@ -20,7 +20,8 @@ int main(int anzahl, char** argumente) {
         }
         std::filesystem::current_path(zeile.substr(0, tabulator));
         zepholt::NeuerLauf();
-        std::cout << zepholt::Main(zepholt::Text(zeile.begin() + static_cast<std::ptrdiff_t>(tabulator) + 1, zeile.end()))
+        std::cout << zepholt::Main(
+                         zepholt::Text(zeile.begin() + static_cast<std::ptrdiff_t>(tabulator) + 1, zeile.end()))
                   << '\n';
     }
     return laeufe > 0 ? 0 : 1;
