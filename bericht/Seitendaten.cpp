@@ -164,7 +164,7 @@ private:
     }
 
     void EinfacheAnhaengen(TextSicht& zeile) {
-        const auto ende = std::ranges::find_if_not(zeile, IstEinfach);
+        const auto ende = std::find_if_not(zeile.begin(), zeile.end(), IstEinfach);
         const std::size_t vorher = m_puffer.size();
         m_puffer.resize(vorher + static_cast<std::size_t>(ende - zeile.begin()));
         std::transform(zeile.begin(), ende, m_puffer.begin() + static_cast<std::ptrdiff_t>(vorher),
