@@ -1,8 +1,7 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
 # cases by code with what users get and its limits, the program in the browser, the tests on Windows under Wine, the pages,
-# many files, and the packages. What runs under Wine and in browsers, which waits more than it works, has a road of its own
-# beside the rest.
+# many files, and the packages. What runs under Wine, which waits more than it works, has a road of its own beside the rest.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -16,8 +15,8 @@ stufe() {
     echo "== $1"
 }
 
-# All that runs under Wine or in a browser. Needs the release build, and the debug build of the tests.
-daneben() {
+# All that runs under Wine. Needs the release build, and the debug build of the tests.
+unter_wine() {
     seit=
     stufe "The Windows program and its tests under Wine"
     tools/windows_pruefen.sh
@@ -29,16 +28,6 @@ daneben() {
     stufe "The windows of the Windows program, and files dropped on zepholt-pruefen"
     tests/fenster/wine_fenster.sh
     tests/desktop/wine_pruefen.sh
-
-    stufe "The same protocols from the module for browsers, under node"
-    ./web.sh
-    tests/web/gleich.sh build/release/zepholt
-
-    stufe "The page that tests in a browser, in Chromium"
-    tests/web/seiten_pruefen.sh build/release
-
-    stufe "The pages of the codes, in Chromium"
-    tests/hilfe/seiten_pruefen.sh build/debug
     stufe "All of it done"
 }
 
@@ -56,8 +45,8 @@ tools/tidy.py build/debug
 stufe "The main job"
 ./run.sh >/dev/null
 cmake --build --preset debug --target ziehen zepholt zepholt-bericht
-daneben >build/daneben.log 2>&1 &
-neben=$!
+unter_wine >build/unter_wine.log 2>&1 &
+wine=$!
 trap wait EXIT # also when a stage fails
 
 stufe "Tests under the address and undefined-behaviour sanitizers"
@@ -79,6 +68,16 @@ tools/ctest_lauf.sh build/release -R '^codes/'
 stufe "The same protocols from every compiler, on random files"
 tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 2000
 
+stufe "The same protocols from the module for browsers, under node"
+./web.sh
+tests/web/gleich.sh build/release/zepholt
+
+stufe "The page that tests in a browser, in Chromium"
+tests/web/seiten_pruefen.sh build/release
+
+stufe "The pages of the codes, in Chromium"
+tests/hilfe/seiten_pruefen.sh build/debug
+
 stufe "What users get: hardened, and within its limits"
 tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
 tests/fehler/grenzen.py build/release/zepholt 100
@@ -90,12 +89,12 @@ stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 
-stufe "What ran under Wine and in browsers beside all this"
-wait "$neben" || {
-    cat build/daneben.log
+stufe "What ran under Wine beside all this"
+wait "$wine" || {
+    cat build/unter_wine.log
     exit 1
 }
-cat build/daneben.log
+cat build/unter_wine.log
 
 stufe "The packages, and from each to the first report in a minute: a fresh Debian 12, the static build, Wine"
 ./package.sh >build/pakete.log 2>&1 || {
