@@ -44,18 +44,6 @@ std::span<const unsigned char> OhneRand(std::span<const unsigned char> zeile) {
     return zeile.first(laenge);
 }
 
-// The number of a field of digits alone, as nearly all are; none for any other.
-std::optional<std::int64_t> Ziffernwert(std::span<const unsigned char> feld) {
-    std::int64_t wert = 0;
-    for (const unsigned char ziffer : feld) {
-        if (ziffer < '0' || ziffer > '9') {
-            return std::nullopt;
-        }
-        wert = wert * 10 + (ziffer - '0');
-    }
-    return wert;
-}
-
 // The number in a field, 0 for one that none can be read from or that is out of range.
 std::int64_t Nummer(TextSicht feld) {
     const double wert = ZahlAmAnfang(feld);
@@ -128,10 +116,10 @@ char Austauschdatei::Buchstabe(std::int32_t nummer) const {
 std::int64_t Austauschdatei::Position(std::int32_t nummer) const {
     const std::span<const unsigned char> bytes = Rohzeile(nummer);
     if (bytes.size() >= Positionsende && AsciiEnde(bytes.first(Positionsende), 0) == Positionsende) { // a byte a column
-        const std::optional<std::int64_t> kapitel = Ziffernwert(bytes.subspan(1, 3));
-        const std::optional<std::int64_t> position = Ziffernwert(bytes.subspan(7, 6));
-        if (kapitel && position) {
-            return *kapitel * 1'000'000 + *position;
+        const Feldsicht kapitel(bytes.data() + 1, 3);
+        const Feldsicht position(bytes.data() + 7, 6);
+        if (NurZiffern(kapitel) && NurZiffern(position)) { // as nearly all are
+            return Ziffernwert(kapitel) * 1'000'000 + Ziffernwert(position);
         }
     }
     const TextSicht zeile = Zeile(nummer, Positionsende);

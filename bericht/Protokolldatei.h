@@ -27,8 +27,7 @@ public:
 private:
     std::map<std::string, std::uint32_t, std::less<>> m_nummern{{"", 0}};
     std::vector<const std::string*> m_folge{&m_nummern.begin()->first};
-    std::array<std::uint32_t, 256>
-        m_juengste{}; // numbers, each at its text's place: what comes again mostly comes soon
+    std::array<std::uint32_t, 256> m_juengste{}; // numbers by hash value of their text: what comes again comes soon
 };
 
 struct Befund {

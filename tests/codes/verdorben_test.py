@@ -11,7 +11,8 @@ DOKUMENT = datei("E1S", geordnet(
     G2(111001, n=251)))
 EINS = eintrag(kapitel(H(111, U(1, V(1, a="x", e=2)), "\x01", U(100, w=100199)), H(112)), kuerzel={1: b'<U N="10"/>', 7: b"x"})
 ZWEI, DREI = (eintrag(kapitel(H(111, U(1)), n=n), nummer=n) for n in (242, 251))
-STUECK = 25  # bytes whose runs share a process: it may take a minute
+STUECK = 25  # bytes whose runs share a process, which may take FRIST seconds and needs less than one
+FRIST = 15
 
 
 def verdorben(inhalt, i):
@@ -47,7 +48,7 @@ def enden(inhalt, lege, erstes):
                 (ort() / wo).mkdir(parents=True)
                 (ort() / wo / "e.E1S").write_bytes(DOKUMENT)
                 folge[i, was, auftrag] = wo, parameter(auftrag, katalog=lege(ort() / wo, schlecht))
-    return dict(zip(folge, befehle(folge.values())))
+    return dict(zip(folge, befehle(folge.values(), frist=FRIST)))
 
 
 def pruefe(inhalt, lege, i):
