@@ -9,6 +9,7 @@
 #include "intake/TestTechnisch.h"
 #include "intake/UTF8_Speicherung.h"
 #include "intake/UniversalSchluessel.h"
+#include "state/SIA451Felder.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 #include "support/Utf8.h"
@@ -82,6 +83,10 @@ void PruefeSpaltenmengen(const std::vector<Text>& zeilen) {
         SpaltenEinzelnEinteilen(testDaten.Zeilen[i], einzeln);
         Verlange(Gleich(Satz(testDaten.Zeilen[i]).Arten(), einzeln), "the kinds of columns");
         Verlange(Gleich(Satz(zeilen[i]).Arten(), einzeln), "the same in 16 bits");
+        const Spaltenmenge& felder = *RecordtypVon(testDaten.Zeilen[i]).Felder;
+        const Spaltenmenge auffaellige = AuffaelligeSpaltenEinzeln(testDaten.Zeilen[i], felder);
+        Verlange(AuffaelligeSpalten(testDaten.Zeilen[i], felder).Worte == auffaellige.Worte, "the conspicuous columns");
+        Verlange(AuffaelligeSpalten(zeilen[i], felder).Worte == auffaellige.Worte, "the same in 16 bits");
     }
 }
 

@@ -39,13 +39,25 @@ std::string WennGegeben(TextSicht name, TextSicht wert) {
     return XmlBytes(TextSicht(element).substr(0, element.size() - 2));
 }
 
-// Digits, letters, points, colons and hyphens only: nothing to escape. An attribute without a value is left out.
-void AttributSchliessen(std::string& attribut) {
-    if (attribut.back() == '"') {
-        attribut.clear();
+// Digits, letters, points, colons and hyphens only: nothing to escape. An attribute that begins at `anfang` and got no
+// value is left out.
+void AttributSchliessen(std::string& bytes, std::size_t anfang) {
+    if (bytes.back() == '"') {
+        bytes.resize(anfang);
     } else {
-        attribut.push_back('"');
+        bytes.push_back('"');
     }
+}
+
+void FeldattributAnhaengen(std::string& bytes, const FehlerEintrag& eintrag) {
+    const std::size_t anfang = bytes.size();
+    bytes.append(" F=\"");
+    if (eintrag.Zeile >= 0) {
+        FeldAnhaengen(bytes, eintrag.Zeile, eintrag.Spalte);
+    } else {
+        bytes.append(Zahlziffern(eintrag.Spalte).Sicht());
+    }
+    AttributSchliessen(bytes, anfang);
 }
 
 } // namespace
@@ -72,27 +84,51 @@ std::string_view Fehlerausgabe::Element(const FehlerEintrag& eintrag) {
     OrtNachfuehren(eintrag);
     m_letzter = eintrag;
     const std::int32_t platz = FehlerPlatz(eintrag.Code);
-    if (platz < 0) {
+    if (platz < 0 || HatZeile(eintrag) != (eintrag.Zeile >= 0)) { // rare ones take the plain way
         return m_element = XmlBytes(ErrorElement(eintrag));
     }
-    const Codeteile& code = TeileVon(eintrag.Code, static_cast<std::size_t>(platz));
-    m_element = "<Error";
-    if (HatZeile(eintrag)) {
-        m_element += m_zeile;
-    }
-    if (!IstFormfehler(eintrag.Code)) {
-        m_element += m_position;
-    }
-    m_element += code.Art;
-    m_element += eintrag.Spalte > 0 ? m_feld : code.Feld;
-    return m_element += code.Meldung;
+    m_element.assign(m_anfang, 0, IstFormfehler(eintrag.Code) ? m_ohnePosition : std::string::npos);
+    return m_element.append(Ende(eintrag, static_cast<std::size_t>(platz)));
 }
 
-const Fehlerausgabe::Codeteile& Fehlerausgabe::TeileVon(std::int32_t code, std::size_t platz) {
+// Line and position are made anew where they are others than those of the finding before.
+void Fehlerausgabe::OrtNachfuehren(const FehlerEintrag& eintrag) {
+    const bool andereZeile = m_element.empty() || eintrag.Zeile != m_letzter.Zeile;
+    if (!andereZeile && eintrag.Kapitel == m_letzter.Kapitel && eintrag.Position == m_letzter.Position) {
+        return;
+    }
+    FolgendesVorausholen(eintrag.Zeile);
+    m_layouts = andereZeile ? LayoutsDerZeile(eintrag.Zeile) : m_layouts;
+    m_anfang.assign("<Error");
+    if (eintrag.Zeile >= 0) {
+        m_anfang.append(" L=\"").append(Zahlziffern(std::int64_t{eintrag.Zeile} + 1).Sicht()).push_back('"');
+    }
+    m_ohnePosition = m_anfang.size();
+    m_anfang.append(" I=\"");
+    PositionAnhaengen(m_anfang, eintrag.Zeile, eintrag.Kapitel, eintrag.Position);
+    AttributSchliessen(m_anfang, m_ohnePosition);
+}
+
+const std::string& Fehlerausgabe::Ende(const FehlerEintrag& eintrag, std::size_t platz) {
+    Codeteile& teile = TeileVon(eintrag.Code, platz);
+    if (eintrag.Spalte <= 0) {
+        return teile.OhneSpalte;
+    }
+    const RecordLayout* feld = LayoutBei(m_layouts, eintrag.Spalte);
+    if (feld == nullptr || feld != teile.Feld) {
+        teile.Feld = feld;
+        teile.MitSpalte = teile.Art;
+        FeldattributAnhaengen(teile.MitSpalte, eintrag);
+        teile.MitSpalte += teile.Meldung;
+    }
+    return teile.MitSpalte;
+}
+
+Fehlerausgabe::Codeteile& Fehlerausgabe::TeileVon(std::int32_t code, std::size_t platz) {
     m_codes.resize(FehlerTexte().size());
-    std::unique_ptr<const Codeteile>& teile = m_codes[platz];
+    std::unique_ptr<Codeteile>& teile = m_codes[platz];
     if (!teile) {
-        teile = std::make_unique<const Codeteile>(TeileAus(code));
+        teile = std::make_unique<Codeteile>(TeileAus(code));
     }
     return *teile;
 }
@@ -103,31 +139,11 @@ Fehlerausgabe::Codeteile Fehlerausgabe::TeileAus(std::int32_t code) {
     tqXML::setAttribute(u"E", FehlerSchwere(code), art);
     Text meldung = u"/>";
     tqXML::setAttribute(u"T", FehlerText(code, testDaten.Sprache), meldung);
-    return {.Art = XmlBytes(TextSicht(art).substr(0, art.size() - 2)),
-            .Feld = WennGegeben(u"F", FehlerFeld(code)),
-            .Meldung = XmlBytes(meldung)};
-}
-
-// Line, position and field are made anew where they are others than those of the finding before.
-void Fehlerausgabe::OrtNachfuehren(const FehlerEintrag& eintrag) {
-    const bool andereZeile = m_element.empty() || eintrag.Zeile != m_letzter.Zeile;
-    if (andereZeile) {
-        m_zeile = " L=\"" + std::to_string(std::int64_t{eintrag.Zeile} + 1) + '"';
-    }
-    if (andereZeile || eintrag.Kapitel != m_letzter.Kapitel || eintrag.Position != m_letzter.Position) {
-        m_position.assign(" I=\"");
-        PositionAnhaengen(m_position, eintrag.Zeile, eintrag.Kapitel, eintrag.Position);
-        AttributSchliessen(m_position);
-    }
-    if (eintrag.Spalte > 0 && (andereZeile || eintrag.Spalte != m_letzter.Spalte)) {
-        m_feld.assign(" F=\"");
-        if (eintrag.Zeile >= 0) {
-            FeldAnhaengen(m_feld, eintrag.Zeile, eintrag.Spalte);
-        } else {
-            m_feld.append(std::to_string(eintrag.Spalte));
-        }
-        AttributSchliessen(m_feld);
-    }
+    Codeteile teile;
+    teile.Art = XmlBytes(TextSicht(art).substr(0, art.size() - 2));
+    teile.Meldung = XmlBytes(meldung);
+    teile.OhneSpalte = teile.Art + WennGegeben(u"F", FehlerFeld(code)) + teile.Meldung;
+    return teile;
 }
 
 } // namespace zepholt

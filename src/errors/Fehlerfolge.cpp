@@ -109,6 +109,7 @@ class Zahlenreihe {
 public:
     std::optional<std::uint64_t> Zahl(const FehlerEintrag& eintrag) {
         if (!m_ort || eintrag.Zeile != m_zeile || eintrag.Kapitel != m_kapitel || eintrag.Position != m_position) {
+            FolgendesVorausholen(eintrag.Zeile);
             m_ort = Ortszahl(eintrag.Zeile, SortierPosition(eintrag));
             m_zeile = eintrag.Zeile;
             m_kapitel = eintrag.Kapitel;

@@ -1,6 +1,5 @@
 #include "errors/Fehlerort.h"
 
-#include "state/SIA451Felder.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
 
@@ -10,13 +9,13 @@ namespace zepholt {
 
 namespace {
 
-// The line of the file with that number, once the lines have numbers: a line's number is its index.
+// Once the lines have numbers, a line's number is its index.
+bool InDatei(std::int32_t zeile) {
+    return zeile >= 0 && testDaten.ZeilenNummeriert && static_cast<std::size_t>(zeile) < testDaten.Zeilen.size();
+}
+
 std::optional<Feldsicht> ZeileDerDatei(std::int32_t zeile) {
-    const auto index = static_cast<std::size_t>(zeile);
-    if (zeile < 0 || !testDaten.ZeilenNummeriert || index >= testDaten.Zeilen.size()) {
-        return std::nullopt;
-    }
-    return testDaten.Zeilen[index];
+    return InDatei(zeile) ? std::optional(testDaten.Zeilen[static_cast<std::size_t>(zeile)]) : std::nullopt;
 }
 
 // Chapter and position as one number, chapter times 1,000,000 plus position; none when no position can be told.
@@ -48,9 +47,9 @@ void PositionAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t kapi
         return;
     }
     // Ten digits, of which the first is dropped; fewer where a record's own chapter is negative.
-    const std::string ziffern = std::to_string(*nummer + 1'000'000'000);
+    const Zahlziffern ziffern(*nummer + 1'000'000'000);
     const auto gruppe = [&](std::size_t ab) {
-        return ab < ziffern.size() ? std::string_view(ziffern).substr(ab, 3) : std::string_view();
+        return ab < ziffern.Sicht().size() ? ziffern.Sicht().substr(ab, 3) : std::string_view();
     };
     bytes.append(gruppe(1)).append(".").append(gruppe(4)).append(".").append(gruppe(7));
 }
@@ -61,20 +60,30 @@ Text PositionsText(std::int32_t zeile, std::int32_t kapitel, std::int32_t positi
     return AusAscii(bytes);
 }
 
+void FolgendesVorausholen(std::int32_t zeile) {
+    if (InDatei(zeile)) {
+        testDaten.Zeilen.Vorausholen(static_cast<std::size_t>(zeile));
+    }
+}
+
+std::span<const RecordLayout> LayoutsDerZeile(std::int32_t zeile) {
+    const std::optional<Feldsicht> record = ZeileDerDatei(zeile);
+    return record ? LayoutsVon(*record) : std::span<const RecordLayout>();
+}
+
 void FeldAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t spalte) {
     const std::optional<Feldsicht> record = ZeileDerDatei(zeile);
     if (!record) {
         return;
     }
-    for (const RecordLayout& layout : LayoutsVon(*record)) {
-        if (spalte >= layout.Spalte && spalte < layout.Spalte + layout.Laenge) {
-            for (const char16_t zeichen : layout.Feldbezug) {
-                bytes.push_back(static_cast<char>(zeichen));
-            }
-            return;
-        }
+    const RecordLayout* feld = LayoutBei(LayoutsVon(*record), spalte);
+    if (feld == nullptr) {
+        bytes.append(Zahlziffern(spalte).Sicht());
+        return;
     }
-    bytes.append(std::to_string(spalte));
+    for (const char16_t zeichen : feld->Feldbezug) {
+        bytes.push_back(static_cast<char>(zeichen));
+    }
 }
 
 Text FeldName(std::int32_t zeile, std::int32_t spalte) {

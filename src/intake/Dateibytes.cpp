@@ -15,7 +15,7 @@ constexpr std::size_t Lesestueck = 1 << 20; // bytes: between two of them a wait
 
 } // namespace
 
-Bytes DateiBytesLesen(const Text& pfad) {
+Bytes DateiBytesLesen(const Text& pfad, const std::function<void(ByteSicht)>& gelesen) {
     LeseDatei datei(pfad);
     if (datei.Groesse() > std::numeric_limits<std::size_t>::max() / sizeof(char16_t)) {
         throw std::bad_alloc();
@@ -23,11 +23,12 @@ Bytes DateiBytesLesen(const Text& pfad) {
     Bytes bytes(static_cast<std::size_t>(datei.Groesse()));
     for (std::size_t stelle = 0; stelle < bytes.size();) {
         const std::span ziel(bytes.data() + stelle, std::min(bytes.size() - stelle, Lesestueck));
-        const std::size_t gelesen = datei.Lies(stelle, ziel);
-        if (gelesen == 0) {
+        const std::size_t anzahl = datei.Lies(stelle, ziel);
+        if (anzahl == 0) {
             throw LaufzeitFehler("file became shorter while it was read");
         }
-        stelle += gelesen;
+        stelle += anzahl;
+        gelesen(bytes.Sicht().first(stelle));
         BedieneFenster();
     }
     return bytes;

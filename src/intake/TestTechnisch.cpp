@@ -2,7 +2,6 @@
 
 #include "errors/TestFehler.h"
 #include "intake/Dateibytes.h"
-#include "intake/TestCRLFCodierung.h"
 #include "intake/TestUTF8Codierung.h"
 #include "intake/UTF8_Speicherung.h"
 #include "intake/UniversalSchluessel.h"
@@ -78,12 +77,12 @@ bool PruefeKopf(Feldsicht kopf) {
 }
 
 // The tests on the bytes of the whole file.
-bool PruefeBytes(ByteSicht bytes) {
-    if (CrLfPruefen(bytes) != 0) { // an empty file too
+bool PruefeBytes(ByteSicht bytes, const Zeilenschnitt& schnitt) {
+    if (schnitt.CrLfErgebnis() != 0) { // an empty file too
         return Ablehnen(2001);
     }
     if (testDaten.IstE1S) {
-        const std::int32_t ergebnis = Utf8DateiPruefen(bytes);
+        const std::int32_t ergebnis = Utf8DateiPruefen(bytes, schnitt.ErsteBesondere());
         if (ergebnis != 0) {
             return ergebnis == 1 ? Ablehnen(2007) : Ablehnen(2008);
         }
@@ -106,9 +105,11 @@ void ZeilenLesen(Zeilenleser& leser, std::size_t laenge) {
 
 bool Einlesen() {
     DateiartBestimmen();
-    testDaten.Puffer = DateiBytesLesen(testDaten.Austauschdatei);
+    Zeilenschnitt schnitt;
+    testDaten.Puffer =
+        DateiBytesLesen(testDaten.Austauschdatei, [&schnitt](ByteSicht bisher) { schnitt.Nimm(bisher); });
     const ByteSicht bytes = testDaten.Puffer.Sicht();
-    if (!PruefeBytes(bytes)) {
+    if (!PruefeBytes(bytes, schnitt)) {
         return false;
     }
     ZeigeSchritt(Uebersetze(u"Liest Austauschdatei ein"), Balkenwert(bytes.size()));
@@ -117,7 +118,7 @@ bool Einlesen() {
     if (!Utf8KopfPruefen(kopf)) {
         return FalscheKennung();
     }
-    Zeilenleser leser(static_cast<std::size_t>(kopf.data() - bytes.data()));
+    Zeilenleser leser(schnitt, static_cast<std::size_t>(kopf.data() - bytes.data()));
     leser.Naechste();
     if (!PruefeKopf(leser.Zeilen().front())) {
         return false;
@@ -180,11 +181,17 @@ bool PruefeSchluessel() {
 void PruefeZeichen() {
     ErlaubteZeichenAufbauen();
     testDaten.UndefinierterRecordTyp = false;
-    for (std::size_t k = 0; k < testDaten.Zeilen.size(); ++k) {
-        testDaten.Record = testDaten.Zeilen[k];
+    const std::size_t letzte = testDaten.Zeilen.size() - 1; // stays in hand
+    for (std::size_t k = 0; k <= letzte; ++k) {
+        BedieneFenster();
+        testDaten.Zeilen.Vorausholen(k);
+        const Feldsicht zeile = testDaten.Zeilen[k];
+        if (k < letzte && OhneZeichenbefund(zeile)) {
+            continue;
+        }
+        testDaten.Record = zeile;
         testDaten.ZeilenNr = static_cast<std::int32_t>(k);
         RecordZeichenTest();
-        BedieneFenster();
     }
     if (testDaten.UndefinierterRecordTyp) {
         testDaten.ZeilenNr = -1;

@@ -18,9 +18,9 @@ bool IstNichtzeichen(char32_t codepunkt) {
 
 } // namespace
 
-std::int32_t Utf8DateiPruefen(ByteSicht bytes) {
+std::int32_t Utf8DateiPruefen(ByteSicht bytes, std::size_t ab) {
     std::optional<std::size_t> jenseits; // the place of the first character above U+FFFF
-    for (std::size_t stelle = AsciiEnde(bytes, 0); stelle < bytes.size(); stelle = AsciiEnde(bytes, stelle)) {
+    for (std::size_t stelle = AsciiEnde(bytes, ab); stelle < bytes.size(); stelle = AsciiEnde(bytes, stelle)) {
         const Utf8Folge folge = Utf8Lesen(bytes.subspan(stelle));
         if (!folge.Gueltig || IstNichtzeichen(folge.Codepunkt)) {
             return 1;

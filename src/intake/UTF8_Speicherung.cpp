@@ -36,7 +36,7 @@ constexpr std::array<char16_t, 128> Ab128 = {
 };
 // clang-format on
 
-constexpr std::array<unsigned char, 3> Marke = {0xEF, 0xBB, 0xBF};
+constexpr std::array<unsigned char, Markenlaenge> Marke = {0xEF, 0xBB, 0xBF};
 constexpr char32_t Ersatzzeichen = 0xFFFD;
 
 // Copies the bytes up to 127 at the front and returns their number.

@@ -6,7 +6,8 @@
 
 namespace zepholt {
 
-// True when the bytes begin with EF BB BF.
+// True when the bytes begin with the mark EF BB BF.
+constexpr std::size_t Markenlaenge = 3; // bytes
 bool BeginntMitMarke(ByteSicht bytes);
 
 // Where the stretch of bytes up to 127 ends that begins at `ab` (from 0).

@@ -84,8 +84,9 @@ Schluessel SchluesselVon(Feldsicht zeile) {
     return schluessel;
 }
 
-// True when the key of `a` is lower than that of `b`, compared side by side. Two lines without a key of their own never
-// repeat: their numbers keep them apart, and put the later one behind.
+// True when the key of `a` is lower than that of `b`, compared side by side, for two lines of the same order (see
+// Ordnung): they differ in no stretch but those in upper case. Two lines without a key of their own never repeat: their
+// numbers keep them apart, and put the later one behind.
 bool IstNiedriger(Feldsicht a, Feldsicht b) {
     if (IstEDURecord(b)) {
         return true;
@@ -93,12 +94,12 @@ bool IstNiedriger(Feldsicht a, Feldsicht b) {
     for (const Schluesselteil& teil : Teile()) {
         const Feldsicht feldA = Feld(a, teil.Spalte, teil.Laenge);
         const Feldsicht feldB = Feld(b, teil.Spalte, teil.Laenge);
-        if (feldA == feldB) {
+        if (!teil.Gross || feldA == feldB) {
             continue;
         }
         for (std::size_t i = 0; i < static_cast<std::size_t>(teil.Laenge); ++i) {
-            const char16_t zeichenA = Zeichen(feldA, i, teil.Gross);
-            const char16_t zeichenB = Zeichen(feldB, i, teil.Gross);
+            const char16_t zeichenA = Zeichen(feldA, i, true);
+            const char16_t zeichenB = Zeichen(feldB, i, true);
             if (zeichenA != zeichenB) {
                 return zeichenA < zeichenB;
             }
@@ -164,20 +165,15 @@ Ordnung Gepackt(const std::array<Spalte, Ordnungsspalten>& spalten) {
     return ordnung;
 }
 
-// Bytes as a number, the first the highest.
-template <std::size_t Anzahl>
+// Four bytes as a number, the first the highest. Written out, compilers know it as one instruction.
 std::uint64_t Absteigend(const unsigned char* bytes) {
-    std::uint64_t zahl = 0;
-    for (std::size_t i = 0; i < Anzahl; ++i) {
-        zahl = zahl << 8 | bytes[i];
-    }
-    return zahl;
+    return std::uint32_t{bytes[0]} << 24 | std::uint32_t{bytes[1]} << 16 | std::uint32_t{bytes[2]} << 8 | bytes[3];
 }
 
 // The same of a line of bytes with a key of its own and all columns of it, as nearly every line has.
 Ordnung OrdnungDerLangen(const unsigned char* zeile) {
-    return {Absteigend<4>(zeile) << 32 | Absteigend<4>(zeile + 7),
-            Absteigend<2>(zeile + 11) << 48 | Absteigend<1>(zeile + 41) << 40 | Absteigend<4>(zeile + 13) << 8 | ' '};
+    const std::uint64_t hinten = std::uint64_t{zeile[11]} << 16 | std::uint64_t{zeile[12]} << 8 | zeile[41];
+    return {Absteigend(zeile) << 32 | Absteigend(zeile + 7), hinten << 40 | Absteigend(zeile + 13) << 8 | ' '};
 }
 
 Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
@@ -270,6 +266,26 @@ private:
     Feldsicht m_zeile;
 };
 
+// Sorts in pieces and joins them, so that a waiting person is served meanwhile. No two keys may be equal.
+template <class Element, class Schluessel>
+void StueckweiseSortieren(std::vector<Element>& folge, Schluessel schluessel) {
+    constexpr std::size_t Stueck = 1 << 18; // elements, some hundredths of a second
+    const auto kleiner = [&](const Element& a, const Element& b) { return schluessel(a) < schluessel(b); };
+    const auto ab = [&](std::size_t i) {
+        return folge.begin() + static_cast<std::ptrdiff_t>(std::min(i, folge.size()));
+    };
+    for (std::size_t von = 0; von < folge.size(); von += Stueck) {
+        BedieneFenster();
+        std::sort(ab(von), ab(von + Stueck), kleiner);
+    }
+    for (std::size_t breite = Stueck; breite < folge.size(); breite *= 2) {
+        for (std::size_t von = 0; von + breite < folge.size(); von += 2 * breite) {
+            BedieneFenster();
+            std::inplace_merge(ab(von), ab(von + breite), ab(von + 2 * breite), kleiner);
+        }
+    }
+}
+
 // --- Doubled keys ----------------------------------------------------------------------------------------------------
 
 struct Merkmal {
@@ -321,7 +337,7 @@ void DoppelteSuchen(const Zeilenliste& zeilen, const Strecke& strecke, Doppelter
         merkmale.push_back({Streuwert(TextSicht(schluessel.data(), schluessel.size())), static_cast<std::uint32_t>(i)});
         vorige = zeile;
     }
-    std::ranges::sort(merkmale, {}, [](const Merkmal& m) { return std::pair(m.Streuwert, m.Zeile); });
+    StueckweiseSortieren(merkmale, [](const Merkmal& m) { return std::pair(m.Streuwert, m.Zeile); });
     for (std::size_t i = 1; i < merkmale.size(); ++i) {
         if (merkmale[i].Streuwert == merkmale[i - 1].Streuwert) {
             const Feldsicht zeile = zeilen[merkmale[i].Zeile];
@@ -368,7 +384,7 @@ std::vector<GleicheZeilen> NachOrdnung(const Zeilenliste& zeilen) {
         }
         ++strecken.back().Bis;
     }
-    std::ranges::sort(strecken, {}, [](const GleicheZeilen& s) { return std::tie(s.Spalten, s.Von); });
+    StueckweiseSortieren(strecken, [](const GleicheZeilen& s) { return std::tie(s.Spalten, s.Von); });
     return strecken;
 }
 
@@ -388,6 +404,7 @@ Reihenfolge ReihenfolgeErmitteln(const Zeilenliste& zeilen) {
     Ordnungspruefung pruefung;
     for (std::size_t k = 0; k < zeilen.size(); ++k) {
         BedieneFenster();
+        zeilen.Vorausholen(k);
         pruefung.Nimm(zeilen[k], k);
     }
     return std::move(pruefung).Ergebnis();
@@ -415,7 +432,7 @@ std::vector<std::uint32_t> SortierteFolge(const Zeilenliste& zeilen) {
             raenge.push_back(Textrang(nummer));
         }
         if (strecke + 1 == strecken.end() || strecke[1].Spalten != strecke->Spalten) {
-            std::ranges::sort(raenge);
+            StueckweiseSortieren(raenge, [](std::uint64_t rang) { return rang; });
             std::ranges::transform(raenge, std::back_inserter(folge),
                                    [](std::uint64_t rang) { return static_cast<std::uint32_t>(NummerZu(rang)); });
             raenge.clear();

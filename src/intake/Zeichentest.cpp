@@ -7,6 +7,7 @@
 #include "state/TestDaten.h"
 
 #include <algorithm>
+#include <span>
 
 namespace zepholt {
 
@@ -41,10 +42,25 @@ bool InUtf8() {
     return testDaten.IstE1S || testDaten.Utf8Modus;
 }
 
-// Reports each character of a field that `erlaubt` refuses.
+// True when printable ASCII, which is permitted everywhere, stands in all columns. No early end: many columns at a
+// time.
+bool NurAscii(Feldsicht spalten) {
+    return spalten.MitSpalten([&spalten](const auto* spalte) {
+        unsigned char andere = 0;
+        for (std::size_t i = 0; i < spalten.size(); ++i) {
+            andere |= static_cast<unsigned char>((spalte[i] < ' ') | (spalte[i] > '~'));
+        }
+        return andere == 0;
+    });
+}
+
+// Reports each character of a field that `erlaubt` refuses; it permits printable ASCII.
 template <class Regel>
 void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
     const Feldsicht feld = Feld(testDaten.Record, spalte, laenge);
+    if (NurAscii(feld)) {
+        return;
+    }
     for (std::size_t i = 0; i < feld.size(); ++i) {
         if (!erlaubt(feld[i])) {
             FehlerHinzufuegen(2031, spalte);
@@ -63,49 +79,12 @@ bool IstErlaubt(char16_t zeichen) {
     return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.IstErlaubt.test(zeichen);
 }
 
-// True when printable ASCII, which is permitted everywhere, stands in all columns. No early end: many columns at a
-// time.
-bool NurAscii(Feldsicht spalten) {
-    return spalten.MitSpalten([&spalten](const auto* spalte) {
-        unsigned char andere = 0;
-        for (std::size_t i = 0; i < spalten.size(); ++i) {
-            andere |= static_cast<unsigned char>((spalte[i] < ' ') | (spalte[i] > '~'));
-        }
-        return andere == 0;
-    });
-}
-
 // A record E, D or U: no layout, and any code that one byte of text can have.
 void PruefeFreieZeichen() {
-    if (!InUtf8() && !NurAscii(testDaten.Record)) {
+    if (!InUtf8()) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
         PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
     }
-}
-
-// Columns of a byte are looked up, all of them: no early end, no way to guess wrong.
-bool NurErlaubte(Feldsicht spalten) {
-    return spalten.MitSpalten([laenge = spalten.size()]<class Spalte>(const Spalte* spalte) {
-        if constexpr (sizeof(Spalte) == 1) {
-            unsigned char verboten = 0;
-            for (std::size_t i = 0; i < laenge; ++i) {
-                verboten |= testDaten.VerboteneCodes[spalte[i]];
-            }
-            return verboten == 0;
-        } else {
-            return std::all_of(spalte, spalte + laenge, [](Spalte zeichen) { return IstErlaubt(zeichen); });
-        }
-    });
-}
-
-// True when each character of the record is permitted and each stands in a field: then no field's test has anything to
-// report.
-bool IstOhneBefund(const Satz& record, const Spaltenmenge& felder) {
-    if (!record.Arten().Gefuellt.Ohne(felder).empty()) {
-        return false;
-    }
-    const Feldsicht spalten = Feld(record, 1, Recordlaenge);
-    return NurAscii(spalten) || NurErlaubte(spalten);
 }
 
 } // namespace
@@ -129,6 +108,20 @@ void ErlaubteZeichenAufbauen() {
                            [](char16_t zeichen) { return IstErlaubt(zeichen) ? 0 : 1; });
 }
 
+bool OhneZeichenbefund(Feldsicht record) {
+    if (record.size() > Recordlaenge || IstEDURecord(record)) {
+        return false;
+    }
+    const Recordtyp typ = RecordtypVon(record);
+    return !typ.Zeilen.empty() &&
+           AuffaelligeSpalten(record, *typ.Felder).JedeErfuellt([&record, &typ](std::int32_t spalte) {
+               const auto stelle = static_cast<std::size_t>(spalte - 1);
+               return typ.Felder->Hat(spalte) &&
+                      (record.IstBreit() ? IstErlaubt(record.Zeichen()[stelle])
+                                         : testDaten.VerboteneCodes[record.Bytes()[stelle]] == 0);
+           });
+}
+
 void RecordZeichenTest() {
     if (testDaten.Record.size() > Recordlaenge) {
         FehlerHinzufuegen(2032, Recordlaenge + 1);
@@ -137,16 +130,12 @@ void RecordZeichenTest() {
         PruefeFreieZeichen();
         return;
     }
-    const Recordtyp typ = RecordtypVon(testDaten.Record);
-    if (typ.Zeilen.empty()) {
+    const std::span<const RecordLayout> layouts = LayoutsVon(testDaten.Record);
+    if (layouts.empty()) {
         testDaten.UndefinierterRecordTyp = true;
         return;
     }
-    if (IstOhneBefund(testDaten.Record, typ.Felder)) {
-        testDaten.NaechsteSpalte = Recordlaenge + 1;
-        return;
-    }
-    for (const RecordLayout& layout : typ.Zeilen) {
+    for (const RecordLayout& layout : layouts) {
         FeldZeichenTest(layout.Spalte, layout.Laenge);
     }
     FeldZeichenTest(Recordlaenge + 1, 0); // what stands behind the last field

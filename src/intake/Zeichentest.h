@@ -4,12 +4,15 @@
 // permitted, 2032 for data outside of the fields. Nothing stops.
 #pragma once
 
-#include "support/Text.h"
+#include "state/Feldsicht.h"
 
 namespace zepholt {
 
 // Fills ErlaubteZeichen, the set of characters that a 451-92 file may hold in its fields.
 void ErlaubteZeichenAufbauen();
+
+// True when the characters of a record are seen at once to give no finding, whatever Record is. False says nothing.
+bool OhneZeichenbefund(Feldsicht record);
 
 // Tests the whole record. A record of a type without layout rows sets UndefinierterRecordTyp; a record E, D or U has no
 // layout and is tested by character codes alone.

@@ -4,6 +4,7 @@
 #include "state/TestDaten.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zepholt {
 
@@ -16,17 +17,20 @@ std::size_t BesondereSuchen(ByteSicht bytes, std::size_t ab) {
 
 } // namespace
 
-Zeilenleser::Zeilenleser(std::size_t erste)
-    : m_puffer(testDaten.Puffer.data(), testDaten.Puffer.size()), m_stelle(erste),
-      m_besondere(BesondereSuchen(m_puffer, erste)), m_zeilen(m_puffer.data(), erste) {
+Zeilenleser::Zeilenleser(Zeilenschnitt& schnitt, std::size_t erste)
+    : m_puffer(testDaten.Puffer.data(), testDaten.Puffer.size()), m_zeilen(std::move(schnitt.Zeilen())),
+      m_besondere(schnitt.ErsteBesondere()) {
+    m_zeilen.Beginne(erste);
+    if (testDaten.Utf8Modus != testDaten.IstE1S || m_besondere < erste) {
+        m_besondere = BesondereSuchen(m_puffer, erste);
+    }
     codeseite = testDaten.Utf8Modus ? AsciiSeite() : Codeseite850();
 }
 
 void Zeilenleser::Naechste() {
-    const std::size_t naechste = ByteSuchen(m_puffer, '\n', m_stelle) + 1;
-    const std::size_t ende = naechste - Zeilenliste::Zeilenende;
+    const std::size_t ende = m_zeilen.Bis(m_naechste);
     if (!testDaten.BreiterPuffer.empty()) {
-        BreitSchreiben(m_stelle, naechste);
+        BreitSchreiben(m_zeilen.Von(m_naechste), ende + Zeilenliste::Zeilenende);
     } else if (m_besondere < ende) {
         if (testDaten.Utf8Modus) {
             SchmalSchreiben(m_puffer.subspan(m_besondere, ende - m_besondere));
@@ -35,8 +39,7 @@ void Zeilenleser::Naechste() {
         }
         m_besondere = BesondereSuchen(m_puffer, ende);
     }
-    m_stelle = naechste;
-    m_zeilen.Anfuegen(naechste);
+    ++m_naechste;
 }
 
 void Zeilenleser::SchmalSchreiben(std::span<unsigned char> zeile) {

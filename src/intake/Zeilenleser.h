@@ -1,7 +1,8 @@
-// From the bytes of the file to its lines.
+// From the bytes of the file to the columns of its lines.
 #pragma once
 
 #include "intake/Dateibytes.h"
+#include "intake/Zeilenschnitt.h"
 #include "state/Zeilenliste.h"
 
 namespace zepholt {
@@ -14,18 +15,18 @@ namespace zepholt {
 // each.
 class Zeilenleser {
 public:
-    // The first line begins at the byte `erste` (from 0). The file must have passed CrLfPruefen.
-    explicit Zeilenleser(std::size_t erste);
+    // The lines of a file whose line ends are good; the first begins at the byte `erste` (from 0).
+    Zeilenleser(Zeilenschnitt& schnitt, std::size_t erste);
 
-    bool AmEnde() const { return m_stelle == m_puffer.size(); }
+    bool AmEnde() const { return m_naechste == m_zeilen.size(); }
 
     // Offset in the file, from 0, of the line that comes next.
-    std::size_t Position() const { return m_stelle; }
+    std::size_t Position() const { return m_zeilen.Von(m_naechste); }
 
     // Takes the next line.
     void Naechste();
 
-    Zeilenliste& Zeilen() { return m_zeilen; } // those taken so far
+    Zeilenliste& Zeilen() { return m_zeilen; } // those behind Position() as they stand in the file
 
 private:
     void CodesAufbauen();
@@ -35,9 +36,9 @@ private:
     bool CodeVergeben(char16_t zeichen);
 
     std::span<unsigned char> m_puffer;
-    std::size_t m_stelle;
-    std::size_t m_besondere; // the next byte that a line can't keep as it is
     Zeilenliste m_zeilen;
+    std::size_t m_naechste = 0;         // line
+    std::size_t m_besondere;            // the next byte that a line can't keep as it is
     std::vector<unsigned char> m_codes; // the code of each character in the file's own code page, 0 for none yet
     std::size_t m_vergeben = 0x80;      // codes that are taken
     std::vector<char16_t> m_zeichen;    // room for the line in hand

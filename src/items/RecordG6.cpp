@@ -39,7 +39,7 @@ struct Mengensatz {
 }
 
 Mengensatz LiesG6() {
-    Mengensatz satz = {};
+    Mengensatz satz;
     Verweissatz& verweise = satz.Verweise;
     satz.Kapitel = ZahlFeld(2, 3, Zwingend);                                   // G6:2a
     satz.Position = ZahlFeld(8, 6, Zwingend);                                  // G6:3
@@ -49,8 +49,8 @@ Mengensatz LiesG6() {
     verweise.Variantengruppe = Schluessel(30, 3);                              // G6:8
     verweise.Variante = Schluessel(33, 3);                                     // G6:9
     satz.Mengenart = satz.IstDetail ? Feldsicht() : TextFeld(44, 1, Zwingend); // G6:13
-    satz.Menge = BetragFeld(45, 46, 13);                                       // G6:14, G6:15
-    satz.Preis = BetragFeld(62, 63, 12);                                       // G6:18, G6:19
+    BetragLesen(45, 46, 13, satz.Menge);                                       // G6:14, G6:15
+    BetragLesen(62, 63, 12, satz.Preis);                                       // G6:18, G6:19
     satz.Laufnummer = TextFeld(75, 7, Freiwillig);                             // G6:20
     verweise.KAG = Schluessel(82, 5);                                          // G6:21
     verweise.Element = Schluessel(87, 6);                                      // G6:22

@@ -53,6 +53,7 @@ using Satztests = std::array<void (*)(), 10>;
 // lines keeps a letter together.
 void Durchgang(const Abschnitt& abschnitt, const Satztests& tests, std::int32_t& zaehler) {
     for (std::int32_t i = abschnitt.Von; i < abschnitt.Bis; ++i) {
+        testDaten.Zeilen.Vorausholen(static_cast<std::size_t>(i));
         testDaten.Record = ZeileAn(i);
         testDaten.ZeilenNr = i;
         ZeigeFortschritt(++zaehler);

@@ -1,10 +1,11 @@
 // A list of entries that bear a code, and mostly an order, in file order, with the searches that a scan from the first
 // entry would answer.
 //
-// A code is found in constant time, by a hash that nobody can choose codes for, and the one asked for last at once. As
-// long as the orders ascend, none stands twice. A search for a prefix puts the codes in order when it is the first
-// since the list grew, and costs the logarithm of the list's length. The results are those of the scan, first match
-// first.
+// A code is found in constant time, by a hash that nobody can choose codes for, and the one found last at once. As long
+// as the codes ascend, none stands twice, and some searches need no hash: for the code behind the one found last, and,
+// while the list is made, for a new one behind all. As long as the orders ascend, none of them stands twice. A search
+// for a prefix puts the codes in order when it is the first since the list grew, and costs the logarithm of the list's
+// length. The results are those of the scan, first match first.
 #pragma once
 
 #include "state/Feldsicht.h"
@@ -79,28 +80,40 @@ private:
 template <class Eintrag>
 class CodeListe {
 public:
-    const std::vector<Eintrag>& Eintraege() const { return m_eintraege; }
-    Eintrag& operator[](std::int32_t index) { return m_eintraege[static_cast<std::size_t>(index)]; }
-    const Eintrag& operator[](std::int32_t index) const { return m_eintraege[static_cast<std::size_t>(index)]; }
-    std::int32_t Anzahl() const { return static_cast<std::int32_t>(m_eintraege.size()); }
+    const std::vector<Eintrag>& Eintraege() const {
+        if (m_inhalt) {
+            return m_inhalt->Eintraege;
+        }
+        static const std::vector<Eintrag> keine;
+        return keine;
+    }
+    Eintrag& operator[](std::int32_t index) { return m_inhalt->Eintraege[static_cast<std::size_t>(index)]; }
+    const Eintrag& operator[](std::int32_t index) const { return m_inhalt->Eintraege[static_cast<std::size_t>(index)]; }
+    std::int32_t Anzahl() const { return static_cast<std::int32_t>(Eintraege().size()); }
 
     // The index (from 0) of the first entry whose Code equals `code`; -1 for none.
     std::int32_t Finde(Feldsicht code) const {
-        if (m_plaetze.empty()) {
+        if (Eintraege().size() <= KurzeListe) {
             return ErsterMit(code);
         }
-        if (m_zuletzt < 0 || (*this)[m_zuletzt].Code != code) {
-            m_zuletzt = Platz(code);
+        std::int32_t& zuletzt = m_inhalt->Zuletzt;
+        if ((*this)[zuletzt].Code == code) {
+            return zuletzt;
         }
-        return m_zuletzt;
+        const std::int32_t index = Suche(code);
+        zuletzt = index >= 0 ? index : zuletzt;
+        return index;
     }
 
     // True when an entry's Code begins with `anfang`.
     bool HatAnfang(Feldsicht anfang) const {
-        std::vector<Feldsicht>& geordnet = Helfer().GeordneteCodes;
-        if (geordnet.size() != m_eintraege.size()) {
+        if (!m_inhalt) {
+            return false;
+        }
+        std::vector<Feldsicht>& geordnet = m_inhalt->GeordneteCodes;
+        if (geordnet.size() != Eintraege().size()) {
             geordnet.clear();
-            std::ranges::transform(m_eintraege, std::back_inserter(geordnet), &Eintrag::Code);
+            std::ranges::transform(Eintraege(), std::back_inserter(geordnet), &Eintrag::Code);
             std::ranges::sort(geordnet);
         }
         const auto treffer = std::ranges::lower_bound(geordnet, anfang);
@@ -110,10 +123,10 @@ public:
     // The number of entries with this Reihenfolge among the first `bis` entries; 0 stands for no order and counts none.
     // The cost grows by the number counted.
     std::int32_t AnzahlMitReihenfolge(std::int32_t reihenfolge, std::int32_t bis) const {
-        if (reihenfolge == 0 || reihenfolge > m_hoechste) {
+        if (reihenfolge == 0 || !m_inhalt || reihenfolge > m_inhalt->HoechsteReihenfolge) {
             return 0;
         }
-        Reihenfolgetabelle& tabelle = Helfer().Reihenfolgen;
+        Reihenfolgetabelle& tabelle = m_inhalt->Reihenfolgen;
         for (std::int32_t i = tabelle.Eintraege(); i < Anzahl(); ++i) {
             tabelle.Anfuegen((*this)[i].Reihenfolge);
         }
@@ -121,57 +134,70 @@ public:
     }
 
     void Anfuegen(Eintrag eintrag) {
+        if (!m_inhalt) {
+            m_inhalt = std::make_unique<Inhalt>();
+        }
+        Inhalt& inhalt = *m_inhalt;
         if constexpr (requires { eintrag.Reihenfolge; }) {
-            m_hoechste = std::max(m_hoechste, eintrag.Reihenfolge);
+            inhalt.HoechsteReihenfolge = std::max(inhalt.HoechsteReihenfolge, eintrag.Reihenfolge);
         }
-        m_eintraege.push_back(std::move(eintrag));
-        if (m_eintraege.size() > KurzeListe) {
-            Eintragen();
-        }
+        inhalt.Aufsteigend =
+            inhalt.Aufsteigend && (inhalt.Eintraege.empty() || inhalt.Eintraege.back().Code < eintrag.Code);
+        inhalt.Eintraege.push_back(std::move(eintrag));
     }
 
 private:
     static constexpr std::size_t KurzeListe = 8; // entries that are looked through one by one
 
-    // What most lists are never asked for.
-    struct Hilfen {
+    struct Inhalt {
+        std::vector<Eintrag> Eintraege;
+        Platztabelle Plaetze; // by code, of the first Eingetragen entries
+        std::int32_t Eingetragen = 0;
+        std::int32_t Zuletzt = 0;              // the entry found last
+        bool Aufsteigend = true;               // each code above the one before
         std::vector<Feldsicht> GeordneteCodes; // for HatAnfang
         Reihenfolgetabelle Reihenfolgen;       // for AnzahlMitReihenfolge
+        std::int32_t HoechsteReihenfolge = 0;
     };
-    Hilfen& Helfer() const {
-        if (!m_hilfen) {
-            m_hilfen = std::make_unique<Hilfen>();
-        }
-        return *m_hilfen;
-    }
 
     std::int32_t ErsterMit(Feldsicht code) const {
-        const auto treffer = std::ranges::find(m_eintraege, code, &Eintrag::Code);
-        return treffer == m_eintraege.end() ? -1 : static_cast<std::int32_t>(treffer - m_eintraege.begin());
+        const auto treffer = std::ranges::find(Eintraege(), code, &Eintrag::Code);
+        return treffer == Eintraege().end() ? -1 : static_cast<std::int32_t>(treffer - Eintraege().begin());
+    }
+
+    std::int32_t Suche(Feldsicht code) const {
+        const std::int32_t naechster = m_inhalt->Zuletzt + 1;
+        if (m_inhalt->Aufsteigend && naechster < Anzahl() && (*this)[naechster].Code == code) {
+            return naechster;
+        }
+        if (m_inhalt->Aufsteigend && m_inhalt->Plaetze.empty() && Eintraege().back().Code < code) {
+            return -1;
+        }
+        Eintragen();
+        return Platz(code);
     }
 
     std::int32_t& Platz(Feldsicht code) const {
-        return m_plaetze.Platz(Streuwert(code), [this, code](std::int32_t i) { return (*this)[i].Code == code; });
+        return m_inhalt->Plaetze.Platz(Streuwert(code),
+                                       [this, code](std::int32_t i) { return (*this)[i].Code == code; });
     }
 
-    // Gives the last entry its place; all of them, when the places have become too few.
-    void Eintragen() {
-        std::int32_t erster = Anzahl() - 1;
-        if (m_plaetze.IstZuKlein(m_eintraege.size())) {
-            m_plaetze.Leeren(m_eintraege.size());
-            erster = 0;
+    // Gives the entries since the last search their places; all of them, when the places have become too few.
+    void Eintragen() const {
+        std::int32_t& i = m_inhalt->Eingetragen;
+        if (m_inhalt->Plaetze.IstZuKlein(Eintraege().size())) {
+            m_inhalt->Plaetze.Leeren(Eintraege().size());
+            i = 0;
         }
-        for (std::int32_t i = erster; i < Anzahl(); ++i) {
+        for (; i < Anzahl(); ++i) {
             std::int32_t& platz = Platz((*this)[i].Code);
-            platz = platz == Platztabelle::Frei ? i : platz; // a code that stands already keeps its first entry
+            if (platz == Platztabelle::Frei) { // a code that stands already keeps its first entry
+                platz = i;
+            }
         }
     }
 
-    std::vector<Eintrag> m_eintraege;
-    mutable Platztabelle m_plaetze;      // by code
-    mutable std::int32_t m_zuletzt = -1; // the entry found last
-    std::int32_t m_hoechste = 0;         // the highest order
-    mutable std::unique_ptr<Hilfen> m_hilfen;
+    std::unique_ptr<Inhalt> m_inhalt; // none before the first entry: most lists of an entry stay empty
 };
 
 } // namespace zepholt

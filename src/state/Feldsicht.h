@@ -153,12 +153,12 @@ public:
     // By the characters, 16 bits each.
     friend std::strong_ordering operator<=>(Feldsicht links, Feldsicht rechts) {
         const std::size_t gemeinsam = links.size() < rechts.size() ? links.size() : rechts.size();
-        for (std::size_t i = 0; i < gemeinsam; ++i) {
-            if (links[i] != rechts[i]) {
-                return links[i] <=> rechts[i];
-            }
+        const bool bytes = !links.IstBreit() && !rechts.IstBreit(); // the same ones, since no character has two
+        std::size_t i = 0;
+        while (i < gemeinsam && (bytes ? links.m_bytes[i] == rechts.m_bytes[i] : links[i] == rechts[i])) {
+            ++i;
         }
-        return links.size() <=> rechts.size();
+        return i < gemeinsam ? links[i] <=> rechts[i] : links.size() <=> rechts.size();
     }
 
 private:

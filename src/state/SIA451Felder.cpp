@@ -268,14 +268,16 @@ constexpr auto FelderDerBloecke = [] {
 }();
 
 std::span<const Block> BloeckeDerZeile(Feldsicht zeile) {
-    if (zeile.empty() || zeile[0] < u'A' || zeile[0] > u'Z') {
+    const char16_t art = zeile.empty() ? u' ' : zeile.front();
+    if (art < u'A' || art > u'Z') {
         return {};
     }
-    const bool ohneZiffer = zeile[0] == u'A' || zeile[0] == u'Z';
-    if (!ohneZiffer && (zeile.size() < 42 || !IstZiffer(zeile[41]))) {
+    const bool ohneZiffer = art == u'A' || art == u'Z';
+    const char16_t ziffer = ohneZiffer ? u':' : zeile.size() < 42 ? u' ' : zeile[41];
+    if (!ohneZiffer && !IstZiffer(ziffer)) {
         return {};
     }
-    const Bereich bereich = BloeckeNachTyp[Platz(zeile[0], ohneZiffer ? u':' : zeile[41])];
+    const Bereich bereich = BloeckeNachTyp[Platz(art, ziffer)];
     return std::span(Bloecke).subspan(bereich.Von, bereich.Anzahl);
 }
 
@@ -294,7 +296,7 @@ std::vector<RecordLayout> RecordLayouts() {
 Recordtyp RecordtypVon(Feldsicht zeile) {
     for (const Block& block : BloeckeDerZeile(zeile)) {
         if (Gilt(block.Fuer)) {
-            return {block.Zeilen, FelderDerBloecke[static_cast<std::size_t>(&block - Bloecke)]};
+            return {block.Zeilen, &FelderDerBloecke[static_cast<std::size_t>(&block - Bloecke)]};
         }
     }
     return {};
@@ -302,6 +304,15 @@ Recordtyp RecordtypVon(Feldsicht zeile) {
 
 std::span<const RecordLayout> LayoutsVon(Feldsicht zeile) {
     return RecordtypVon(zeile).Zeilen;
+}
+
+const RecordLayout* LayoutBei(std::span<const RecordLayout> zeilen, std::int32_t spalte) {
+    const auto danach = std::ranges::upper_bound(zeilen, spalte, {}, &RecordLayout::Spalte);
+    if (danach == zeilen.begin()) {
+        return nullptr;
+    }
+    const RecordLayout& zeile = *std::prev(danach);
+    return spalte < zeile.Spalte + zeile.Laenge ? &zeile : nullptr;
 }
 
 } // namespace zepholt

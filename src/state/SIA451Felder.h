@@ -29,14 +29,19 @@ inline Feldsicht Feld(Feldsicht zeile, std::int32_t spalte, std::int32_t laenge)
 // ascending order of column: the whole table, put together anew at each call.
 std::vector<RecordLayout> RecordLayouts();
 
+inline constexpr Spaltenmenge KeineSpalten;
+
 // What the table says of one record type.
 struct Recordtyp {
-    std::span<const RecordLayout> Zeilen; // its rows; none for an undefined type
-    Spaltenmenge Felder;                  // the columns of all its fields
+    std::span<const RecordLayout> Zeilen;       // its rows; none for an undefined type
+    const Spaltenmenge* Felder = &KeineSpalten; // the columns of all its fields
 };
 
 // The type of one line, found by columns 1 and 42.
 Recordtyp RecordtypVon(Feldsicht zeile);
 std::span<const RecordLayout> LayoutsVon(Feldsicht zeile);
+
+// The row of a type's rows whose field has a column (from 1); null for a column between them.
+const RecordLayout* LayoutBei(std::span<const RecordLayout> zeilen, std::int32_t spalte);
 
 } // namespace zepholt

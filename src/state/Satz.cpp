@@ -16,4 +16,16 @@ void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten) {
     }
 }
 
+Spaltenmenge AuffaelligeSpaltenEinzeln(Feldsicht record, const Spaltenmenge& felder) {
+    Spaltenmenge auffaellige;
+    const auto laenge = static_cast<std::int32_t>(std::min<std::size_t>(record.size(), Spaltenmenge::Spalten));
+    for (std::int32_t spalte = 1; spalte <= laenge; ++spalte) {
+        const char16_t zeichen = record[static_cast<std::size_t>(spalte - 1)];
+        if (zeichen < u' ' || zeichen > u'~' || (zeichen != u' ' && !felder.Hat(spalte))) {
+            auffaellige.SetzeBereich(spalte, 1);
+        }
+    }
+    return auffaellige;
+}
+
 } // namespace zepholt

@@ -17,6 +17,11 @@ struct Spaltenarten {
 void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten);
 void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten);
 
+// The columns of a record, the first 256 at most, that hold no printable ASCII (U+0020 to U+007E), and those outside of
+// its fields that hold no blank; the plain way too.
+Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder);
+Spaltenmenge AuffaelligeSpaltenEinzeln(Feldsicht record, const Spaltenmenge& felder);
+
 class Satz : public Feldsicht {
 public:
     Satz() = default;

@@ -7,4 +7,8 @@ void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
     SpaltenEinzelnEinteilen(record, arten);
 }
 
+Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder) {
+    return AuffaelligeSpaltenEinzeln(record, felder);
+}
+
 } // namespace zepholt

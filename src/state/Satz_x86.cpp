@@ -21,49 +21,79 @@ std::uint64_t Bits(__m128i vergleich, std::size_t stelle) {
     return std::uint64_t{static_cast<std::uint32_t>(_mm_movemask_epi8(vergleich))} << stelle;
 }
 
-// All bits for each digit: moved to the lowest of the numbers with a sign, the ten digits stand below all other bytes.
+// All bits for each byte from `erstes` to `letztes`: moved to the lowest of the numbers with a sign, they stand below
+// all other bytes.
+__m128i Zwischen(__m128i block, char erstes, char letztes) {
+    return _mm_cmplt_epi8(_mm_add_epi8(block, Alle(static_cast<char>(-128 - erstes))),
+                          Alle(static_cast<char>(-128 + letztes - erstes + 1)));
+}
+
+__m128i Leere(__m128i block) {
+    return _mm_cmpeq_epi8(block, Alle(' '));
+}
+
 __m128i Ziffern(__m128i block) {
-    return _mm_cmplt_epi8(_mm_add_epi8(block, Alle(static_cast<char>(-128 - '0'))), Alle(-128 + 10));
+    return Zwischen(block, '0', '9');
 }
 
-// A word of the sets from 64 columns, of which the first `davor` stand in the word before.
-void WortEinteilen(const unsigned char* bytes, std::size_t davor, std::size_t wort, Spaltenarten& arten) {
-    std::uint64_t leer = 0;
-    std::uint64_t ziffern = 0;
+__m128i Ascii(__m128i block) {
+    return Zwischen(block, ' ', '~');
+}
+
+// Which of 64 columns are of the kind, the first in the lowest bit.
+template <class Art>
+std::uint64_t Wort64(const unsigned char* bytes, Art art) {
+    std::uint64_t wort = 0;
     for (std::size_t stelle = 0; stelle < Wortbreite; stelle += Blockbreite) {
-        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + stelle));
-        leer |= Bits(_mm_cmpeq_epi8(block, Alle(' ')), stelle);
-        ziffern |= Bits(Ziffern(block), stelle);
+        wort |= Bits(art(_mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes + stelle))), stelle);
     }
-    arten.Gefuellt.Worte[wort] = ~leer >> davor;
-    arten.Ziffern.Worte[wort] = ziffern >> davor;
+    return wort;
 }
 
-} // namespace
-
-// Nothing behind the record is read.
-void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
-    arten = {};
+// Calls `tue` for each word of a record's sets, at most four: with 64 columns, of which the first so many stand in the
+// word before, and the number of the word from 0. Nothing behind the record is read; a short one is filled up with
+// blanks.
+template <class Tue>
+void JedesWort(Feldsicht record, Tue tue) {
     const std::size_t laenge = std::min<std::size_t>(record.size(), Spaltenmenge::Spalten);
-    if (record.IstBreit()) { // what is no ASCII is neither a blank nor a digit
+    if (record.IstBreit()) { // what is no ASCII is of no kind
         std::array<unsigned char, Spaltenmenge::Spalten> schmal;
         std::transform(record.Zeichen(), record.Zeichen() + laenge, schmal.begin(),
                        [](char16_t z) { return static_cast<unsigned char>(z < 0x80 ? z : 0x80); });
-        return SpaltenEinteilen(Feldsicht(schmal.data(), laenge), arten);
+        return JedesWort(Feldsicht(schmal.data(), laenge), tue);
     }
     if (laenge < Wortbreite) {
         std::array<unsigned char, Wortbreite> kurzer;
         kurzer.fill(' ');
         std::copy_n(record.Bytes(), laenge, kurzer.begin());
-        return WortEinteilen(kurzer.data(), 0, 0, arten);
+        return tue(kurzer.data(), 0, 0);
     }
     std::size_t wort = 0;
     for (; (wort + 1) * Wortbreite <= laenge; ++wort) {
-        WortEinteilen(record.Bytes() + wort * Wortbreite, 0, wort, arten);
+        tue(record.Bytes() + wort * Wortbreite, 0, wort);
     }
     if (const std::size_t rest = laenge % Wortbreite; rest != 0) {
-        WortEinteilen(record.Bytes() + laenge - Wortbreite, Wortbreite - rest, wort, arten);
+        tue(record.Bytes() + laenge - Wortbreite, Wortbreite - rest, wort);
     }
+}
+
+} // namespace
+
+void SpaltenEinteilen(Feldsicht record, Spaltenarten& arten) {
+    arten = {};
+    JedesWort(record, [&arten](const unsigned char* bytes, std::size_t davor, std::size_t wort) {
+        arten.Gefuellt.Worte[wort] = ~Wort64(bytes, Leere) >> davor;
+        arten.Ziffern.Worte[wort] = Wort64(bytes, Ziffern) >> davor;
+    });
+}
+
+Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder) {
+    Spaltenmenge auffaellige;
+    JedesWort(record, [&](const unsigned char* bytes, std::size_t davor, std::size_t wort) {
+        auffaellige.Worte[wort] =
+            ~Wort64(bytes, Ascii) >> davor | (~Wort64(bytes, Leere) >> davor & ~felder.Worte[wort]);
+    });
+    return auffaellige;
 }
 
 } // namespace zepholt

@@ -21,7 +21,22 @@ public:
         }
     }
 
-    constexpr bool empty() const { return (Worte[0] | Worte[1] | Worte[2] | Worte[3]) == 0; }
+    // True when the rule holds for each column (from 1) of the set.
+    template <class Regel>
+    constexpr bool JedeErfuellt(Regel regel) const {
+        for (std::int32_t wort = 0; wort < Spalten / Wortbreite; ++wort) {
+            for (std::uint64_t rest = Worte[static_cast<std::size_t>(wort)]; rest != 0; rest &= rest - 1) {
+                if (!regel(wort * Wortbreite + std::countr_zero(rest) + 1)) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
+
+    constexpr bool Hat(std::int32_t spalte) const {
+        return (Worte[static_cast<std::size_t>((spalte - 1) / Wortbreite)] >> (spalte - 1) % Wortbreite & 1) != 0;
+    }
 
     // True when all columns of a field (first column, length) belong to the set.
     [[gnu::always_inline]] constexpr bool Alle(std::int32_t spalte, std::int32_t laenge) const {
@@ -58,12 +73,6 @@ public:
     constexpr bool TrifftAuf(const Spaltenmenge& andere) const {
         return ((Worte[0] & andere.Worte[0]) | (Worte[1] & andere.Worte[1]) | (Worte[2] & andere.Worte[2]) |
                 (Worte[3] & andere.Worte[3])) != 0;
-    }
-
-    // The columns of this set that are not of the other.
-    constexpr Spaltenmenge Ohne(const Spaltenmenge& andere) const {
-        return {{Worte[0] & ~andere.Worte[0], Worte[1] & ~andere.Worte[1], Worte[2] & ~andere.Worte[2],
-                 Worte[3] & ~andere.Worte[3]}};
     }
 
 private:

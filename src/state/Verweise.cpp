@@ -5,6 +5,7 @@
 #include "support/HilfsFunktionen.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace zepholt {
@@ -43,15 +44,12 @@ void Nachfuehren(VerweisIndex& index, const Kette& mengen) {
 // The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
 // express. Old interface: its digits behind a 1, which keeps leading zeros apart; other texts equal no digits.
 std::optional<std::size_t> LaufnummerPlatz(Feldsicht nummer) {
-    constexpr std::size_t Stellen = 7; // the field has seven columns
+    // What a 1 is worth before so many digits; the field has seven columns.
+    constexpr std::size_t Stellenwerte[] = {1, 10, 100, 1'000, 10'000, 100'000, 1'000'000, 10'000'000};
     constexpr double Grenze = 10'000'000;
     const bool neu = NeueSchnittstelle();
-    if (nummer.size() <= Stellen && NurZiffern(nummer)) {
-        std::size_t platz = neu ? 0 : 1;
-        for (std::size_t i = 0; i < nummer.size(); ++i) {
-            platz = platz * 10 + (nummer[i] - u'0');
-        }
-        return platz;
+    if (nummer.size() < std::size(Stellenwerte) && NurZiffern(nummer)) {
+        return (neu ? 0 : Stellenwerte[nummer.size()]) + static_cast<std::size_t>(Ziffernwert(nummer));
     }
     if (!neu || nummer.empty()) {
         return std::nullopt;

@@ -26,6 +26,9 @@ public:
     // The line behind the last one: the next begins at `naechste`, counted in columns from the buffer's beginning.
     void Anfuegen(std::size_t naechste) { Merke(naechste); }
 
+    // The first line begins at column `erste` and no more where it began.
+    void Beginne(std::size_t erste) { m_stellen.front() = static_cast<std::uint32_t>(erste); }
+
     // From now on place k holds the line that stood at folge[k].
     void Umordnen(std::vector<std::uint32_t> folge) { m_folge = std::move(folge); }
 
@@ -47,6 +50,16 @@ public:
             return laenge;
         }));
     }
+    // Asks the processor for what stands some lines behind line k, for a pass through all lines: the file is larger
+    // than its cache.
+    void Vorausholen(std::size_t k) const {
+        constexpr std::size_t Voraus = 2048; // columns
+        constexpr std::size_t Cachezeile = 64;
+        const std::size_t ab = Stelle(k) + Voraus;
+        __builtin_prefetch(m_anfang.Ausschnitt(ab, 0).Ort());
+        __builtin_prefetch(m_anfang.Ausschnitt(ab + Cachezeile, 0).Ort());
+    }
+
     Feldsicht front() const { return (*this)[0]; }
     Feldsicht back() const { return (*this)[size() - 1]; }
 

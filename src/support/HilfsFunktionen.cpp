@@ -56,7 +56,8 @@ double Zahlwert(TextSicht text) {
 }
 
 std::optional<std::int32_t> Gerundet(double wert) {
-    const double ganz = std::nearbyint(wert); // the default rounding mode: half to even
+    constexpr double NurGanze = 0x1.8p52; // numbers of this size have no fraction: the sum is rounded, half to even
+    const double ganz = wert + NurGanze - NurGanze;
     if (!(ganz >= std::numeric_limits<std::int32_t>::min() && ganz <= std::numeric_limits<std::int32_t>::max())) {
         return std::nullopt;
     }

@@ -30,6 +30,8 @@ struct Element {
 // The next element from `i` on that is not less than the pivot, and the next from `j` down that is not greater, read
 // element by element.
 struct EinfacherLauf {
+    static constexpr bool ElementFuerElement = true;
+
     std::vector<Element>& Elemente;
 
     Stelle Aufwaerts(Stelle i, std::uint32_t pivot) const {
@@ -54,6 +56,8 @@ struct EinfacherLauf {
 // place within the range, so no bound is tested.
 class SpringenderLauf {
 public:
+    static constexpr bool ElementFuerElement = false;
+
     SpringenderLauf(std::vector<Element>& elemente, Stelle links, Stelle rechts)
         : m_einfach{elemente}, m_links(links), m_rechts(rechts) {
         const auto bloecke = static_cast<std::size_t>((rechts - links) / BlockGroesse) + 1;
@@ -233,6 +237,11 @@ private:
                 m_zuTief.push_back(spanne);
                 continue;
             }
+            if constexpr (Lauf::ElementFuerElement) { // to look at a range once costs less than a pass
+                if (IstAufsteigend(spanne)) {
+                    continue;
+                }
+            }
             const auto [kleine, grosse] = Durchgang(spanne, lauf);
             if (spanne.Laenge() > Lang) {
                 m_zwischendurch();
@@ -240,6 +249,14 @@ private:
             offen.push_back(grosse); // the smaller one next: the list of open ranges stays as short as log n
             offen.push_back(kleine);
         }
+    }
+
+    // True when each rank of a range is above the one before: passes would exchange nothing. Findings come in a few
+    // such stretches.
+    bool IstAufsteigend(const Spanne& spanne) const {
+        const auto ende = m_elemente.begin() + spanne.Rechts + 1;
+        return std::adjacent_find(m_elemente.begin() + spanne.Links, ende,
+                                  [](const Element& a, const Element& b) { return a.Rang >= b.Rang; }) == ende;
     }
 
     // One pass over a range. Returns the two parts that are still to be sorted, the smaller one first: afterwards no

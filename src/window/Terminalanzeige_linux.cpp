@@ -10,7 +10,6 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
-#include <cmath>
 #include <new>
 
 namespace zepholt {
@@ -126,7 +125,7 @@ Text Terminalzeile(TextSicht schritt, double breite, std::size_t spalten) {
         return zeile;
     }
     const Text prozent = RechtsBuendig(ZahlText(static_cast<std::int64_t>(anteil * 100)), 5) + u" %";
-    const auto striche = static_cast<std::size_t>(std::lround(anteil * Striche));
+    const auto striche = static_cast<std::size_t>(anteil * Striche * 2 + 1) / 2; // rounded
     const Text balken = u"  [" + Text(striche, u'#') + Text(Striche - striche, u'.') + u"]";
     if (zeile.size() + balken.size() + prozent.size() <= platz) {
         return zeile + balken + prozent;

@@ -3,6 +3,9 @@
 
 #include "hilfen/Satztest.h"
 
+#include <string>
+#include <string_view>
+
 namespace zepholt {
 namespace {
 
@@ -133,6 +136,26 @@ TEST_F(FeldpruefungTest, ZahlFeldHoldsThirtyTwoBits) {
 }
 
 // --- DezimalFeld -----------------------------------------------------------------------------------------------------
+
+// Up to eight digits are read in one go where so many columns of a byte follow: with any byte behind them, at any
+// place.
+TEST_F(FeldpruefungTest, ZahlFeldReadsColumnsOfAByteAsThoseOf16Bits) {
+    constexpr std::string_view Ziffern = "9081726354";
+    for (std::int32_t laenge = 1; laenge <= 9; ++laenge) {
+        for (std::size_t dahinter = 0; dahinter < 9; ++dahinter) {
+            for (const char fremd : {' ', '0', '9', '\0', '/', ':', '\xFF'}) {
+                const std::string feld(Ziffern.substr(0, static_cast<std::size_t>(laenge)));
+                const std::string record = "G" + feld + std::string(dahinter, fremd);
+                testDaten.Record = Feldsicht(reinterpret_cast<const unsigned char*>(record.data()), record.size());
+                ASSERT_EQ(ZahlFeld(2, laenge, Zwingend), std::stoi(feld)) << laenge << ' ' << dahinter;
+                const std::string nullen = std::string(static_cast<std::size_t>(laenge - 1), '0') + "7";
+                const std::string kleine = "G" + nullen + std::string(dahinter, fremd);
+                testDaten.Record = Feldsicht(reinterpret_cast<const unsigned char*>(kleine.data()), kleine.size());
+                ASSERT_EQ(ZahlFeld(2, laenge, Zwingend), 7) << laenge << ' ' << dahinter;
+            }
+        }
+    }
+}
 
 TEST_F(FeldpruefungTest, DezimalFeldReturnsItsDigits) {
     Feldsicht ziffern;

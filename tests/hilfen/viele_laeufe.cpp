@@ -1,6 +1,7 @@
 // Many runs in one process: viele_laeufe LIST. A line of LIST is a folder, a tab and a command text, both ASCII; each
-// is run in its folder, one after the other; its exit status is a line on standard output. Where the start of a process
-// costs a hundred times as much as a small file's test, as under an emulator, this makes many files possible.
+// is run in its folder, one after the other; its exit status is a line on standard output, written before the next line
+// is read. Where the start of a process costs a hundred times as much as a small file's test, as under an emulator,
+// this makes many files possible.
 #include "run/Main_Start.h"
 #include "run/NeuerLauf.h"
 
@@ -22,7 +23,7 @@ int main(int anzahl, char** argumente) {
         zepholt::NeuerLauf();
         std::cout << zepholt::Main(
                          zepholt::Text(zeile.begin() + static_cast<std::ptrdiff_t>(tabulator) + 1, zeile.end()))
-                  << '\n';
+                  << std::endl;
     }
     return laeufe > 0 ? 0 : 1;
 }

@@ -25,9 +25,11 @@ struct GanzeDatei : ::testing::Test {
 
     Bytes Lies(std::string_view bytes) {
         Ordner.Schreibe("d", bytes);
-        return DateiBytesLesen(Ordner.TextPfad("d"));
+        Bisher.clear();
+        return DateiBytesLesen(Ordner.TextPfad("d"), [this](ByteSicht bisher) { Bisher.push_back(bisher.size()); });
     }
     Testordner Ordner;
+    std::vector<std::size_t> Bisher; // what was told while it was read
 };
 
 TEST_F(GanzeDatei, JedesByteAnSeinemPlatz) {
@@ -39,12 +41,14 @@ TEST_F(GanzeDatei, JedesByteAnSeinemPlatz) {
         byte = static_cast<char>(zufall());
     }
     EXPECT_TRUE(AusBytes(Lies(bytes).Sicht()) == bytes);
+    EXPECT_EQ(Bisher, (std::vector<std::size_t>{1 << 20, 2 << 20, 3'000'001}));
 }
 
 TEST_F(GanzeDatei, NurGewoehnlicheDateien) {
-    EXPECT_THROW(DateiBytesLesen(Ordner.TextPfad("fehlt")), LaufzeitFehler);
-    EXPECT_THROW(DateiBytesLesen(Ordner.TextPfad(".")), LaufzeitFehler);
-    EXPECT_THROW(DateiBytesLesen(u"/dev/zero"), LaufzeitFehler);
+    const auto nichts = [](ByteSicht) {};
+    EXPECT_THROW(DateiBytesLesen(Ordner.TextPfad("fehlt"), nichts), LaufzeitFehler);
+    EXPECT_THROW(DateiBytesLesen(Ordner.TextPfad("."), nichts), LaufzeitFehler);
+    EXPECT_THROW(DateiBytesLesen(u"/dev/zero", nichts), LaufzeitFehler);
 }
 
 TEST(ByteSuche, ErsteStelleOderLaenge) {

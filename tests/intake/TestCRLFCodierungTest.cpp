@@ -9,8 +9,11 @@ ByteSicht AlsBytes(std::string_view text) {
     return {reinterpret_cast<const unsigned char*>(text.data()), text.size()};
 }
 
-std::int32_t Pruefe(std::string_view bytes) {
-    return CrLfPruefen(AlsBytes(bytes));
+// The file read in at once, or first so many bytes of it.
+std::int32_t Pruefe(std::string_view bytes, std::size_t zuerst = 0) {
+    CrLfStand stand;
+    CrLfPruefen(AlsBytes(bytes.substr(0, zuerst)), stand);
+    return CrLfPruefen(AlsBytes(bytes), stand);
 }
 
 struct Zeilenenden {
@@ -70,7 +73,9 @@ TEST(CrLfPruefen, JedeFolgeAusDreiZeichenBisZurLaengeSieben) {
             for (std::size_t rest = nummer; bytes.size() < laenge; rest /= 3) {
                 bytes.push_back("x\r\n"[rest % 3]);
             }
-            ASSERT_EQ(CrLfPruefen(AlsBytes(bytes)), Schrittweise(bytes)) << ::testing::PrintToString(bytes);
+            for (std::size_t zuerst = 0; zuerst <= laenge; ++zuerst) {
+                ASSERT_EQ(Pruefe(bytes, zuerst), Schrittweise(bytes)) << ::testing::PrintToString(bytes) << zuerst;
+            }
         }
     }
 }

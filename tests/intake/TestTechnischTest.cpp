@@ -488,6 +488,20 @@ TEST_F(Schluesseltest, WelcheSpaltenDieOrdnungEntscheiden) {
     }
 }
 
+TEST_F(Schluesseltest, ZeichenUndNichtIhreCodesOrdnen) {
+    // The bytes of a u umlaut and of an e acute in code page 850, which stand the other way round among the characters.
+    constexpr TextSicht UmlautU = u"\u0081";
+    constexpr TextSicht AkutE = u"\u0082";
+    const auto gemeldet = [this](TextSicht erste, TextSicht zweite, std::int32_t spalte) {
+        const Funde befunde = Teste01S({Zeile(u"C1", {{spalte, Text(erste)}}), Zeile(u"C1", {{spalte, Text(zweite)}})});
+        return !befunde.empty() && befunde[0] == Fund{2022, 2};
+    };
+    for (const std::int32_t spalte : {2, 4, 8, 11, 12, 13, 14, 17, 42}) {
+        EXPECT_TRUE(gemeldet(UmlautU, AkutE, spalte)) << spalte;
+        EXPECT_FALSE(gemeldet(AkutE, UmlautU, spalte)) << spalte;
+    }
+}
+
 TEST_F(Schluesseltest, GHinterX) {
     EXPECT_EQ(TesteE1S({Zeile(u"X4", {}), Zeile(u"G1", {})}), (Funde{{2022, 2}}));
     EXPECT_EQ(TesteE1S({Zeile(u"G1", {}), Zeile(u"X4", {})}), Keine);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <random>
+#include <string>
 
 namespace zepholt {
 namespace {
@@ -306,6 +307,26 @@ TEST_F(Keys, DoppelteUeberEinerMillion) {
 
     texte[5] = u"X"; // "     5", "1000000", "200000"
     EXPECT_EQ(Ermittle(texte).Doppelt, static_cast<std::int32_t>(Million));
+}
+
+// --- Many lines out of order, which are sorted in pieces
+// --------------------------------------------------------------
+
+TEST_F(Keys, ManyLinesInFallingOrder) {
+    Revision(21);
+    constexpr std::uint32_t Anzahl = 270'000;
+    std::vector<Text> texte;
+    for (std::uint32_t i = 0; i < Anzahl; ++i) { // columns 8 to 13: a number of six digits
+        const std::string nummer = std::to_string(999'999 - i);
+        texte.push_back(u"G      " + Text(nummer.begin(), nummer.end()));
+    }
+    const Folge folge = SortierteFolge(Zeilen(texte).Liste);
+    ASSERT_EQ(folge.size(), Anzahl);
+    for (std::uint32_t k = 0; k < Anzahl; ++k) {
+        ASSERT_EQ(folge[k], Anzahl - 1 - k);
+    }
+    texte[269'000] = texte[10];
+    EXPECT_EQ(Ermittle(texte).Doppelt, 269'000);
 }
 
 // --- Stretches of equal order: those whose keys ascend need no search ------------------------------------------------

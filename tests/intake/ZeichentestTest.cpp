@@ -29,6 +29,9 @@ struct Zeichentest : ::testing::Test {
         m_record = std::move(record);
         testDaten.Record = Feldsicht(m_record);
         RecordZeichenTest();
+        const bool befund = testDaten.UndefinierterRecordTyp || FundeAb(0) != Funde();
+        const bool frei = m_record.starts_with(u'E') || m_record.starts_with(u'D') || m_record.starts_with(u'U');
+        EXPECT_EQ(OhneZeichenbefund(m_record), !befund && !frei); // at once what the whole test finds
         return FundeAb(0);
     }
 

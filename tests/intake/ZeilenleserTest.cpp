@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -16,13 +17,25 @@ namespace {
 using namespace std::string_literals;
 using namespace std::string_view_literals;
 
-// The lines of a file with these bytes.
-std::vector<Text> Lies(std::string_view bytes, bool utf8, std::size_t erste = 0) {
-    NeuerLauf();
-    testDaten.Utf8Modus = utf8;
+// A file with these bytes, read in in pieces of this length.
+Zeilenschnitt Einlesen(std::string_view bytes, std::size_t stueck) {
     testDaten.Puffer = Bytes(bytes.size());
     std::memcpy(testDaten.Puffer.data(), bytes.data(), bytes.size());
-    Zeilenleser leser(erste);
+    Zeilenschnitt schnitt;
+    for (std::size_t bisher = 0; bisher < bytes.size();) {
+        bisher = std::min(bisher + stueck, bytes.size());
+        schnitt.Nimm(testDaten.Puffer.Sicht().first(bisher));
+    }
+    return schnitt;
+}
+
+// The lines of a file with these bytes.
+std::vector<Text> Lies(std::string_view bytes, bool utf8, std::size_t erste = 0, std::size_t stueck = 10) {
+    NeuerLauf();
+    testDaten.IstE1S = utf8;
+    testDaten.Utf8Modus = utf8;
+    Zeilenschnitt schnitt = Einlesen(bytes, stueck);
+    Zeilenleser leser(schnitt, erste);
     while (!leser.AmEnde()) {
         leser.Naechste();
     }
@@ -43,9 +56,8 @@ Text NachUnicode(std::string_view zeile) {
 TEST(ZeilenleserTest, LinesAndPositions) {
     NeuerLauf();
     const std::string_view bytes = "eins\r\n\r\ndrei\r\n";
-    testDaten.Puffer = Bytes(bytes.size());
-    std::memcpy(testDaten.Puffer.data(), bytes.data(), bytes.size());
-    Zeilenleser leser(0);
+    Zeilenschnitt schnitt = Einlesen(bytes, 4);
+    Zeilenleser leser(schnitt, 0);
     EXPECT_EQ(leser.Position(), 0U);
     leser.Naechste();
     EXPECT_EQ(leser.Position(), 6U);
@@ -60,15 +72,63 @@ TEST(ZeilenleserTest, LinesAndPositions) {
     EXPECT_EQ(leser.Zeilen()[2], u"drei");
 }
 
+// A 451-92 file of a time when it is UTF-8: what it can't keep is not what was looked for while it was read in.
+TEST(ZeilenleserTest, Utf8InAFileOf451) {
+    NeuerLauf();
+    Zeilenschnitt schnitt = Einlesen("\xEF\xBB\xBFx\xC3\xA4\r\na\0b\r\n"sv, 4);
+    testDaten.Utf8Modus = true;
+    Zeilenleser leser(schnitt, 3);
+    leser.Naechste();
+    leser.Naechste();
+    EXPECT_EQ(leser.Zeilen()[0], u"x\u00E4");
+    EXPECT_EQ(leser.Zeilen()[1], Text(u"a\0b"sv));
+}
+
 TEST(ZeilenleserTest, CodePage850AndItsZeroByte) {
     const std::vector<Text> soll = {u"a\u00E4", u"", u"b", u"c\u251C\u00F1"};
     EXPECT_EQ(Lies("a\x84\r\n\0\x84\r\nb\0c\0\r\nc\xC3\xA4\r\n"sv, false), soll);
 }
 
 TEST(ZeilenleserTest, Utf8AndItsMark) {
-    EXPECT_EQ(Lies("\xEF\xBB\xBFx\xC3\xA4y\r\n\xE2\x82\xAC\r\na\0b\r\n"sv, true, 3),
-              (std::vector<Text>{u"x\u00E4y", u"\u20AC", Text(u"a\0b"sv)}));
-    EXPECT_TRUE(testDaten.BreiterPuffer.empty());
+    for (std::size_t stueck = 1; stueck < 20; ++stueck) {
+        EXPECT_EQ(Lies("\xEF\xBB\xBFx\xC3\xA4y\r\n\xE2\x82\xAC\r\na\0b\r\n"sv, true, 3, stueck),
+                  (std::vector<Text>{u"x\u00E4y", u"\u20AC", Text(u"a\0b"sv)}));
+        EXPECT_TRUE(testDaten.BreiterPuffer.empty());
+    }
+}
+
+// What is found while the file is read in: the bytes of 451-92, or of E1S, that no line can keep.
+TEST(ZeilenschnittTest, TheFirstByteThatCannotStay) {
+    struct Fall {
+        std::string_view Bytes;
+        bool IstE1S;
+        std::size_t Erste;
+    };
+    const Fall faelle[] = {
+        {"ab\r\nc\r\n"sv, false, 7},
+        {"ab\r\n\0\r\n\0\r\n"sv, false, 4},
+        {"\xC3\xA4\r\nc\r\n"sv, false, 7},
+        {"ab\r\nc\r\n"sv, true, 7},
+        {"a\0\r\n\xC3\xA4\r\n"sv, true, 4},
+        {"\xEF\xBB\xBFz\r\n"sv, true, 6},
+        {"\xEF\xBB\xBF\xC3\xA4\r\n"sv, true, 3},
+        {"\xEF\xBB\xBFz\r\n"sv, false, 6},
+    };
+    for (const Fall& fall : faelle) {
+        for (std::size_t stueck = 3; stueck < 12; ++stueck) {
+            NeuerLauf();
+            testDaten.IstE1S = fall.IstE1S;
+            EXPECT_EQ(Einlesen(fall.Bytes, stueck).ErsteBesondere(), fall.Erste)
+                << ::testing::PrintToString(fall.Bytes) << stueck;
+        }
+    }
+}
+
+TEST(ZeilenschnittTest, NothingIsCutBehindAWrongLineEnd) {
+    NeuerLauf();
+    Zeilenschnitt schnitt = Einlesen("a\r\nb\nc\r\nd\r\n", 3);
+    EXPECT_EQ(schnitt.Zeilen().size(), 1U);
+    EXPECT_EQ(schnitt.CrLfErgebnis(), 1);
 }
 
 // Exactly 128 characters beyond ASCII fit; one more, wherever it comes, and the columns have 16 bits.
@@ -115,7 +175,7 @@ TEST(ZeilenleserTest, AnyBytesAsThePlainDecoderReadsThem) {
             soll.push_back(NachUnicode(zeile));
             bytes += zeile + "\r\n";
         }
-        ASSERT_EQ(Lies(bytes, true), soll) << lauf;
+        ASSERT_EQ(Lies(bytes, true, 0, 1 + zufall() % 100), soll) << lauf;
     }
 }
 

@@ -79,6 +79,7 @@ TEST_F(NachlaufTest, EachLevelReachesToTheNumberBeforeItsEnd) { // 4711
 
 TEST_F(NachlaufTest, TheLastPositionAndServicePositionsAreNoTitles) {
     EXPECT_EQ(Positionen(111, {110000}), Stempelfunde());
+    EXPECT_EQ(Positionen(111, {0}), Stempelfunde());
     EXPECT_EQ(Positionen(111, {111001, 111002}), Stempelfunde());
     EXPECT_EQ(Positionen(111, {110000, 120000}), Stempelfunde());
     EXPECT_EQ(Positionen(111, {110000, 110000}), Stempelfunde()); // strictly below

@@ -46,6 +46,46 @@ TEST(CodeListeTest, ARepeatedCodeKeepsItsFirstEntry) {
     EXPECT_EQ(liste.AnzahlMitReihenfolge(1, 3), 2);
 }
 
+// Codes that ascend, asked for in their order, out of it, and between and behind them; then one that stands already,
+// and one that breaks the order.
+TEST(CodeListeTest, AscendingCodesAreFoundAsByAScan) {
+    std::deque<Text> codes;
+    CodeListe<Reihencode> liste;
+    const auto anfuegen = [&](const Text& code) { liste.Anfuegen({codes.emplace_back(code), 0}); };
+    const auto alleFinden = [&] {
+        for (int schritt : {1, 7, 39}) {
+            for (int i = 0; i < 40; ++i) {
+                for (const TextSicht rest : {u"", u"+"}) {
+                    const Text gesucht = codes[static_cast<std::size_t>(i * schritt % 40)] + Text(rest);
+                    ASSERT_EQ(liste.Finde(gesucht), FindeNachScan(liste.Eintraege(), gesucht));
+                }
+            }
+        }
+    };
+    for (int i = 0; i < 40; ++i) {
+        const Text neu = {static_cast<char16_t>(u'a' + i / 10), static_cast<char16_t>(u'0' + i % 10)};
+        ASSERT_EQ(liste.Finde(neu), -1);
+        anfuegen(neu);
+    }
+    alleFinden();
+    anfuegen(u"d9");
+    alleFinden();
+    EXPECT_EQ(liste.Finde(u"d9"), 39);
+    anfuegen(u"a55");
+    EXPECT_EQ(liste.Finde(u"a55"), 41);
+    alleFinden();
+}
+
+// In a list that ascends no more, the entry behind the one found last may repeat a code.
+TEST(CodeListeTest, TheEntryBehindTheOneFoundLastIsNoShortCutToARepeatedCode) {
+    CodeListe<Reihencode> liste;
+    for (const char16_t* code : {u"1", u"2", u"3", u"4", u"5", u"6", u"7", u"8", u"9", u"2"}) {
+        liste.Anfuegen({code, 0});
+    }
+    EXPECT_EQ(liste.Finde(u"9"), 8);
+    EXPECT_EQ(liste.Finde(u"2"), 1);
+}
+
 // Random lists of few distinct codes, so that hits are frequent: with and without '*', prefixes of each other, blanks
 // in front, characters above ASCII and of the highest values.
 TEST(CodeListeTest, EverySearchFindsWhatAScanFinds) {

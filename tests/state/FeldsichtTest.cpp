@@ -99,6 +99,12 @@ TEST(SatzTest, ColumnsOfEveryByte) {
         EXPECT_EQ(arten.Ziffern.Letzte(1, 256), byte >= '0' && byte <= '9' ? 20 : 0);
         EXPECT_EQ(arten.Ziffern.Alle(1, 20), byte >= '0' && byte <= '9');
         EXPECT_FALSE(arten.Ziffern.Alle(1, 21));
+        Spaltenmenge felder;
+        felder.SetzeBereich(1, 19);
+        const Spaltenmenge auffaellige = AuffaelligeSpalten(satz.Schmal(), felder);
+        EXPECT_EQ(auffaellige.Letzte(1, 19), byte < ' ' || byte > '~' ? 19 : 0);
+        EXPECT_EQ(auffaellige.Alle(1, 19), byte < ' ' || byte > '~');
+        EXPECT_EQ(auffaellige.Letzte(20, 237), byte != ' ' ? 20 : 0);
     }
 }
 
@@ -108,7 +114,32 @@ TEST(SatzTest, TheFastWayIsThePlainWayAtEveryLength) {
         const Paar satz(Zufallsbytes(zufall, laenge));
         ErwarteGleich(Schnell(satz.Schmal()), Einzeln(satz.Breit()), laenge);
         ErwarteGleich(Einzeln(satz.Schmal()), Einzeln(satz.Breit()), laenge);
+        const Spaltenmenge felder = {{zufall(), 0, ~std::uint64_t{0}, std::uint64_t{zufall()} << 32}};
+        const Spaltenmenge auffaellige = AuffaelligeSpaltenEinzeln(satz.Breit(), felder);
+        EXPECT_EQ(AuffaelligeSpalten(satz.Schmal(), felder).Worte, auffaellige.Worte) << laenge;
+        EXPECT_EQ(AuffaelligeSpalten(satz.Breit(), felder).Worte, auffaellige.Worte) << laenge;
     }
+}
+
+TEST(SatzTest, ARuleAskedOfEachColumnOfASet) {
+    Spaltenmenge menge;
+    for (const std::int32_t spalte : {1, 64, 65, 256}) {
+        menge.SetzeBereich(spalte, 1);
+    }
+    std::vector<std::int32_t> gefragt;
+    const auto bis = [&gefragt](std::int32_t letzte) {
+        return [&gefragt, letzte](std::int32_t spalte) {
+            gefragt.push_back(spalte);
+            return spalte <= letzte;
+        };
+    };
+    EXPECT_TRUE(menge.JedeErfuellt(bis(256)));
+    EXPECT_EQ(gefragt, (std::vector<std::int32_t>{1, 64, 65, 256}));
+    EXPECT_FALSE(menge.JedeErfuellt(bis(255)));
+    gefragt.clear();
+    EXPECT_FALSE(menge.JedeErfuellt(bis(64)));
+    EXPECT_EQ(gefragt, (std::vector<std::int32_t>{1, 64, 65}));
+    EXPECT_TRUE(Spaltenmenge().JedeErfuellt(bis(0)));
 }
 
 TEST(SatzTest, FieldsAtEveryPlace) {
@@ -139,8 +170,8 @@ TEST(SatzTest, SetsAtTheBordersOfTheirWords) {
         EXPECT_EQ(menge.Letzte(1, spalte - 1), 0);
         EXPECT_TRUE(menge.Alle(spalte, 1));
         EXPECT_EQ(menge.Alle(spalte, 2), false);
-        EXPECT_TRUE(menge.Ohne(menge).empty());
-        EXPECT_FALSE(menge.empty());
+        EXPECT_TRUE(menge.Hat(spalte));
+        EXPECT_FALSE(menge.Hat(spalte == 256 ? 1 : spalte + 1));
     }
 }
 

@@ -320,6 +320,8 @@ TEST(GanzzahlAmAnfang, RundetZurGeradenZahl) {
     EXPECT_EQ(GanzzahlAmAnfang(u"-1.5"), -2);
     EXPECT_EQ(GanzzahlAmAnfang(u"-2.5x"), -2);
     EXPECT_EQ(GanzzahlAmAnfang(u"2.51"), 3);
+    EXPECT_EQ(GanzzahlAmAnfang(u"0.49999999999999994"), 0);
+    EXPECT_EQ(GanzzahlAmAnfang(u"-1073741824.5"), -1073741824);
     EXPECT_EQ(GanzzahlAmAnfang(u""), 0);
     EXPECT_EQ(GanzzahlAmAnfang(u" 1"), 1);
 }
@@ -331,6 +333,8 @@ TEST(GanzzahlAmAnfang, AusserhalbVon32BitIstEinLaufzeitFehler) {
     EXPECT_THROW(GanzzahlAmAnfang(u"2147483647.5"), LaufzeitFehler);
     EXPECT_THROW(GanzzahlAmAnfang(u"2147483648"), LaufzeitFehler);
     EXPECT_THROW(GanzzahlAmAnfang(u"-2147483649"), LaufzeitFehler);
+    EXPECT_THROW(GanzzahlAmAnfang(u"2251799813685248.5"), LaufzeitFehler);
+    EXPECT_THROW(GanzzahlAmAnfang(u"-9007199254740993"), LaufzeitFehler);
     EXPECT_THROW(GanzzahlAmAnfang(Text(400, u'9')), LaufzeitFehler);
 }
 
