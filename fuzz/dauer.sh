@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Fuzzes for hours: dauer.sh HOURS [FOLDER]. Builds first; two tables each hour, see lauf.sh: three quarters of it without
+# Fuzzes for whole hours: dauer.sh HOURS [FOLDER]. Builds first; two tables each hour, see lauf.sh: three quarters of it without
 # sanitizers, which makes six times as many runs, and a quarter under them on what was found worth keeping. That stays in
 # FOLDER (build/fuzz/korpus), so that the next time goes on from there.
 set -euo pipefail

@@ -32,8 +32,8 @@ PROGRAMME = {
     "doctest": ["doctest", "items"],
     "items": ["items"],
 }
-# With --skripte what these leave unnoticed is asked about once more: the tests of whole runs, and the cases by code
-# that belong to the room.
+# With --skripte what these leave unnoticed is asked about once more: the pages of the codes, whose texts are the
+# program's, the tests of whole runs, and the cases by code that belong to the room.
 SATZSKRIPTE = ["kopf", "gliederung", "konditionen", "anhang", "kapitel_position", "zuordnung", "preis", "menge",
                "ausmass", "nachlauf"]
 SKRIPTE = {
@@ -45,6 +45,8 @@ SKRIPTE = {
     "catalogue": ["katalog", "kapiteldateien", "vergleich", "listen"],
     "items": SATZSKRIPTE,
 }
+
+SEITENRAEUME = ["errors", "state"]
 
 WOERTER = {
     "true": ["false"],
@@ -206,7 +208,7 @@ def zeilen_des(text, mutant):
 
 def bekannte():
     """(file, line as it is, line as it becomes) of what tools/mutanten_bekannt.txt names, without comments and
-    alignment; '*' stands for any change of the line."""
+    alignment; '*' stands for any line of the file, and for any change of the line."""
     eintraege = set()
     if BEKANNT.exists():
         for zeile in BEKANNT.read_text(encoding="utf-8").splitlines():
@@ -222,7 +224,8 @@ def schlicht(zeile):
 
 
 def ist_bekannt(eintraege, datei, alt, neu):
-    return (datei, schlicht(alt), schlicht(neu)) in eintraege or (datei, schlicht(alt), "*") in eintraege
+    return any((datei, zeile, aenderung) in eintraege
+               for zeile in (schlicht(alt), "*") for aenderung in (schlicht(neu), "*"))
 
 
 class Kopie:
@@ -281,9 +284,17 @@ class Kopie:
                   self.ordner / "tests" / "codes" / f"{name}_test.py", f"--programm={self.bau / 'zepholt'}"]
         return self.besteht(befehl, frist, nummer)
 
+    def seiten(self, frist, nummer=0):
+        """Whether the pages of the codes are those that the program's tables make."""
+        return (self.bauen(["zepholt", "satzschreiber", "kapitelschreiber", "codeschreiber"])[0] and
+                self.besteht(["/usr/bin/python3", "-B", self.ordner / "tools" / "hilfe", "--bau", self.bau, "pruefen"],
+                             frist, nummer))
+
     def ganze_laeufe(self, datei, frist, nummer=0):
         """The tests of whole runs and the cases by code that belong to the room of a source file."""
-        return (self.bauen(["tests_run", "zepholt"])[0] and self.test("run", frist, nummer) and
+        return (self.bauen(["tests_run", "zepholt"])[0] and
+                (datei.split("/")[1] not in SEITENRAEUME or self.seiten(frist, nummer)) and
+                self.test("run", frist, nummer) and
                 all(self.skript(name, frist, nummer) for name in SKRIPTE.get(datei.split("/")[1], [])))
 
 
@@ -335,13 +346,14 @@ def urteile(kopie, datei, text, mutanten_der_datei, skripte):
 
 
 def dateien_aus(angaben):
-    """The source files of the rooms and files named."""
+    """The source files of the rooms and files named; of a room those that are built here."""
     for angabe in angaben:
         pfad = WURZEL / "src" / angabe if (WURZEL / "src" / angabe).is_dir() else WURZEL / angabe
         gefunden = sorted(pfad.glob("*.cpp")) + sorted(pfad.glob("*.h")) if pfad.is_dir() else [pfad]
         if not gefunden or not gefunden[0].is_file():
             sys.exit(f"{angabe}: no room of src/ and no file")
-        yield from (str(datei.relative_to(WURZEL)) for datei in gefunden)
+        hier = [datei for datei in gefunden if datei == pfad or not datei.stem.endswith(("_windows", "_browser"))]
+        yield from (str(datei.relative_to(WURZEL)) for datei in hier)
 
 
 def argumente():

@@ -40,7 +40,8 @@ stufe stoerung tests/fehler/stoerung.py build/release/zepholt build/debug/tests/
 stufe grenzen tests/fehler/grenzen.py build/release/zepholt "$teil"
 stufe seiten tests/bericht/seiten_pruefen.sh build/release
 stufe oeffnen bench/oeffnen.sh build/release
-stufe vergleich tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt $((100000 / teil))
+stufe vergleich tools/vergleiche.py build/release/zepholt --viele build/debug/viele_laeufe --viele build/asan/viele_laeufe \
+    $((100000 / teil))
 stufe windows env DOKUMENTE=$((100000 / teil)) tools/windows_pruefen.sh
 stufe felder tools/mutanten.py doctest items --art zahl --skripte --probe $((2000 / teil))
 stufe mutanten tools/mutanten.py support state errors intake doctest catalogue items --skripte --probe $((400 / teil))

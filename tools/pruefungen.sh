@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The slower checks: form, the order of the rooms, clang-tidy, the tests built by clang under its sanitizers, fuzzing, the
 # cases by code with what users get and its limits, the program in the browser, the tests on Windows under Wine, the pages,
-# many files, and the packages. What runs under Wine, which waits more than it works, has a road of its own beside the rest.
+# many files, and the packages. What runs under Wine and in browsers, which waits more than it works, has a road of its own
+# beside the rest.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/pakete.sh
@@ -15,7 +16,22 @@ stufe() {
     echo "== $1"
 }
 
-# All that runs under Wine. Needs the release build, and the debug build of the tests.
+# All that runs in a browser. Needs the release build and the debug build.
+im_browser() {
+    seit=
+    stufe "The same protocols from the module for browsers, under node"
+    ./web.sh
+    tests/web/gleich.sh build/release/zepholt
+
+    stufe "The page that tests in a browser, in Chromium"
+    tests/web/seiten_pruefen.sh build/release
+
+    stufe "The pages of the codes, in Chromium"
+    tests/hilfe/seiten_pruefen.sh build/debug
+    stufe "All of it done"
+}
+
+# All that runs under Wine. Needs both builds too.
 unter_wine() {
     seit=
     stufe "The Windows program and its tests under Wine"
@@ -29,6 +45,14 @@ unter_wine() {
     tests/fenster/wine_fenster.sh
     tests/desktop/wine_pruefen.sh
     stufe "All of it done"
+}
+
+# abwarten PROCESS LOG: the end of what runs beside, and what it said.
+abwarten() {
+    local status=0
+    wait "$1" || status=$?
+    cat "$2"
+    return "$status"
 }
 
 stufe "Form (clang-format)"
@@ -45,7 +69,12 @@ tools/tidy.py build/debug
 stufe "The main job"
 ./run.sh >/dev/null
 cmake --build --preset debug --target ziehen zepholt zepholt-bericht
-unter_wine >build/unter_wine.log 2>&1 &
+im_browser >build/im_browser.log 2>&1 &
+browser=$!
+(
+    tail --pid="$browser" -f /dev/null
+    unter_wine
+) >build/unter_wine.log 2>&1 &
 wine=$!
 trap wait EXIT # also when a stage fails
 
@@ -66,17 +95,7 @@ cmake --preset release -Wno-dev -DZEPHOLT_TESTS=ON >/dev/null
 tools/ctest_lauf.sh build/release -R '^codes/'
 
 stufe "The same protocols from every compiler, on random files"
-tools/vergleiche.py build/release/zepholt build/debug/zepholt build/asan/zepholt 2000
-
-stufe "The same protocols from the module for browsers, under node"
-./web.sh
-tests/web/gleich.sh build/release/zepholt
-
-stufe "The page that tests in a browser, in Chromium"
-tests/web/seiten_pruefen.sh build/release
-
-stufe "The pages of the codes, in Chromium"
-tests/hilfe/seiten_pruefen.sh build/debug
+tools/vergleiche.py build/release/zepholt --viele build/debug/viele_laeufe --viele build/asan/viele_laeufe 2000
 
 stufe "What users get: hardened, and within its limits"
 tools/haertung_pruefen.sh build/release/zepholt build/release/zepholt_fenster_qt.so
@@ -89,18 +108,19 @@ stufe "Many files: 2,000 with kills, then by ssh and Slurm"
 tests/stapel/abschuesse.py build/release 2000
 tests/stapel/viele_rechner.sh build/release || [ $? -eq 77 ]
 
-stufe "What ran under Wine beside all this"
-wait "$wine" || {
-    cat build/unter_wine.log
-    exit 1
-}
-cat build/unter_wine.log
+stufe "What ran in browsers beside all this"
+abwarten "$browser" build/im_browser.log
 
-stufe "The packages, and from each to the first report in a minute: a fresh Debian 12, the static build, Wine"
+stufe "The packages"
 ./package.sh >build/pakete.log 2>&1 || {
     tail -n 40 build/pakete.log
     exit 1
 }
+
+stufe "What ran under Wine beside all this"
+abwarten "$wine" build/unter_wine.log
+
+stufe "From each package to the first report in a minute: a fresh Debian 12, the static build, Wine"
 tools/pakete_pruefen.sh
 
 stufe "All checks done"

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
 """Compares the protocols of programs on random exchange files, byte for byte but for date and time.
 
-    tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER] [--viele PROGRAM]
+    tools/vergleiche.py OLD NEW... N [--saat S] [--katalog FOLDER] [--viele PROGRAM]...
 
-A program is a path, or what a shell would split into an emulator and a path. That of --viele is viele_laeufe, which
-tests all files in one process; its protocols are compared with those of the others. Of the N files each second is an
-E1S file. Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers
+A program is a path, or what a shell would split into an emulator and a path. That of --viele (repeatable) is the
+viele_laeufe of a build, which tests all files in one process; its protocols are compared with those of the others. Of
+the N files each second is an E1S file. Their records are filled from short lists of good and bad values, so that numbers, codes and running numbers
 meet often; then some are spoiled: bytes changed, cut or put in, lines doubled, swapped or made longer, characters of
 every kind put into fields, line ends broken. The first file that makes a difference is kept and named; the exit status
 is then 1.
@@ -150,6 +150,9 @@ def als_bytes(zufall, zeilen, neu):
     return inhalt
 
 
+VIELE = "viele.xml"  # the protocol of a program that tests all files in one process
+
+
 def befehl(programm):
     """The words of a program's command line, files among them by their whole paths."""
     worte = shlex.split(programm)
@@ -196,15 +199,19 @@ def vergleiche(nummer, wahl, grund):
         shutil.rmtree(ordner)
     eines = protokolle.pop()
     codes = set(re.findall(rb' N="(\d{4})"', eines))
-    return streuwert(eines), codes, f"{ordner}\t{' '.join(argumente(datei, 'viele.xml', katalog, modus))}\n"
+    return streuwert(eines), codes, f"{ordner}\t{' '.join(argumente(datei, VIELE, katalog, modus))}\n"
 
 
 def vergleiche_viele(programm, grund, ergebnisse):
     """Tests all files again in one process; the number of the first file with another protocol, or None."""
     (grund / "liste").write_text("".join(zeile for _, _, zeile in ergebnisse))
     subprocess.run([*programm, str(grund / "liste")], stdin=subprocess.DEVNULL, check=True, stdout=subprocess.DEVNULL)
-    return next((nummer for nummer, (eines, _, _) in enumerate(ergebnisse)
-                 if eines != streuwert(gelesen(grund / str(nummer) / "viele.xml"))), None)
+    for nummer, (eines, _, _) in enumerate(ergebnisse):
+        protokoll = grund / str(nummer) / VIELE
+        if eines != streuwert(gelesen(protokoll)):
+            return nummer
+        protokoll.unlink(missing_ok=True)
+    return None
 
 
 def main():
@@ -213,7 +220,7 @@ def main():
     eingabe.add_argument("n", type=int)
     eingabe.add_argument("--saat", default="1")
     eingabe.add_argument("--katalog")
-    eingabe.add_argument("--viele", type=befehl, metavar="PROGRAM")
+    eingabe.add_argument("--viele", type=befehl, metavar="PROGRAM", action="append", default=[])
     wahl = eingabe.parse_args()
     grund = pathlib.Path(tempfile.mkdtemp())
     ergebnisse = []
@@ -224,15 +231,15 @@ def main():
                 arbeiter.shutdown(cancel_futures=True)
                 sys.exit(1)
             ergebnisse.append(ergebnis)
-    if wahl.viele:
-        anders = vergleiche_viele(wahl.viele, grund, ergebnisse)
+    for programm in wahl.viele:
+        anders = vergleiche_viele(programm, grund, ergebnisse)
         if anders is not None:
             print(f"different: {grund / str(anders)}")
             sys.exit(1)
     shutil.rmtree(grund)
     ohne = sum(eines == streuwert(b"no protocol") for eines, _, _ in ergebnisse)
     codes = set().union(*(codes for _, codes, _ in ergebnisse))
-    print(f"{wahl.n} files, {len(wahl.programme) + bool(wahl.viele)} programs, no difference; codes met: {len(codes)}, "
+    print(f"{wahl.n} files, {len(wahl.programme) + len(wahl.viele)} programs, no difference; codes met: {len(codes)}, "
           f"files without protocol: {ohne}")
     if ohne == wahl.n:
         sys.exit(1)

@@ -11,13 +11,15 @@ import rahmen  # noqa: E402  (its assertions are rewritten first)
 
 def pytest_addoption(parser):
     parser.addoption("--programm", default=os.environ.get("ZEPHOLT_PROGRAMM", ""), help="the program under test")
+    parser.addoption("--in-einem-prozess", action="store_true",
+                     help="silent runs in one process of viele_laeufe, which stands beside the program")
 
 
 def pytest_configure(config):
     befehl = shlex.split(config.getoption("--programm"))
     if not befehl and not config.option.collectonly:
         raise pytest.UsageError("no program: give --programm or set ZEPHOLT_PROGRAMM")
-    rahmen.beginne(befehl)
+    rahmen.beginne(befehl, config.getoption("--in-einem-prozess"))
 
 
 def pytest_sessionfinish(session):

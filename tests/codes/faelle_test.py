@@ -6,11 +6,10 @@ an emulator can't run a case.
 """
 import pathlib
 import shutil
-import subprocess
 
 import pytest
 
-from rahmen import behalten, ohne_uhr, programm, unter_emulator
+from rahmen import behalten, mit_programm, ohne_uhr, unter_emulator
 
 FAELLE = sorted(p for p in (pathlib.Path(__file__).parent.parent / "faelle").iterdir() if p.is_dir())
 
@@ -21,7 +20,7 @@ def test_whole_run_gives_its_protocol(fall, tmp_path):
         pytest.skip((fall / "nur_linux").read_text())
     shutil.copytree(fall, tmp_path, dirs_exist_ok=True, ignore=shutil.ignore_patterns("erwartet.xml"))
     argumente = (fall / "befehl").read_text().splitlines()
-    ende = subprocess.run([*programm, *argumente], cwd=tmp_path, capture_output=True, stdin=subprocess.DEVNULL, timeout=60)
+    ende = mit_programm(argumente, 60, tmp_path)
     assert (ende.returncode, ende.stdout, ende.stderr) == (0, b"", b"")
     protokoll, soll = tmp_path / "p.xml", fall / "erwartet.xml"
     assert protokoll.exists() == soll.exists()

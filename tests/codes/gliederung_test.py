@@ -182,6 +182,11 @@ for art, doppelt, erweitert, (feld, frage) in ((1, 3223, 3226, FRAGE[1]), (3, 32
     fall(f"B{art} eCode twice", "E1S", [kopf, b(art, "A", {208: "e1"}), b(art, "B", {208: "e1"})], [f(erweitert, 4)])
     fall(f"B{art} eCode twice", "01S", [kopf, b(art, "A", {208: "e1"}), b(art, "B", {208: "e1"})], [])
     fall(f"B{art} two eCodes", BEIDE, [kopf, b(art, "A", {208: "e1"}), b(art, "B", {208: "e2"})], [])
+    fall(f"B{art} eCodes that differ in the last of sixteen columns", "E1S",
+         [kopf, b(art, "A", {208: "ABCDEFGHIJKLMNOP"}), b(art, "B", {208: "ABCDEFGHIJKLMNOQ"})], [])
+    fall(f"B{art} eCodes that differ in the column behind", "E1S",
+         [kopf, b(art, "A", {208: "ABCDEFGHIJKLMNOPx"}), b(art, "B", {208: "ABCDEFGHIJKLMNOPy"})],
+         [f(2032, 3, "224"), f(2032, 4, "224"), f(erweitert, 4)])
     fall(f"B{art} eCodes of two cases", BEIDE, [kopf, b(art, "A", {208: "e1"}), b(art, "B", {208: "E1"})], [])
     fall(f"B{art} no eCodes", BEIDE, [kopf, b(art, "A"), b(art, "B")], [])
     fall(f"B{art} code and eCode twice: the code tells", "E1S",

@@ -88,7 +88,8 @@ fall("no 4217 with the sub-section", "E1S", [g1(), g2("190000"), g2("190100")],
      [ohne_zeile(4721, 111, 190000), ohne_zeile(4721, 111, 190100)])
 fall("no 4217 with the group", "E1S", [g1(), g2("111900"), g2("111910")],
      [ohne_zeile(4721, 111, 111900), ohne_zeile(4721, 111, 111910)])
-fall("4217 with the main position only", "E1S", [g1(), g2("111000"), g2("111910")], [f(4217, 3)])
+for position in ("111910", "112910", "117910"):
+    fall(f"4217 {position} with the main position only", "E1S", [g1(), g2(position[:3] + "000"), g2(position)], [f(4217, 3)])
 for position in ("190000", "119000", "111900", "111190", "111090", "111901", "111911", "111191"):
     fall(f"no 4217, no reserve above {position}", BEIDE, [g1(), g2(position)], [ohne_zeile(4721, 111, int(position))])
 fall("a refused reserve position is not stored", "E1S",

@@ -105,6 +105,16 @@ const katalogWaehlen = async (seite, was) => {
   await seite.setInputFiles(fs.statSync(was).isDirectory() ? '#eingabe-katalogordner' : '#eingabe-katalogdatei', was);
   await seite.waitForFunction((name) => document.querySelector('#katalog-stand').textContent.startsWith(name), path.basename(was));
 };
+// Nothing can be kept or removed by the page until `ablageFrei` is set in it.
+const ablageBelegen = (seite) => seite.evaluate(() => new Promise((gut) => {
+  const frage = indexedDB.open('zepholt', 1);
+  frage.onsuccess = () => {
+    const ort = frage.result.transaction('ablage', 'readwrite').objectStore('ablage');
+    const weiter = () => (self.ablageFrei ? frage.result.close() : void (ort.get('katalog').onsuccess = weiter));
+    weiter();
+    gut();
+  };
+}));
 // One that throws is false, and the next ones run. ZEPHOLT_STUFEN names some of them by a regular expression.
 const stufe = async (text, pruefe) => {
   if (!new RegExp(process.env.ZEPHOLT_STUFEN ?? '').test(text)) return;
@@ -200,7 +210,11 @@ await stufe('Several files, a folder, the catalogue over a reload and in each fo
   f = await rahmen(seite);
   erwarte('collected file: protocol', sauber((await gesichert(seite, '#sichern-protokoll')).bytes) === sauber(fs.readFileSync('fehlerhaft.01S.vlt.xml')), true);
   await seite.click('#zurueck');
+  await ablageBelegen(seite);
   await seite.click('#katalog-weg');
+  erwarte('a catalogue that is still kept is not said to be gone', (await seite.textContent('#katalog-stand')).startsWith('katalog.vlt'), true);
+  await seite.evaluate(() => { self.ablageFrei = true; });
+  await seite.waitForFunction(() => document.querySelector('#katalog-stand').textContent === 'Noch keiner.');
   await bereit();
   erwarte('a removed catalogue is gone', await seite.textContent('#katalog-stand'), 'Noch keiner.');
   await seite.setInputFiles('#eingabe-katalogordner', 'los');

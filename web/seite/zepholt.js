@@ -328,14 +328,15 @@
   const katalogAusDatei = async (datei) => {
     if (datei) await katalogSetzen({ art: 'datei', name: datei.name, dateien: [{ name: datei.name, blob: datei }] });
   };
+  // Said to be gone only when it is: who closes the page in between would find it again.
   const katalogEntfernen = async () => {
     katalog = null;
-    katalogZeigen();
-    ansagen(wort('katalog.fort'));
-    $('#katalog-ordner').focus();
     try {
       await ablage.tun('readwrite', (ort) => ort.delete('katalog'));
     } catch { /* nothing was kept */ }
+    katalogZeigen();
+    ansagen(wort('katalog.fort'));
+    $('#katalog-ordner').focus();
   };
   const katalogHolen = async () => {
     try {
