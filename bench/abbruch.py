@@ -6,7 +6,8 @@
 Runs PROGRAM (build/release/zepholt) on a terminal of its own with large files of several shapes. At each of MOMENTS (20)
 spread over the time of a whole run, Ctrl+C is pressed and what then asks is answered with Yes. Two times count: until the
 question stands there, and from the answer to the end of the process, which writes no protocol. Prints both for each shape,
-the median and the longest, and fails when one is longer than 300 ms or a cancelled run leaves something behind.
+the median and the longest. Fails when a question takes longer than 300 ms or a cancelled run leaves something behind; how
+long the end takes is the rules' affair, which let the tests of the records run to their end.
 """
 import os
 import pathlib
@@ -17,7 +18,7 @@ import sys
 import tempfile
 import time
 
-FRIST = 0.3
+FRIST = 0.3  # seconds to the question
 WURZEL = pathlib.Path(__file__).resolve().parent.parent
 FORMEN = (("dokument", "01S", 100, ()), ("dokument", "E1S", 100, ("--falsch",)), ("dokument_katalog", "E1S", 100, ()),
           ("zeichen", "01S", 500_000, ()), ("mengen_allein", "01S", 1_000_000, ()), ("objekte_gemischt", "01S", 900_000, ()),
@@ -111,7 +112,7 @@ def main():
             for teil in zip(*zeiten):
                 teil = sorted(teil)
                 spalten += f" {teil[len(teil) // 2] * 1000:7.0f} {teil[-1] * 1000:7.0f}"
-                schlecht |= teil[-1] > FRIST
+            schlecht |= any(frage > FRIST for frage, _ in zeiten)
             print(f"{form:18} {art:4} {dauer:7.2f} s {len(zeiten):7}{spalten}" + f"  {faule} left something" * bool(faule), flush=True)
             schlecht |= bool(faule) or not zeiten
     print("failed" if schlecht else "passed")

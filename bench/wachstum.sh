@@ -86,7 +86,7 @@ dokument 6 01S,E1S --falsch
 dokument_katalog 6 01S,E1S
 katalog 25 01S
 zeichen 60000 01S,E1S
-undefiniert 100000 01S
+undefiniert 60000 01S
 kapitel 60000 01S
 kapitel 60000 01S --falsch
 positionen 33000 01S,E1S
