@@ -32,13 +32,13 @@ private:
 };
 
 // Before the insertion point of the catalogue's text the lines must be blank: from there on the text is the user's.
-// `einfuegepunkt` counts from 1 through the lines.
+// `einfuegepunkt` counts from 1 through the lines; in front of a negative one no column stands.
 void TesteTextVorEinfuegepunkt(const Kette& zeilen, std::int32_t einfuegepunkt, Befunde& befunde) {
     const std::int32_t grenze = (einfuegepunkt - 1) / Zeilenbreite + 1;
-    const std::int32_t spalte = (einfuegepunkt - 1) % Zeilenbreite + 1;
+    const auto spaltenDavor = static_cast<std::size_t>(std::max((einfuegepunkt - 1) % Zeilenbreite, 0));
     for (const VariablenzeileEintrag& zeile : sia451Datei.Variablenzeilen.Von(zeilen)) {
         const Feldsicht text = TextVon(zeile);
-        const Feldsicht davor = text.substr(0, std::min(text.size(), static_cast<std::size_t>(spalte - 1)));
+        const Feldsicht davor = text.substr(0, std::min(text.size(), spaltenDavor));
         if ((zeile.Nummer < grenze && !text.empty()) ||
             (zeile.Nummer == grenze && !OhneLeerzeichenRechts(davor).empty())) {
             befunde.Melden(6303);

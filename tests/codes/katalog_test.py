@@ -154,10 +154,13 @@ def variablen():
           [f(4304, 4)])
     beide("6303 twin: line 1 alone", BEIDE, [G1(), G2(p), G3(p, 1, "x")], kat(H(111, U(1, V(1, e=31)))), [f(6303, I=ort(p))])
     fall("6303 the highest point", [V(1, e=32767)], [G3(p, 1, "x", "y")], [6303, 6303])
+    # In front of a negative point no column stands; the text is the user's all the same.
+    for e in (-1, -5, -28, -29, -30, -59, -32768):
+        fall(f"6303 E {e}", [V(1, e=e)], [G3(p, 1, "x", "y")], [])
 
     # 6304: the document's insertion point in front of the catalogue's.
     for e, n, zeile, soll in ((5, 5, 1, 0), (5, 4, 1, 1), (5, 6, 1, 0), (1, 1, 1, 0), (None, 1, 1, 1), (0, 30, 1, 1),
-                              (31, 1, 2, 0), (32, 1, 2, 1), (35, 5, 2, 0), (35, 4, 2, 1), (31, 30, 1, 1), (30, 30, 1, 0)):
+                              (31, 1, 2, 0), (32, 1, 2, 1), (35, 5, 2, 0), (35, 4, 2, 1), (31, 30, 1, 1), (30, 30, 1, 0), (-5, 1, 1, 0), (-32768, 30, 2, 0)):
         texte = [""] * zeile
         fall(f"6304 E {e}, {zeile}/{n}", [V(1, e=e)], [G3(p, 1, *texte, e={zeile: n})], [6304] if soll else [])
     fall("6304 no insertion point", [V(1, e=5)], [G3(p, 1, "")], [])

@@ -447,12 +447,12 @@ def befunde(doc, kap, neu):
                 hier(6301)
                 continue
             e = v[2]
-            if e:
+            if e > 0:
                 for z, text in enumerate(zeilen, 1):
                     vor = text if z < (e - 1) // 30 + 1 else text[:(e - 1) % 30] if z == (e - 1) // 30 + 1 else ""
                     if vor.strip():
                         hier(6303)
-            elif any(z.strip() for z in zeilen):
+            elif e == 0 and any(z.strip() for z in zeilen):
                 hier(6302)
             if punkt and (e == 0 or (len(zeilen) - 1) * 30 + punkt < e):
                 hier(6304)
@@ -488,7 +488,7 @@ def zufallskapitel(zufall):
         us = []
         nur_text = zufall.random() < 0.4
         for m in sorted({unter(zufall) // (10 if nur_text else 1) * (10 if nur_text else 1) for _ in range(zufall.randint(0, 5))}):
-            vs = [V(i, a=zufall.choice((None, "", "x", "y")), e=zufall.choice((None, 0, 1, 5, 31, 35)))
+            vs = [V(i, a=zufall.choice((None, "", "x", "y")), e=zufall.choice((None, 0, 1, 5, 31, 35, -7)))
                   for i in range(4) if zufall.random() < 0.3]
             von = zufall.choice((m, unter(zufall)))
             w = von * 1000 + zufall.choice((199, 299, 999, unter(zufall))) if zufall.random() < 0.3 else None
