@@ -39,7 +39,7 @@ void LiesRecordA(SIA451Datei& datei) {
     datei.KopfFeld238 = TextFeld(238, 19, Freiwillig);                                // A:24i
 }
 
-// Returns Z:21-22, the one field that is tested later and not kept.
+// Returns Z:21-22, which is tested later and not kept.
 Feldsicht LiesRecordZ(SIA451Datei& datei) {
     const Feldsicht projekt = SchluesselFeld(82, 11, JokerVerboten, Freiwillig);     // Z:21-22
     TextFeld(93, 30, Freiwillig);                                                    // Z:23

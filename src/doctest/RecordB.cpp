@@ -1,5 +1,6 @@
-// Structure records B0 to B8. B0 announces a structure by its number, the others fill it; each check that a record
-// fails ends its test, but for the uniqueness of the order.
+// Structure records B0 to B8. B0 announces a structure by its number, the others fill it. A record of no
+// announced structure, below no known code or with a code that is taken is left out; what else is found of it doesn't
+// matter to that.
 #include "doctest/Feldpruefung.h"
 #include "doctest/Feldregeln.h"
 #include "doctest/Records.h"

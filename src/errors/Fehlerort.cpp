@@ -46,7 +46,7 @@ void PositionAnhaengen(std::string& bytes, std::int32_t zeile, std::int32_t kapi
     if (!nummer) {
         return;
     }
-    // Ten digits, of which the first is dropped; fewer where a record's own chapter is negative.
+    // Ten digits, of which the first is dropped; fewer where a record's own chapter or position is negative.
     const Zahlziffern ziffern(*nummer + 1'000'000'000);
     const auto gruppe = [&](std::size_t ab) {
         return ab < ziffern.Sicht().size() ? ziffern.Sicht().substr(ab, 3) : std::string_view();

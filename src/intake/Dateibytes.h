@@ -1,4 +1,4 @@
-// Reading the exchange file in: its bytes as a whole, and where its lines stand.
+// Reading the exchange file in: its bytes as a whole, and how many lines they hold.
 #pragma once
 
 #include "support/OS_API.h"

@@ -318,8 +318,8 @@ private:
     Feldsicht m_zeile; // has this key
 };
 
-// Hands on the keys that stand twice among these lines. Sorted by hash value, equal keys stand together, in time that
-// grows in step with the lines whatever they hold; a line that is the one before again needs no hash value.
+// Hands on the keys that stand twice among these lines. Sorted by hash value, equal keys stand together, whatever the
+// lines hold; a line that is the one before again needs no hash value.
 void DoppelteSuchen(const Zeilenliste& zeilen, const Strecke& strecke, DoppelterMitKleinstem& kleinster) {
     std::vector<Merkmal> merkmale;
     Feldsicht vorige;

@@ -3,8 +3,8 @@
 //
 // A key is 56 columns wide, or 88 in the new interface (Revision 12 and above). Behind it stands, as a text, the number
 // of its line from 0, right-aligned in six columns; a number from 1,000,000 on takes more. Keys are compared as texts,
-// so that among equal keys line 1,000,000 comes before line 200,000. No such text is ever built: all routines compare
-// the columns of the lines themselves.
+// so that among equal keys line 1,000,000 comes before line 200,000. That whole text is never built: the routines
+// compare the columns of the lines themselves, or keys and numbers apart.
 #pragma once
 
 #include "state/Zeilenliste.h"

@@ -15,8 +15,8 @@ void EinheitenSetzen();
 
 void PruefeG5(); // unit and price: 4501 to 4503 (each stops), 4504 to 4507, 4511, 4521
 
-// Quantity, or detail measurement line when G6:4 or G6:5 is filled: 3208, 4601, 4602 (each stops), 4521, 4611 to 4694,
-// 2032.
+// Quantity, or detail measurement line when G6:4 or G6:5 is filled: 3208; 4601, 4602 (each stops); 4521, 4611 to 4694
+// (4692 stops), 2032.
 void PruefeG6();
 
 // The second half of a detail measurement line, for PruefeG6 only: reads the record anew. 4613 to 4615, 4693, 4694,

@@ -1,4 +1,4 @@
-// Small rules on texts that the item records apply. No state, no reports.
+// Small rules on texts that the item records apply. No state of their own, no reports.
 #pragma once
 
 #include "state/SIA451Datei.h"

@@ -36,8 +36,8 @@ struct TestDaten {
     Text SchnittstellenId;               // A:3, columns 8 to 13 of line 1, once accepted
     std::int32_t Revision = 0;           // A:4: 11 or 21 after a successful intake, see NeueSchnittstelle
     bool Utf8Modus = false;              // the lines are decoded as UTF-8
-    Bytes Puffer;                        // the file, recoded in place; all views of its columns lie in here
-    std::vector<char16_t> BreiterPuffer; // its place for a file with too many characters for a byte
+    Bytes Puffer;                        // the file, recoded in place; all views of its columns lie in here,
+    std::vector<char16_t> BreiterPuffer; // or in here, for a file with too many characters for a byte
     Zeilenliste Zeilen;                  // the lines without their ends, from 0
     bool ZeilenNummeriert = false;       // from the order test on: the number of a line is its index in Zeilen
     std::int32_t ZeilenAnzahl = 0;

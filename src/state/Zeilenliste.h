@@ -1,5 +1,5 @@
-// The lines of the exchange file, as places in its one buffer: four bytes for each line, and no line is moved or
-// copied.
+// The lines of the exchange file, as places in its one buffer: four bytes for each line, eight once they are reordered;
+// no line is moved or copied.
 //
 // In the buffer each line has two columns of line end behind it. A line that got shorter when it was read (characters
 // of several bytes, a cut) is filled up with carriage returns, which no line holds otherwise: so the places stay as
@@ -50,6 +50,7 @@ public:
             return laenge;
         }));
     }
+
     // Asks the processor for what stands some lines behind line k, for a pass through all lines: the file is larger
     // than its cache.
     void Vorausholen(std::size_t k) const {

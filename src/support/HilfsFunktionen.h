@@ -89,8 +89,7 @@ std::int32_t GanzzahlAmAnfang(TextSicht text);
 
 // Strict conversion: blanks trimmed at both ends, optional sign, at least one digit, optional point with at least one
 // digit behind it, nothing else; the whole number is rounded half to even. No value when the text is none such ("5."
-// and
-// ".5" are none) or is out of range.
+// and ".5" are none) or is out of range.
 std::optional<std::int32_t> StrengeGanzzahl(TextSicht text);
 std::optional<double> StrengeZahl(TextSicht text);
 

@@ -87,7 +87,8 @@ private:
 
 // An output file that comes out complete or not at all: until Abschliessen its bytes lie in a file without a name
 // (where the file system has none such: in one with a name of its own beside the place), and only then they get the
-// name. So the end of the process, by whatever it comes, leaves nothing. What stands under the name by then is
+// name. So the end of the process, by whatever it comes, leaves nothing (where the file needs a name: unless it is
+// killed). What stands under the name by then is
 // replaced: an ordinary file that may be written, or a link, never what it points to; and nothing else. A failure on
 // the way leaves neither file nor remnant, and an older file as it was. Only exhausted memory at the start is thrown.
 //

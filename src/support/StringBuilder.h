@@ -2,7 +2,8 @@
 //
 // The buffer is a text of a certain length of which the first part is in use. It has the announced length at first and
 // grows by 10000 characters, or by the piece if that is longer, when a piece doesn't fit. That length is counted only:
-// memory is taken for what was written, so neither an absurd announcement nor a short one costs anything.
+// memory is taken for what was written, and ahead for what is announced up to a million characters, so that neither an
+// absurd announcement nor a short one costs much.
 #pragma once
 
 #include "support/Text.h"

@@ -22,7 +22,8 @@ struct DialogDeFrIt {
     std::vector<DialogText> TextTabelle;
 };
 
-// Written by SpracheSetzen and TextHinzufuegen only.
+// Written by SpracheSetzen and TextHinzufuegen, made anew by NeuerLauf; InfoText chooses German where nothing is
+// chosen.
 inline DialogDeFrIt dialogDeFrIt;
 
 // Sets the dialog language (1 German, 2 French, 3 Italian) and builds the table. Version must be set before.

@@ -1,6 +1,6 @@
 // What the stages tell a watching person: phases, the bar, the names of project and document.
 //
-// Each setter does nothing at all in a silent run. With a window it lets waiting events through, which is how a click
+// Each setter shows nothing in a silent run. With a window it lets waiting events through, which is how a click
 // on the cancel button is served; the only thing that an event can change is Abbruch. However often a setter is called,
 // the window is painted and looked at some 30 times a second: what an eye can follow, and a cost that doesn't grow.
 #pragma once
