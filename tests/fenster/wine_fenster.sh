@@ -60,15 +60,14 @@ pruefe "the protocol is the same on Linux with its window" cmp <(ohne_zeit "$ord
     <(ohne_zeit "$ordner/aus/p.xml.linux")
 rm "$ordner/aus/p.xml.linux"
 
-frage_oder_ende() { frage || ! kill -0 "$lauf"; }
-info_oder_ende() { info || ! kill -0 "$lauf"; }
+oder_ende() { "$1" || ! kill -0 "$lauf"; } # the window, or the end of the run
 # oeffnet TEXT WINDOW COMMAND...: the command opens the window. A run that is over before is begun again.
 oeffnet() {
     for _ in 1 2 3 4 5; do
         starte dialog=de
         warte haupt
         w=$(haupt) && klick "$w" 300 90 2>/dev/null && "${@:3}" # no control stands here: the window has the keys
-        warte "$2_oder_ende"
+        warte oder_ende "$2"
         "$2" >/dev/null && break
         zu_ende
     done
@@ -106,7 +105,7 @@ moment() { # answer, milliseconds from when the window stands, parameters in add
     starte dialog=de "${@:3}"
     warte haupt
     sleep "$sekunden"
-    w=$(haupt) && klick "$w" 470 52 2>/dev/null && warte frage_oder_ende
+    w=$(haupt) && klick "$w" 470 52 2>/dev/null && warte oder_ende frage
     if frage >/dev/null; then
         offen=$(texte)
         for phase in "${alle_phasen[@]}"; do
