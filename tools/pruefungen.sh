@@ -26,6 +26,9 @@ im_browser() {
     stufe "The page that tests in a browser, in Chromium"
     tests/web/seiten_pruefen.sh build/release
 
+    stufe "The pages of the report, in Chromium"
+    tests/bericht/seiten_pruefen.sh build/debug
+
     stufe "The pages of the codes, in Chromium"
     tests/hilfe/seiten_pruefen.sh build/debug
     stufe "All of it done"
