@@ -59,6 +59,20 @@ bool GehoertDazu(std::int32_t nummer, const Zugehoerigkeit& struktur) {
     return true;
 }
 
+// Asks the processor for what a record some lines on will look for, its code at `spalte` (from 1) and its order, in a
+// list whose codes come in any order: without that, each search in a large one would wait for memory.
+template <class Eintrag>
+void Vorausschauen(const CodeListe<Eintrag>& liste, std::int32_t spalte, std::int32_t laenge) {
+    constexpr std::int32_t Voraus = 8; // records
+    if (!liste.IstVerstreut() || testDaten.ZeilenNr + Voraus >= testDaten.ZeilenAnzahl) {
+        return;
+    }
+    const Feldsicht record = ZeileAn(testDaten.ZeilenNr + Voraus);
+    const Feldsicht reihenfolge = Feld(record, 75, 7);
+    liste.Vorausholen(OhneLeerzeichenRechts(Feld(record, spalte, laenge)),
+                      NurZiffern(reihenfolge) ? static_cast<std::int32_t>(Ziffernwert(reihenfolge)) : 0);
+}
+
 // False, with `codeDoppelt`, when an entry has the same code. Before that `reihenfolgeDoppelt` comes once for each
 // entry in front of it that has the same order, or for each of all entries when none has the same code.
 template <class Eintrag>
@@ -155,6 +169,7 @@ void PruefeB0() {
 }
 
 void PruefeB1() {
+    Vorausschauen(sia451Datei.KAGTabelle, 82, 5);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);  // B1:2a
     const Feldsicht code = TextFeld(82, 5, Zwingend);      // B1:21
     TextFeld(93, 30, Erwartet);                            // B1:23
@@ -167,6 +182,7 @@ void PruefeB1() {
 }
 
 void PruefeB2() {
+    Vorausschauen(sia451Datei.OGLTabelle, 18, 6);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);    // B2:2a
     const Feldsicht ogl = TextFeld(18, 6, Zwingend);         // B2:6
     const Feldsicht psl = TextFeld(24, 6, Freiwillig);       // B2:7
@@ -190,6 +206,7 @@ void PruefeB2() {
 }
 
 void PruefeB3() {
+    Vorausschauen(sia451Datei.EKGTabelle, 87, 6);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);  // B3:2a
     const Feldsicht code = TextFeld(87, 6, Zwingend);      // B3:22
     TextFeld(93, 30, Erwartet);                            // B3:23
@@ -202,6 +219,7 @@ void PruefeB3() {
 }
 
 void PruefeB4() {
+    Vorausschauen(sia451Datei.EinrichtungTabelle, 129, 6);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend);    // B4:2a
     const Feldsicht code = TextFeld(129, 6, Zwingend);       // B4:24b
     TextFeld(93, 30, Erwartet);                              // B4:23
@@ -245,6 +263,7 @@ void PruefeB6() {
 }
 
 void PruefeB7() {
+    Vorausschauen(sia451Datei.NutzungTabelle, 168, 16);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B7:2a
     const Feldsicht code = TextFeld(168, 16, Zwingend);   // B7:24f
     TextFeld(93, 30, Erwartet);                           // B7:23
@@ -255,6 +274,7 @@ void PruefeB7() {
 }
 
 void PruefeB8() {
+    Vorausschauen(sia451Datei.RaumTabelle, 188, 16);
     const std::int32_t nummer = ZahlFeld(2, 3, Zwingend); // B8:2a
     const Feldsicht code = TextFeld(188, 16, Zwingend);   // B8:24g
     TextFeld(93, 30, Erwartet);                           // B8:23

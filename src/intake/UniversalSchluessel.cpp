@@ -322,6 +322,7 @@ private:
 // lines hold; a line that is the one before again needs no hash value.
 void DoppelteSuchen(const Zeilenliste& zeilen, const Strecke& strecke, DoppelterMitKleinstem& kleinster) {
     std::vector<Merkmal> merkmale;
+    merkmale.reserve(strecke.Bis - strecke.Von);
     Feldsicht vorige;
     for (std::size_t i = strecke.Von; i < strecke.Bis; ++i) {
         BedieneFenster();

@@ -27,16 +27,15 @@ public:
         const auto index = static_cast<std::int32_t>(m_reihenfolgen.size());
         m_reihenfolgen.push_back(reihenfolge);
         m_naechste.push_back(index);
-        if (!m_letzte.IstZuKlein(m_reihenfolgen.size())) {
-            return Eintragen(index);
-        }
-        m_letzte.Leeren(m_reihenfolgen.size());
-        for (std::int32_t i = 0; i <= index; ++i) {
-            Eintragen(i);
-        }
+        m_letzte.Vorsorgen(m_reihenfolgen.size());
+        Eintragen(index);
     }
 
     std::int32_t Eintraege() const { return static_cast<std::int32_t>(m_reihenfolgen.size()); }
+
+    void Vorausholen(std::int32_t reihenfolge) const {
+        m_letzte.Vorausholen(Streuwert(static_cast<std::uint64_t>(reihenfolge)));
+    }
 
     // The number of entries with this order among the first `bis`. The cost grows by the number counted.
     std::int32_t Anzahl(std::int32_t reihenfolge, std::int32_t bis) {
@@ -133,6 +132,15 @@ public:
         return tabelle.Anzahl(reihenfolge, bis);
     }
 
+    // True when codes are found by the hash, so that each search of a large list waits for memory.
+    bool IstVerstreut() const { return m_inhalt && !m_inhalt->Plaetze.empty(); }
+
+    // Asks the processor for what the searches for this code and this order will read.
+    void Vorausholen(Feldsicht code, std::int32_t reihenfolge) const {
+        m_inhalt->Plaetze.Vorausholen(Streuwert(code));
+        m_inhalt->Reihenfolgen.Vorausholen(reihenfolge);
+    }
+
     void Anfuegen(Eintrag eintrag) {
         if (!m_inhalt) {
             m_inhalt = std::make_unique<Inhalt>();
@@ -182,13 +190,10 @@ private:
                                        [this, code](std::int32_t i) { return (*this)[i].Code == code; });
     }
 
-    // Gives the entries since the last search their places; all of them, when the places have become too few.
+    // Gives the entries since the last search their places.
     void Eintragen() const {
         std::int32_t& i = m_inhalt->Eingetragen;
-        if (m_inhalt->Plaetze.IstZuKlein(Eintraege().size())) {
-            m_inhalt->Plaetze.Leeren(Eintraege().size());
-            i = 0;
-        }
+        m_inhalt->Plaetze.Vorsorgen(Eintraege().size());
         for (; i < Anzahl(); ++i) {
             std::int32_t& platz = Platz((*this)[i].Code);
             if (platz == Platztabelle::Frei) { // a code that stands already keeps its first entry

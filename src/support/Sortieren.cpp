@@ -222,32 +222,36 @@ private:
     static constexpr int BeliebigTief = std::numeric_limits<int>::max();
     static constexpr Stelle Klein = 128; // below this the plain passes cost less than an index, however they fall
     static constexpr Stelle Lang = 10'000;
+    static constexpr Stelle Kurz = 8;
 
     // Sorts a range with passes of the given kind; parts that come to lie too deep are noted down unsorted.
     template <class Lauf>
     void SpanneSortieren(Spanne ganze, Lauf& lauf) {
         std::vector<Spanne> offen{ganze};
         while (!offen.empty()) {
-            const Spanne spanne = offen.back();
+            Spanne spanne = offen.back();
             offen.pop_back();
-            if (spanne.Rechts <= spanne.Links) {
-                continue;
-            }
-            if (spanne.Tiefe <= 0 && spanne.Laenge() > Klein) {
-                m_zuTief.push_back(spanne);
-                continue;
-            }
-            if constexpr (Lauf::ElementFuerElement) { // to look at a range once costs less than a pass
-                if (IstAufsteigend(spanne)) {
-                    continue;
+            while (spanne.Laenge() > 1) {
+                if (spanne.Tiefe <= 0 && spanne.Laenge() > Klein) {
+                    m_zuTief.push_back(spanne);
+                    break;
+                }
+                if constexpr (Lauf::ElementFuerElement) { // to look at a longer range once costs less than a pass
+                    if (spanne.Laenge() > Kurz && IstAufsteigend(spanne)) {
+                        break;
+                    }
+                }
+                const auto [kleine, grosse] = Durchgang(spanne, lauf);
+                if (spanne.Laenge() > Lang) {
+                    m_zwischendurch();
+                }
+                if (kleine.Laenge() > 1) { // first: the list of open ranges stays as short as log n
+                    offen.push_back(grosse);
+                    spanne = kleine;
+                } else {
+                    spanne = grosse;
                 }
             }
-            const auto [kleine, grosse] = Durchgang(spanne, lauf);
-            if (spanne.Laenge() > Lang) {
-                m_zwischendurch();
-            }
-            offen.push_back(grosse); // the smaller one next: the list of open ranges stays as short as log n
-            offen.push_back(kleine);
         }
     }
 

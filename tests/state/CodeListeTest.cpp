@@ -1,5 +1,6 @@
 // The searches of a list of codes, against the plain scan.
 #include "state/SIA451Datei.h"
+#include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>
 
@@ -84,6 +85,26 @@ TEST(CodeListeTest, TheEntryBehindTheOneFoundLastIsNoShortCutToARepeatedCode) {
     }
     EXPECT_EQ(liste.Finde(u"9"), 8);
     EXPECT_EQ(liste.Finde(u"2"), 1);
+}
+
+// Thousands of codes and orders in no order, so that the tables grow often: each is found where it stands, each code
+// that is missing isn't, and each order counts once.
+TEST(CodeListeTest, ALargeListWithoutOrderLosesNothingWhenItGrows) {
+    constexpr std::int32_t Anzahl = 5000;
+    const auto gemischt = [](std::int32_t i) { return i * 7919 % Anzahl; }; // a prime: each number once
+    std::deque<Text> codes;
+    CodeListe<Reihencode> liste;
+    for (std::int32_t i = 0; i < Anzahl; ++i) {
+        const Text& code = codes.emplace_back(ZahlText(gemischt(i)));
+        ASSERT_EQ(liste.Finde(code), -1) << i;
+        ASSERT_EQ(liste.AnzahlMitReihenfolge(gemischt(i) + 1, i), 0) << i;
+        liste.Anfuegen({code, gemischt(i) + 1});
+    }
+    for (std::int32_t i = 0; i < Anzahl; ++i) {
+        ASSERT_EQ(liste.Finde(codes[static_cast<std::size_t>(i)]), i);
+        ASSERT_EQ(liste.AnzahlMitReihenfolge(gemischt(i) + 1, i), 0) << i;
+        ASSERT_EQ(liste.AnzahlMitReihenfolge(gemischt(i) + 1, i + 1), 1) << i;
+    }
 }
 
 // Random lists of few distinct codes, so that hits are frequent: with and without '*', prefixes of each other, blanks
