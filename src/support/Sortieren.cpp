@@ -220,9 +220,9 @@ public:
 
 private:
     static constexpr int BeliebigTief = std::numeric_limits<int>::max();
-    static constexpr Stelle Klein = 128; // below this the plain passes cost less than an index, however they fall
-    static constexpr Stelle Lang = 10'000;
-    static constexpr Stelle Kurz = 8;
+    static constexpr Stelle Klein = 128;   // below this the plain passes cost less than an index, however they fall
+    static constexpr Stelle Lang = 10'000; // from here on a pass takes some time
+    static constexpr Stelle Kurz = 8;      // up to here a pass costs no more than a look whether it is needed
 
     // Sorts a range with passes of the given kind; parts that come to lie too deep are noted down unsorted.
     template <class Lauf>
@@ -231,28 +231,30 @@ private:
         while (!offen.empty()) {
             Spanne spanne = offen.back();
             offen.pop_back();
-            while (spanne.Laenge() > 1) {
-                if (spanne.Tiefe <= 0 && spanne.Laenge() > Klein) {
-                    m_zuTief.push_back(spanne);
-                    break;
-                }
-                if constexpr (Lauf::ElementFuerElement) { // to look at a longer range once costs less than a pass
-                    if (spanne.Laenge() > Kurz && IstAufsteigend(spanne)) {
-                        break;
-                    }
-                }
+            while (!Erledigt<Lauf>(spanne)) {
                 const auto [kleine, grosse] = Durchgang(spanne, lauf);
                 if (spanne.Laenge() > Lang) {
                     m_zwischendurch();
                 }
                 if (kleine.Laenge() > 1) { // first: the list of open ranges stays as short as log n
                     offen.push_back(grosse);
-                    spanne = kleine;
-                } else {
-                    spanne = grosse;
                 }
+                spanne = kleine.Laenge() > 1 ? kleine : grosse;
             }
         }
+    }
+
+    // True when a range asks for no more passes of this kind. One that lies too deep is noted down.
+    template <class Lauf>
+    bool Erledigt(const Spanne& spanne) {
+        if (spanne.Laenge() <= 1) {
+            return true;
+        }
+        if (spanne.Tiefe <= 0 && spanne.Laenge() > Klein) {
+            m_zuTief.push_back(spanne);
+            return true;
+        }
+        return Lauf::ElementFuerElement && spanne.Laenge() > Kurz && IstAufsteigend(spanne);
     }
 
     // True when each rank of a range is above the one before: passes would exchange nothing. Findings come in a few
