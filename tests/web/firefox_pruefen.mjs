@@ -117,7 +117,7 @@ try {
   erwarte('no server: verdict', await werte("document.querySelector('.urteil').className", await bericht()), 'urteil ordnung');
   // A cancel reaches the run.
   await gehe(adresseVorher);
-  await gib('#eingabe-dateien', ['gross20.01S']);
+  await gib('#eingabe-dateien', ['gross100.01S']);
   await warte("document.querySelector('#schritt').textContent !== ''");
   await werte("document.querySelector('#abbrechen').click()");
   await warte("!document.querySelector('#meldung').hidden");
