@@ -428,6 +428,7 @@ std::vector<std::uint32_t> SortierteFolge(const Zeilenliste& zeilen) {
     std::vector<std::uint32_t> folge;
     folge.reserve(zeilen.size());
     std::vector<std::uint64_t> raenge; // of the lines that are equal in their columns, wherever they stand
+    raenge.reserve(zeilen.size());
     for (auto strecke = strecken.begin(); strecke != strecken.end(); ++strecke) {
         for (std::size_t nummer = strecke->Von; nummer < strecke->Bis; ++nummer) {
             raenge.push_back(Textrang(nummer));

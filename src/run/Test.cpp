@@ -5,6 +5,7 @@
 #include "intake/TestTechnisch.h"
 #include "run/TestInhalt.h"
 #include "state/TestDaten.h"
+#include "support/OS_API.h"
 #include "window/DialogDeFrIt.h"
 #include "window/Fortschritt.h"
 
@@ -22,6 +23,7 @@ void TestAusfuehren() {
         }
         return;
     }
+    SpeicherBehalten(); // the large lists have grown
     if (!testDaten.Abbruch) {
         DokumentTesten();
     }

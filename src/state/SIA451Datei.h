@@ -9,6 +9,7 @@
 #include "state/Feldsicht.h"
 #include "state/Kette.h"
 #include "state/NummernIndex.h"
+#include "state/Platztabelle.h"
 #include "support/Text.h"
 
 #include <array>
@@ -18,7 +19,6 @@
 #include <map>
 #include <memory>
 #include <set>
-#include <unordered_map>
 #include <vector>
 
 namespace zepholt {
@@ -160,8 +160,9 @@ struct LetzterOrt {
 struct VerweisIndex {
     std::int32_t Kapitel = -1; // index
     std::int32_t Position = -1;
-    Kette Gelesen;                                              // the quantities taken in
-    std::unordered_multimap<std::uint64_t, std::int32_t> Erste; // hash of nine texts, line of a quantity that has them
+    Kette Gelesen = {};      // the quantities taken in
+    Platztabelle Erste = {}; // the lines of those whose references stand in none before
+    std::size_t Anzahl = 0;  // of those lines
 };
 
 // The chapter numbers as decimal texts.

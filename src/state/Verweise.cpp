@@ -22,18 +22,19 @@ std::uint64_t Streuwert(const Verweissatz& verweise) {
     return streuer.Wert();
 }
 
-// True when a quantity among those taken in has these references.
-bool Enthaelt(const VerweisIndex& index, std::uint64_t streuwert, const Verweissatz& verweise) {
-    const auto [von, bis] = index.Erste.equal_range(streuwert);
-    return std::any_of(von, bis, [&](const auto& paar) { return VerweiseIn(ZeileAn(paar.second)) == verweise; });
+// The place of the first quantity with these references, among those taken in.
+std::int32_t& Platz(VerweisIndex& index, const Verweissatz& verweise) {
+    return index.Erste.Platz(Streuwert(verweise),
+                             [&verweise](std::int32_t zeile) { return VerweiseIn(ZeileAn(zeile)) == verweise; });
 }
 
 void Nachfuehren(VerweisIndex& index, const Kette& mengen) {
     for (const MengeEintrag& menge : sia451Datei.Mengen.Seit(index.Gelesen, mengen)) {
-        const Verweissatz verweise = VerweiseIn(ZeileAn(menge.Zeile));
-        const std::uint64_t streuwert = Streuwert(verweise);
-        if (!Enthaelt(index, streuwert, verweise)) {
-            index.Erste.emplace(streuwert, menge.Zeile);
+        index.Erste.Vorsorgen(index.Anzahl + 1);
+        std::int32_t& platz = Platz(index, VerweiseIn(ZeileAn(menge.Zeile)));
+        if (platz == Platztabelle::Frei) { // references that stand already keep their first line
+            platz = menge.Zeile;
+            ++index.Anzahl;
         }
     }
     index.Gelesen = mengen;
@@ -125,10 +126,10 @@ Verweissatz VerweiseIn(Feldsicht record) {
 bool HatMengeMit(std::int32_t kapitel, std::int32_t position, const Verweissatz& verweise) {
     VerweisIndex& index = sia451Datei.MengenNachVerweis;
     if (index.Kapitel != kapitel || index.Position != position) {
-        index = {kapitel, position, {}, {}};
+        index = {.Kapitel = kapitel, .Position = position};
     }
     Nachfuehren(index, Kapitel(kapitel).Positionen[static_cast<std::size_t>(position)].Mengen);
-    return Enthaelt(index, Streuwert(verweise), verweise);
+    return index.Anzahl > 0 && Platz(index, verweise) != Platztabelle::Frei;
 }
 
 bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge) {

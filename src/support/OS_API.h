@@ -50,6 +50,10 @@ struct OrdnerEintrag {
 // quarter less of its time; where the platform can't, nothing happens.
 void WirdGanzGefuellt(void* speicher, std::size_t bytes);
 
+// From now on the process keeps the memory that is given back, for whoever asks next: the system would blank it first.
+// What grows by being copied leaves its old room behind then.
+void SpeicherBehalten();
+
 // What stands at a path, links followed. No wildcards here. Any failure of the query gives Nichts.
 DateiArt ArtVon(const Text& pfad);
 

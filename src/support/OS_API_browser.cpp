@@ -32,6 +32,8 @@ void ProzessVorbereiten() {}
 
 void WirdGanzGefuellt(void*, std::size_t) {}
 
+void SpeicherBehalten() {}
+
 Text Kommandozeile(int, char**) {
     return {};
 }

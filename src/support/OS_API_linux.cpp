@@ -57,6 +57,11 @@ void WirdGanzGefuellt(void* speicher, std::size_t bytes) {
     }
 }
 
+void SpeicherBehalten() {
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, -1);
+}
+
 Zeitpunkt Jetzt() {
     const std::time_t jetzt = std::time(nullptr);
     std::tm ort{};
@@ -73,10 +78,6 @@ std::int64_t MilliSekunden() {
 void ProzessVorbereiten() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
-
-    // What one step of a test gives back is the next one's: new memory from the system would be blanked first.
-    mallopt(M_MMAP_MAX, 0);
-    mallopt(M_TRIM_THRESHOLD, -1);
 }
 
 Text Kommandozeile(int anzahl, char** argumente) {

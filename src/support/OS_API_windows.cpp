@@ -56,6 +56,8 @@ bool IstPfadTrenner(char16_t zeichen) {
 
 void WirdGanzGefuellt(void* /*speicher*/, std::size_t /*bytes*/) {}
 
+void SpeicherBehalten() {}
+
 Zeitpunkt Jetzt() {
     SYSTEMTIME ort{};
     GetLocalTime(&ort);
