@@ -19,7 +19,7 @@ DATEI ends in .01S or .E1S, which decides the interface. N is the size in the un
     umlaute           a document of N positions with umlauts in every text
     schriften         the same with more characters than one byte can tell apart (E1S)
     nur_g2 nur_g3 nur_p nur_u
-                      N lines of one record type
+                      N lines of one record type (but for their positions)
     mengen_allein     one position with N quantities, without detail lines
     objekte           N object structures with four position locations each
     objekte_gemischt  N object structures in random order
@@ -295,11 +295,6 @@ def schriften(d, n):
     texte(d, n, lambda i: "".join(chr(0x3B1 + (i * 7 + k) % 500) for k in range(20)))
 
 
-def lauter(d, n, art, *felder):
-    for i in range(n):
-        d(art, (2, "111"), (8, f"{i % 1000000:06}"), (14, code(i // 1000000, 2)), *felder)
-
-
 def nur_g2(d, n):
     d.kapitel(111)
     for p in positionsnummern(n):
@@ -307,15 +302,20 @@ def nur_g2(d, n):
 
 
 def nur_g3(d, n):
-    lauter(d, n, "G3", (16, "01"), (93, "Liefern und versetzen, gerade"))
+    d.kapitel(111)
+    for p in positionsnummern((n + 98) // 99):
+        d.position("111", p)
+        for i in range(1, 100):
+            d("G3", (2, "111"), (8, p), (14, "00"), (16, f"{i:02}"), (93, "Liefern und versetzen, gerade"))
 
 
 def nur_p(d, n):
-    lauter(d, n, "P2", (93, "Produkt"))
+    for i in range(n):
+        d("P2", (2, "111"), (8, f"{i:06}"), (14, "01"), (93, "Produkt"))
 
 
 def nur_u(d, n):
-    lauter(d, n, "U1", (93, "Freier Text einer Bemerkung"))
+    d.zeilen += [satz("U1", [(2, "111"), (93, "Freier Text einer Bemerkung")])] * n
 
 
 def mengen_allein(d, n):
