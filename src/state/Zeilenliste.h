@@ -36,7 +36,6 @@ public:
     void Umziehen(const char16_t* anfang) { m_anfang = Feldsicht(anfang, 0); }
 
     std::size_t size() const { return m_stellen.empty() ? 0 : m_stellen.size() - 1; }
-    bool empty() const { return size() == 0; }
 
     Feldsicht operator[](std::size_t k) const {
         const std::size_t i = m_folge.empty() ? k : m_folge[k];

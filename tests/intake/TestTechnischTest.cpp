@@ -31,7 +31,7 @@ protected:
     std::int32_t Lies() {
         const bool ergebnis = DateiEinlesen();
         EXPECT_EQ(FehlerAnzahl(), ergebnis ? 0 : 1);
-        EXPECT_EQ(testDaten.Zeilen.empty(), !ergebnis);
+        EXPECT_EQ(testDaten.Zeilen.size() > 0, ergebnis);
         return ergebnis ? 0 : FundeAb(0).at(0).Code;
     }
 
