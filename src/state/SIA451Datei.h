@@ -136,7 +136,7 @@ public:
     bool empty() const { return m_seiten.empty(); }
 
 private:
-    static constexpr std::size_t Seite = 4096; // numbers
+    static constexpr std::size_t Seite = 32768; // numbers: few pages to list, none of them large
     std::vector<std::unique_ptr<std::bitset<Seite>>> m_seiten;
 };
 

@@ -2,8 +2,11 @@
 #include "support/OS_API.h"
 #include "support/Systemruf_linux.h"
 
+#include <charconv>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
+#include <iterator>
 #include <optional>
 
 #include <sys/stat.h>
@@ -54,9 +57,9 @@ bool IstErsetzbar(const Stelle& stelle) {
 // The system's path of an open file, by which it can be given a name.
 struct Griffpfad {
     explicit Griffpfad(const Griff& griff) {
-        std::snprintf(Zeichen, sizeof Zeichen, "/proc/self/fd/%d", griff.Nummer());
+        std::to_chars(Zeichen + std::strlen(Zeichen), std::end(Zeichen), griff.Nummer());
     }
-    char Zeichen[32];
+    char Zeichen[32] = "/proc/self/fd/";
 };
 
 // A new file without a name in the folder, which ends with the process; not open where the system has none such, or no

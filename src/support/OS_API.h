@@ -11,7 +11,9 @@
 
 #include "support/Text.h"
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <span>
 #include <vector>
@@ -144,6 +146,9 @@ Zeitpunkt Jetzt();
 // Milliseconds of the platform's cheapest clock that only goes forward, as coarse as 16 of them: it is looked at for
 // each record.
 std::int64_t MilliSekunden();
+
+// Two numbers by chance, which nobody outside of this process can tell. Asked again, they may be the same.
+std::array<std::uint64_t, 2> Zufallszahlen();
 
 // To be called once, before a run: what comes from outside and has nothing to do with the test doesn't end it (a closed
 // pipe on Linux, the limit of a file's size), nor make it wait (the system's boxes on Windows).

@@ -5,6 +5,7 @@
 #include "support/Umgebung_browser.h"
 
 #include <array>
+#include <random>
 
 #include <emscripten.h>
 
@@ -26,6 +27,12 @@ Zeitpunkt Jetzt() {
 
 std::int64_t MilliSekunden() {
     return static_cast<std::int64_t>(emscripten_get_now());
+}
+
+std::array<std::uint64_t, 2> Zufallszahlen() {
+    std::random_device quelle;
+    const auto zahl = [&quelle] { return std::uint64_t{quelle()} << 32 | quelle(); };
+    return {zahl(), zahl()};
 }
 
 void ProzessVorbereiten() {}

@@ -1,14 +1,13 @@
 #include "support/Streuwert.h"
 
-#include <random>
+#include "support/OS_API.h"
 
 namespace zepholt {
 
 const Streukeim& ProzessKeim() {
     static const Streukeim keim = [] {
-        std::random_device quelle;
-        const auto wort = [&quelle] { return std::uint64_t{quelle()} << 32 | quelle(); };
-        return Streukeim{wort(), wort()};
+        const auto [eins, zwei] = Zufallszahlen();
+        return Streukeim{eins, zwei};
     }();
     return keim;
 }

@@ -424,6 +424,13 @@ TEST(Jetzt, IstDieOrtszeit) {
     EXPECT_LE(jetzt, danach);
 }
 
+TEST(Zufallszahlen, BestehenAusZweiVerschiedenen) {
+    const auto [eins, zwei] = Zufallszahlen();
+    EXPECT_NE(eins, zwei);
+    EXPECT_NE(eins, 0U);
+    EXPECT_NE(zwei, 0U);
+}
+
 TEST(MeldungAusgeben, EineZeileInUtf8) {
     testing::internal::CaptureStderr();
     testing::internal::CaptureStdout();

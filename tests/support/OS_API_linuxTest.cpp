@@ -445,6 +445,18 @@ TEST_F(LinuxTest, RechteEinerNeuenDatei) {
     EXPECT_EQ(angaben.st_mode & 0777U, 0640U);
 }
 
+// The child starts this program anew; what the parent has drawn reaches it by the environment.
+TEST(Zufallszahlen, JederProzessZiehtSeineEigenen) {
+    const auto gezogen = [] {
+        const auto [eins, zwei] = Zufallszahlen();
+        return std::to_string(eins) + ' ' + std::to_string(zwei);
+    };
+    constexpr int Behalten = 0;
+    setenv("ZEPHOLT_ELTERN", gezogen().c_str(), Behalten);
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(std::_Exit(gezogen() != std::getenv("ZEPHOLT_ELTERN") ? 0 : 1), testing::ExitedWithCode(0), "");
+}
+
 TEST(Kommandozeile, AusDenArgumentenDesProgramms) {
     std::string programm = "zepholt";
     std::string datei = "file=a b\xE4\xC3\xA4.01S";
