@@ -28,4 +28,12 @@ Spaltenmenge AuffaelligeSpaltenEinzeln(Feldsicht record, const Spaltenmenge& fel
     return auffaellige;
 }
 
+std::uint64_t GleicheBytesEinzeln(const unsigned char* bytes, unsigned char gesucht) {
+    std::uint64_t gleiche = 0;
+    for (std::size_t i = 0; i < Spaltenmenge::Wortbreite; ++i) {
+        gleiche |= std::uint64_t{bytes[i] == gesucht} << i;
+    }
+    return gleiche;
+}
+
 } // namespace zepholt

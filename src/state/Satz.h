@@ -22,6 +22,10 @@ void SpaltenEinzelnEinteilen(Feldsicht record, Spaltenarten& arten);
 Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder);
 Spaltenmenge AuffaelligeSpaltenEinzeln(Feldsicht record, const Spaltenmenge& felder);
 
+// Which of the 64 bytes from `bytes` on are the one that is looked for, the first in the lowest bit; the plain way too.
+std::uint64_t GleicheBytes(const unsigned char* bytes, unsigned char gesucht);
+std::uint64_t GleicheBytesEinzeln(const unsigned char* bytes, unsigned char gesucht);
+
 class Satz : public Feldsicht {
 public:
     Satz() = default;

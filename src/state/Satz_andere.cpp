@@ -11,4 +11,8 @@ Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder) {
     return AuffaelligeSpaltenEinzeln(record, felder);
 }
 
+std::uint64_t GleicheBytes(const unsigned char* bytes, unsigned char gesucht) {
+    return GleicheBytesEinzeln(bytes, gesucht);
+}
+
 } // namespace zepholt

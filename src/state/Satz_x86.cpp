@@ -96,4 +96,9 @@ Spaltenmenge AuffaelligeSpalten(Feldsicht record, const Spaltenmenge& felder) {
     return auffaellige;
 }
 
+std::uint64_t GleicheBytes(const unsigned char* bytes, unsigned char gesucht) {
+    return Wort64(bytes,
+                  [alle = Alle(static_cast<char>(gesucht))](__m128i block) { return _mm_cmpeq_epi8(block, alle); });
+}
+
 } // namespace zepholt

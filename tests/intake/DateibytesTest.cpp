@@ -58,6 +58,22 @@ TEST(ByteSuche, ErsteStelleOderLaenge) {
     EXPECT_EQ(ByteSuchen(bytes, 'c'), 4U);
     EXPECT_EQ(ByteSuchen(bytes, 'a', 4), 4U);
     EXPECT_EQ(ByteSuchen({}, 'a'), 0U);
+    EXPECT_EQ(ByteSuchen(bytes, 'a', 5), 4U);
+}
+
+// Two bytes at each pair of places: found is the first of those at or behind the beginning.
+TEST(ByteSuche, UeberMehrereBloecke) {
+    for (std::size_t laenge : {63U, 64U, 65U, 127U, 128U, 150U}) {
+        for (std::size_t erstes = 0; erstes < laenge; ++erstes) {
+            for (std::size_t zweites = erstes; zweites < laenge; zweites += 9) {
+                std::vector<unsigned char> bytes(laenge, 0x0B);
+                bytes[erstes] = bytes[zweites] = '\n';
+                EXPECT_EQ(ByteSuchen(bytes, '\n', erstes), erstes);
+                EXPECT_EQ(ByteSuchen(bytes, '\n', erstes / 2), erstes);
+                EXPECT_EQ(ByteSuchen(bytes, '\n', erstes + 1), zweites > erstes ? zweites : laenge);
+            }
+        }
+    }
 }
 
 TEST(Zeilenenden, GezaehltInJederLaenge) {

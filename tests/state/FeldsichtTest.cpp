@@ -121,6 +121,21 @@ TEST(SatzTest, TheFastWayIsThePlainWayAtEveryLength) {
     }
 }
 
+TEST(SatzTest, TheByteThatIsLookedForAmong64) {
+    std::vector<unsigned char> bytes(64, 'a');
+    EXPECT_EQ(GleicheBytes(bytes.data(), 'a'), ~std::uint64_t{0});
+    EXPECT_EQ(GleicheBytes(bytes.data(), 'b'), 0U);
+    bytes[0] = bytes[15] = bytes[16] = bytes[63] = '\n';
+    EXPECT_EQ(GleicheBytes(bytes.data(), '\n'), 0x8000000000018001U);
+    std::mt19937 zufall(64);
+    for (int byte = 0; byte < 256; ++byte) {
+        bytes = Zufallsbytes(zufall, 64);
+        bytes[zufall() % 64] = static_cast<unsigned char>(byte);
+        const auto gesucht = static_cast<unsigned char>(byte);
+        EXPECT_EQ(GleicheBytes(bytes.data(), gesucht), GleicheBytesEinzeln(bytes.data(), gesucht)) << byte;
+    }
+}
+
 TEST(SatzTest, ARuleAskedOfEachColumnOfASet) {
     Spaltenmenge menge;
     for (const std::int32_t spalte : {1, 64, 65, 256}) {
