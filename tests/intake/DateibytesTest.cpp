@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <random>
 
 namespace zepholt {
@@ -42,6 +43,25 @@ TEST_F(GanzeDatei, JedesByteAnSeinemPlatz) {
     }
     EXPECT_TRUE(AusBytes(Lies(bytes).Sicht()) == bytes);
     EXPECT_EQ(Bisher, (std::vector<std::size_t>{1 << 20, 2 << 20, 3'000'001}));
+}
+
+TEST_F(GanzeDatei, WieLangSieZuBeginnWar) {
+    constexpr std::size_t Laenge = 3'000'000;
+    constexpr std::size_t ErstesStueck = 1 << 20;
+    const auto liesMitNeuerLaenge = [this](std::size_t laenge) { // the file gets it after the first piece
+        Ordner.Schreibe("d", std::string(Laenge, 'x'));
+        const Bytes bytes = DateiBytesLesen(Ordner.TextPfad("d"), [&](ByteSicht bisher) {
+            if (bisher.size() == ErstesStueck) {
+                std::filesystem::resize_file(Ordner.Pfad() / "d", laenge);
+            }
+        });
+        return AusBytes(bytes.Sicht());
+    };
+    EXPECT_EQ(liesMitNeuerLaenge(Laenge), std::string(Laenge, 'x'));
+    EXPECT_EQ(liesMitNeuerLaenge(Laenge + 1), std::string(Laenge, 'x'));
+    EXPECT_THROW(liesMitNeuerLaenge(Laenge - 1), LaufzeitFehler);
+    EXPECT_THROW(liesMitNeuerLaenge(ErstesStueck), LaufzeitFehler);
+    EXPECT_THROW(liesMitNeuerLaenge(0), LaufzeitFehler);
 }
 
 TEST_F(GanzeDatei, NurGewoehnlicheDateien) {
