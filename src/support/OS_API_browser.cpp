@@ -5,7 +5,6 @@
 #include "support/Umgebung_browser.h"
 
 #include <array>
-#include <random>
 
 #include <emscripten.h>
 
@@ -27,12 +26,6 @@ Zeitpunkt Jetzt() {
 
 std::int64_t MilliSekunden() {
     return static_cast<std::int64_t>(emscripten_get_now());
-}
-
-std::array<std::uint64_t, 2> Zufallszahlen() {
-    std::random_device quelle;
-    const auto zahl = [&quelle] { return std::uint64_t{quelle()} << 32 | quelle(); };
-    return {zahl(), zahl()};
 }
 
 void ProzessVorbereiten() {}

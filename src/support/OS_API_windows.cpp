@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <random>
 
 namespace zepholt {
 
@@ -67,12 +66,6 @@ Zeitpunkt Jetzt() {
 
 std::int64_t MilliSekunden() {
     return static_cast<std::int64_t>(GetTickCount64());
-}
-
-std::array<std::uint64_t, 2> Zufallszahlen() {
-    std::random_device quelle;
-    const auto zahl = [&quelle] { return std::uint64_t{quelle()} << 32 | quelle(); };
-    return {zahl(), zahl()};
 }
 
 // A drive without a disk is a failure of the call, not a box that asks for one.
