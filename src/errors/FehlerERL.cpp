@@ -7,45 +7,44 @@ namespace {
 // A message below this length counts as missing in its language.
 constexpr std::size_t KuerzesterText = 4;
 
-TextSicht TextInSprache(const FehlerZeile& zeile, std::int32_t sprache) {
+FehlerAngabe MeldungIn(std::int32_t sprache) {
     switch (sprache) {
     case 2:
-        return zeile.Franzoesisch;
+        return FehlerAngabe::Franzoesisch;
     case 3:
-        return zeile.Italienisch;
+        return FehlerAngabe::Italienisch;
     default:
-        return zeile.Deutsch;
+        return FehlerAngabe::Deutsch;
     }
+}
+
+TextSicht Angabe(std::int32_t code, FehlerAngabe angabe) {
+    const std::int32_t platz = FehlerPlatz(code);
+    return platz >= 0 ? FehlerTextAn(static_cast<std::size_t>(platz), angabe) : TextSicht();
 }
 
 } // namespace
 
-const FehlerZeile* FehlerLesen(std::int32_t code) {
+std::optional<FehlerZeile> FehlerLesen(std::int32_t code) {
     const std::int32_t platz = FehlerPlatz(code);
-    return platz >= 0 ? &FehlerTexte()[static_cast<std::size_t>(platz)] : nullptr;
+    return platz >= 0 ? std::optional(FehlerZeileAn(static_cast<std::size_t>(platz))) : std::nullopt;
 }
 
 TextSicht FehlerText(std::int32_t code, std::int32_t sprache) {
-    const FehlerZeile* zeile = FehlerLesen(code);
-    if (zeile == nullptr) {
-        return {};
-    }
-    const TextSicht text = TextInSprache(*zeile, sprache);
-    return text.size() < KuerzesterText ? zeile->Deutsch : text;
+    const TextSicht text = Angabe(code, MeldungIn(sprache));
+    return text.size() < KuerzesterText ? Angabe(code, FehlerAngabe::Deutsch) : text;
 }
 
 TextSicht FehlerSchwere(std::int32_t code) {
-    const FehlerZeile* zeile = FehlerLesen(code);
-    return zeile != nullptr ? zeile->Schwere : TextSicht();
+    return Angabe(code, FehlerAngabe::Schwere);
 }
 
 TextSicht FehlerFeld(std::int32_t code) {
-    const FehlerZeile* zeile = FehlerLesen(code);
-    return zeile != nullptr ? zeile->Feld : TextSicht();
+    return Angabe(code, FehlerAngabe::Feld);
 }
 
 bool FehlerBekannt(std::int32_t code) {
-    return FehlerLesen(code) != nullptr;
+    return FehlerPlatz(code) >= 0;
 }
 
 } // namespace zepholt

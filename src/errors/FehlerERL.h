@@ -3,10 +3,12 @@
 
 #include "errors/FehlerERLTexte.h"
 
+#include <optional>
+
 namespace zepholt {
 
 // The row of `code`, or none.
-const FehlerZeile* FehlerLesen(std::int32_t code);
+std::optional<FehlerZeile> FehlerLesen(std::int32_t code);
 
 // The message of `code` in a language (1 German, 2 French, 3 Italian). A message shorter than 4 characters, one of an
 // unknown language too, falls back to German. Empty when the code has no row.

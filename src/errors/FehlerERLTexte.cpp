@@ -6,8 +6,10 @@
 // characters of ISO-8859-1 and the typographic apostrophe: the protocol drops dashes and ligatures such as U+0153.
 #include "errors/FehlerERLTexte.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
+#include <limits>
 
 namespace zepholt {
 namespace {
@@ -1080,12 +1082,54 @@ constexpr bool TabelleStimmt() {
 static_assert(std::size(Tabelle) == 259);
 static_assert(TabelleStimmt(), "a row is incomplete, or its code is not above the one before it");
 
+// The table as the program holds it: all texts in one, row by row, and where each begins. It has no addresses, which
+// every start would have to fill in.
+constexpr std::size_t Zeilen = std::size(Tabelle);
+constexpr std::size_t TexteJeZeile = 5;
+
+// In the order of FehlerAngabe.
+constexpr std::array<TextSicht, TexteJeZeile> TexteVon(const FehlerZeile& zeile) {
+    return {zeile.Schwere, zeile.Feld, zeile.Deutsch, zeile.Franzoesisch, zeile.Italienisch};
+}
+
+constexpr std::size_t Zeichen = [] {
+    std::size_t summe = 0;
+    for (const FehlerZeile& zeile : Tabelle) {
+        for (const TextSicht text : TexteVon(zeile)) {
+            summe += text.size();
+        }
+    }
+    return summe;
+}();
+
+struct Ablage {
+    std::array<std::int16_t, Zeilen> Codes;
+    std::array<char16_t, Zeichen> Texte;
+    std::array<std::uint16_t, Zeilen * TexteJeZeile + 1> Anfaenge; // the last is the end
+};
+
+static_assert(Zeichen <= std::numeric_limits<std::uint16_t>::max());
+constexpr Ablage Abgelegt = [] {
+    Ablage ablage{};
+    std::size_t zahl = 0;
+    std::size_t ende = 0;
+    for (std::size_t i = 0; i < Zeilen; ++i) {
+        ablage.Codes[i] = static_cast<std::int16_t>(Tabelle[i].Code);
+        for (const TextSicht text : TexteVon(Tabelle[i])) {
+            std::copy(text.begin(), text.end(), ablage.Texte.begin() + ende);
+            ende += text.size();
+            ablage.Anfaenge[++zahl] = static_cast<std::uint16_t>(ende);
+        }
+    }
+    return ablage;
+}();
+
 // The place of each code's row: a protocol asks for every finding.
 constexpr std::int32_t Codes = 10'000;
 constexpr auto Plaetze = [] {
     std::array<std::int16_t, Codes> plaetze{};
     plaetze.fill(-1);
-    for (std::size_t i = 0; i < std::size(Tabelle); ++i) {
+    for (std::size_t i = 0; i < Zeilen; ++i) {
         plaetze[static_cast<std::size_t>(Tabelle[i].Code)] = static_cast<std::int16_t>(i);
     }
     return plaetze;
@@ -1093,8 +1137,19 @@ constexpr auto Plaetze = [] {
 
 } // namespace
 
-std::span<const FehlerZeile> FehlerTexte() {
-    return Tabelle;
+std::size_t FehlerZeilenAnzahl() {
+    return Zeilen;
+}
+
+TextSicht FehlerTextAn(std::size_t platz, FehlerAngabe angabe) {
+    const std::uint16_t* anfang = Abgelegt.Anfaenge.data() + platz * TexteJeZeile + static_cast<std::size_t>(angabe);
+    return {Abgelegt.Texte.data() + anfang[0], static_cast<std::size_t>(anfang[1] - anfang[0])};
+}
+
+FehlerZeile FehlerZeileAn(std::size_t platz) {
+    const auto text = [platz](FehlerAngabe angabe) { return FehlerTextAn(platz, angabe); };
+    return {Abgelegt.Codes[platz],       text(FehlerAngabe::Schwere),      text(FehlerAngabe::Feld),
+            text(FehlerAngabe::Deutsch), text(FehlerAngabe::Franzoesisch), text(FehlerAngabe::Italienisch)};
 }
 
 std::int32_t FehlerPlatz(std::int32_t code) {

@@ -3,7 +3,7 @@
 
 #include "support/Text.h"
 
-#include <span>
+#include <ranges>
 
 namespace zepholt {
 
@@ -15,10 +15,22 @@ struct FehlerZeile {
     TextSicht Deutsch;
     TextSicht Franzoesisch;
     TextSicht Italienisch;
+
+    bool operator==(const FehlerZeile&) const = default;
 };
 
-// All rows in ascending order of their codes.
-std::span<const FehlerZeile> FehlerTexte();
+// How many rows there are, and the row at a place, from 0, in ascending order of their codes.
+std::size_t FehlerZeilenAnzahl();
+FehlerZeile FehlerZeileAn(std::size_t platz);
+
+// All rows in that order.
+inline auto FehlerTexte() {
+    return std::views::iota(std::size_t{0}, FehlerZeilenAnzahl()) | std::views::transform(FehlerZeileAn);
+}
+
+// One text of the row at a place.
+enum class FehlerAngabe { Schwere, Feld, Deutsch, Franzoesisch, Italienisch };
+TextSicht FehlerTextAn(std::size_t platz, FehlerAngabe angabe);
 
 // The place of a code's row among them, from 0; -1 when it has none.
 std::int32_t FehlerPlatz(std::int32_t code);

@@ -125,7 +125,7 @@ const std::string& Fehlerausgabe::Ende(const FehlerEintrag& eintrag, std::size_t
 }
 
 Fehlerausgabe::Codeteile& Fehlerausgabe::TeileVon(std::int32_t code, std::size_t platz) {
-    m_codes.resize(FehlerTexte().size());
+    m_codes.resize(FehlerZeilenAnzahl());
     std::unique_ptr<Codeteile>& teile = m_codes[platz];
     if (!teile) {
         teile = std::make_unique<Codeteile>(TeileAus(code));

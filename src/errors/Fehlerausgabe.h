@@ -20,8 +20,9 @@ Text ErrorElement(const FehlerEintrag& eintrag);
 // gives for a field as long as it is the same field, what the findings of one line share once per line.
 class Fehlerausgabe {
 public:
-    // The element of a finding; stands until the next call.
-    std::string_view Element(const FehlerEintrag& eintrag);
+    // The element of a finding; stands until the next call. Out of line, since gcc, where it stands in the loop over
+    // the findings, copies each of them in other widths than it has just been written in, and waits for that.
+    [[gnu::noinline]] std::string_view Element(const FehlerEintrag& eintrag);
 
 private:
     struct Codeteile {
