@@ -9,7 +9,9 @@
 #include <iterator>
 #include <optional>
 
+#include <linux/magic.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 namespace zepholt {
@@ -62,14 +64,25 @@ struct Griffpfad {
     char Zeichen[32] = "/proc/self/fd/";
 };
 
-// A new file without a name in the folder, which ends with the process; not open where the system has none such, or no
-// way to name it later.
+// A new file without a name in the folder, which ends with the process; not open where the system has none such.
 Griff NamenlosAnlegen(const Stelle& stelle) {
-    Griff griff = Oeffne(stelle.Ordner.Nummer(), ".", O_WRONLY | O_TMPFILE, 0666);
-    if (griff.Offen() && access(Griffpfad(griff).Zeichen, F_OK) != 0) {
-        return {};
-    }
-    return griff;
+    return Oeffne(stelle.Ordner.Nummer(), ".", O_WRONLY | O_TMPFILE, 0666);
+}
+
+// True where such a file can be given a name later, see Verknuepft.
+bool IstSpaeterBenennbar() {
+    struct statfs angaben {};
+    return statfs("/proc", &angaben) == 0 && angaben.f_type == PROC_SUPER_MAGIC;
+}
+
+// Gives a file without a name this one in the folder: by its handle, which newer systems let who made the file do, else
+// by its path, which costs more. False with errno when it can't; EEXIST when something has the name.
+bool Verknuepft(const Griff& datei, const Griff& ordner, const char* name) {
+    const auto verknuepfe = [&](int von, const char* pfad, int art) {
+        return Wiederholt([&] { return linkat(von, pfad, ordner.Nummer(), name, art); }) == 0;
+    };
+    return verknuepfe(datei.Nummer(), "", AT_EMPTY_PATH) ||
+           (errno == ENOENT && verknuepfe(AT_FDCWD, Griffpfad(datei).Zeichen, AT_SYMLINK_FOLLOW));
 }
 
 // A name beside the place, short and of its own, whatever the length of the name in the end. The process number alone
@@ -150,11 +163,7 @@ bool AusgabeDatei::Platz::MitNamenAnlegen() {
 // Gives the file without a name its own at once where nothing stands under it, else by way of a name beside it: only a
 // name can replace a name.
 bool AusgabeDatei::Platz::NamenGeben() {
-    const Griffpfad quelle(Datei);
-    const int ordner = Ort.Ordner.Nummer();
-    const auto verknuepft = [&](const char* name) {
-        return Wiederholt([&] { return linkat(AT_FDCWD, quelle.Zeichen, ordner, name, AT_SYMLINK_FOLLOW); }) == 0;
-    };
+    const auto verknuepft = [this](const char* name) { return Verknuepft(Datei, Ort.Ordner, name); };
     if (verknuepft(Ort.Name.c_str())) {
         return true;
     }
@@ -186,7 +195,9 @@ AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
     if (!platz->Ort.Ordner.Offen() || !IstErsetzbar(platz->Ort)) {
         return nullptr;
     }
-    platz->Datei = NamenlosAnlegen(platz->Ort);
+    if (IstSpaeterBenennbar()) {
+        platz->Datei = NamenlosAnlegen(platz->Ort);
+    }
     return platz->Datei.Offen() || platz->MitNamenAnlegen() ? std::move(platz) : nullptr;
 }
 

@@ -7,8 +7,10 @@ namespace zepholt {
 
 namespace {
 
-// Where a file system keeps files in large pages, pieces of this size take a third less time than those of 64 KB.
-constexpr std::size_t PufferGroesse = std::size_t{1} << 20U;
+// A small file fits into the first; a large one gets the other. Where a file system keeps files in large pages, pieces
+// of that size take a third less time than those of 64 KB.
+constexpr std::size_t KleinerPuffer = std::size_t{1} << 14U;
+constexpr std::size_t GrosserPuffer = std::size_t{1} << 20U;
 
 } // namespace
 
@@ -16,8 +18,8 @@ Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsign
     WirdGanzGefuellt(m_daten.get(), anzahl);
 }
 
-AusgabeDatei::AusgabeDatei(const Text& pfad) {
-    m_puffer.reserve(PufferGroesse);
+AusgabeDatei::AusgabeDatei(const Text& pfad) : m_stueck(KleinerPuffer) {
+    m_puffer.reserve(m_stueck);
     m_platz = Anlegen(pfad);
     m_gut = m_platz != nullptr;
 }
@@ -29,13 +31,24 @@ Bytes LeseDatei::Lies(std::uint64_t stelle, std::size_t anzahl) {
 }
 
 void AusgabeDatei::Schreiben(std::string_view bytes) {
-    if (bytes.size() > PufferGroesse - m_puffer.size()) {
+    if (bytes.size() > m_stueck - m_puffer.size()) {
         Leeren();
+        Vergroessern();
     }
-    if (bytes.size() > PufferGroesse) {
+    if (bytes.size() > m_stueck) {
         m_gut = m_gut && Hinausschreiben(bytes);
     } else if (m_gut) {
         m_puffer.append(bytes);
+    }
+}
+
+// Where there is no memory for it, the small pieces do.
+void AusgabeDatei::Vergroessern() {
+    try {
+        m_puffer.reserve(GrosserPuffer);
+        m_stueck = GrosserPuffer;
+    } catch (const std::bad_alloc&) {
+        return;
     }
 }
 

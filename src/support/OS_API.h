@@ -111,6 +111,7 @@ public:
 
 private:
     void Leeren();
+    void Vergroessern();
 
     // The platform's part: the open file and its place. Its end closes and removes what is still open. None of these
     // needs memory but the first, which gives null where no file can come to stand.
@@ -126,6 +127,7 @@ private:
     PlatzZeiger m_platz;
     bool m_gut = false;
     std::string m_puffer;
+    std::size_t m_stueck; // bytes that are written at once
 };
 
 // True when a file can be created at `pfad`. Nothing is left behind, and nothing is deleted but what was created here.

@@ -22,6 +22,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 extern "C" void* __libc_malloc(size_t); // NOLINT(bugprone-reserved-identifier)
@@ -172,8 +173,8 @@ int fstat(int griff, struct stat* angaben) noexcept {
     return Scheitert("fstat") ? -1 : System<int(int, struct stat*)>("fstat")(griff, angaben);
 }
 
-int access(const char* pfad, int art) noexcept {
-    return Scheitert("access") ? -1 : System<int(const char*, int)>("access")(pfad, art);
+int statfs(const char* pfad, struct statfs* angaben) noexcept {
+    return Scheitert("statfs") ? -1 : System<int(const char*, struct statfs*)>("statfs")(pfad, angaben);
 }
 
 int faccessat(int ordner, const char* pfad, int art, int wie) noexcept {

@@ -127,7 +127,7 @@ def urteil(fall, soll, ruf, was, ergebnis):
     return "" if ausgabe in erlaubt else "an output that nothing explains"
 
 
-RUFE = ["openat", "namenlos", "opendir", "readdir", "pread", "write", "fstatat", "fstat", "access", "faccessat", "dup",
+RUFE = ["openat", "namenlos", "opendir", "readdir", "pread", "write", "fstatat", "fstat", "statfs", "faccessat", "dup",
         "close", "linkat", "renameat", "unlinkat"]
 
 
@@ -135,7 +135,7 @@ def fehler_fuer(ruf):
     if ruf == "malloc":
         return [str(errno.ENOMEM)]
     werte = [str(errno.EIO), str(errno.ENOSPC), str(errno.EINTR)]
-    if ruf in ("dup", "access", "faccessat", "fstat", "namenlos"):
+    if ruf in ("dup", "statfs", "faccessat", "fstat", "namenlos"):
         werte.pop()  # no signal interrupts these
     return werte + (["kurz"] if ruf in ("pread", "write") else [])
 

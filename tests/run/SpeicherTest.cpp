@@ -7,6 +7,7 @@
 #include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
 #include "support/HilfsFunktionen.h"
+#include "support/OS_API.h"
 
 #include <gtest/gtest.h>
 
@@ -157,6 +158,29 @@ TEST_F(SpeicherTest, RunWithOneFailedAllocation) {
 TEST_F(SpeicherTest, RunWithoutMemoryFromAnyPlaceOn) {
     nurEinmal = false;
     PruefeJedeStelle();
+}
+
+// An output that is open needs no more memory, however much is written and in whatever pieces.
+TEST_F(SpeicherTest, OutputThatIsOpen) {
+    nurEinmal = false;
+    const std::string kurz(1'000, 'k');
+    const std::string lang(100'000, 'l');
+    std::string erwartet;
+    for (int i = 0; i < 1'500; ++i) {
+        erwartet += kurz;
+    }
+    erwartet += lang + "m";
+    AusgabeDatei ausgabe(m_ordner.TextPfad("aus/p.xml"));
+    bisZumFehler = 0;
+    for (int i = 0; i < 1'500; ++i) {
+        ausgabe.Schreiben(kurz);
+    }
+    ausgabe.Schreiben(lang);
+    ausgabe.Schreiben("m");
+    const bool fertig = ausgabe.Abschliessen();
+    bisZumFehler = Nie;
+    EXPECT_TRUE(fertig);
+    EXPECT_TRUE(m_ordner.Lies("aus/p.xml") == erwartet);
 }
 
 TEST_F(SpeicherTest, ListOfCodes) {

@@ -16,6 +16,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statfs.h>
 #include <unistd.h>
 
 namespace {
@@ -23,6 +24,8 @@ namespace {
 bool gestoert = false;
 std::set<std::string> gesehen;     // the calls that were interrupted
 bool ohneNamenlose = false;        // the file system knows no files without a name
+bool ohneGriffnamen = false;       // the system names a file by its path only
+bool ohneProc = false;             // nor has it a path of an open file
 std::function<void()> nachAnlegen; // what happens once a file was made
 constexpr int Namenlos = O_TMPFILE & ~O_DIRECTORY;
 
@@ -93,9 +96,19 @@ int fstatat(int ordner, const char* pfad, struct stat* angaben, int art) noexcep
 }
 
 int linkat(int von, const char* alt, int nach, const char* neu, int art) noexcept {
+    if (ohneGriffnamen && (art & AT_EMPTY_PATH) != 0) {
+        errno = ENOENT;
+        return -1;
+    }
     return Unterbrochen("linkat")
                ? -1
                : System<int(int, const char*, int, const char*, int)>("linkat")(von, alt, nach, neu, art);
+}
+
+int statfs(const char* pfad, struct statfs* angaben) noexcept {
+    const int ergebnis = System<int(const char*, struct statfs*)>("statfs")(pfad, angaben);
+    angaben->f_type = ohneProc ? 0 : angaben->f_type;
+    return ergebnis;
 }
 
 int renameat(int von, const char* alt, int nach, const char* neu) noexcept {
@@ -121,7 +134,19 @@ protected:
     ~StoerungTest() override {
         gestoert = false;
         ohneNamenlose = false;
+        ohneGriffnamen = false;
+        ohneProc = false;
         nachAnlegen = nullptr;
+    }
+
+    // Writes a file; how many files stand in the folder before it is complete.
+    std::ptrdiff_t Schreibe(const char16_t* name) {
+        AusgabeDatei datei(Pfad(name));
+        datei.Schreiben("neu");
+        const std::ptrdiff_t unterwegs = Anzahl();
+        EXPECT_TRUE(datei.Abschliessen());
+        EXPECT_EQ(Inhalt(name), "neu");
+        return unterwegs;
     }
 
     template <class Tun>
@@ -154,6 +179,25 @@ TEST_F(StoerungTest, EineNeueDateiKommtGanzHeraus) {
     EXPECT_EQ(gesehen, (Rufe{"openat", "fstatat", "write", "linkat", "renameat"}));
     EXPECT_TRUE(Inhalt(u"alt") == inhalt);
     EXPECT_EQ(Anzahl(), 2);
+}
+
+TEST_F(StoerungTest, EineDateiOhneNamenBekommtIhnAufJedeArt) {
+    Datei(u"alt", "alt");
+    for (const bool griffnamen : {true, false}) {
+        ohneGriffnamen = !griffnamen;
+        EXPECT_EQ(Schreibe(u"neu"), 1);
+        EXPECT_EQ(Schreibe(u"alt"), 2);
+        EXPECT_EQ(Anzahl(), 2);
+        std::filesystem::remove(System(u"neu"));
+        Datei(u"alt", "alt");
+    }
+}
+
+TEST_F(StoerungTest, WoSieKeinenBekommenKannHatDieDateiVonAnfangAnEinen) {
+    ohneProc = true;
+    EXPECT_EQ(Schreibe(u"neu"), 1);
+    EXPECT_EQ(Schreibe(u"neu"), 2);
+    EXPECT_EQ(Anzahl(), 1);
 }
 
 TEST_F(StoerungTest, EineDateiWirdGanzGelesen) {
