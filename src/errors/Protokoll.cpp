@@ -17,28 +17,27 @@ namespace zepholt {
 
 namespace {
 
-// The element's text, escaped; one that is empty, or empties under the escaping, stands as "?".
-Text Elementtext(TextSicht wert, tqXML& xml) {
-    const Text text = xml.ConvertStringToXMLString(wert);
-    return text.empty() ? Text(u"?") : text;
+// The element's text, escaped; one that is empty, or empties under the escaping, stands as "?". Then the closing tag.
+void ElementBeenden(TextSicht tag, TextSicht wert, Text& xml) {
+    xml += u'>';
+    const std::size_t anfang = xml.size();
+    tqXML::ConvertStringToXMLString(wert, xml);
+    if (xml.size() == anfang) {
+        xml += u'?';
+    }
+    xml.append(u"</").append(tag).append(u">");
 }
 
-Text XmlElement(TextSicht tag, TextSicht wert, tqXML& xml) {
-    return Text(u"<").append(tag).append(u">").append(Elementtext(wert, xml)).append(u"</").append(tag).append(u">");
+void XmlElement(TextSicht tag, TextSicht wert, Text& xml) {
+    xml.append(u"<").append(tag);
+    ElementBeenden(tag, wert, xml);
 }
 
-Text XmlElementMitAttribut(TextSicht tag, TextSicht wert, TextSicht attribut, TextSicht attributWert, tqXML& xml) {
-    return Text(u"<")
-        .append(tag)
-        .append(u" ")
-        .append(attribut)
-        .append(u"=\"")
-        .append(xml.ConvertStringToXMLString(attributWert))
-        .append(u"\">")
-        .append(Elementtext(wert, xml))
-        .append(u"</")
-        .append(tag)
-        .append(u">");
+void XmlElementMitAttribut(TextSicht tag, TextSicht wert, TextSicht attribut, TextSicht attributWert, Text& xml) {
+    xml.append(u"<").append(tag).append(u" ").append(attribut).append(u"=\"");
+    tqXML::ConvertStringToXMLString(attributWert, xml);
+    xml += u'"';
+    ElementBeenden(tag, wert, xml);
 }
 
 Text MitNullen(std::int64_t zahl, std::size_t breite) {
@@ -63,38 +62,38 @@ Zaehler Auszaehlen() {
 }
 
 // The old interface counts errors and warnings apart, the new one counts both as errors; in mode I no warning is left.
-Text Zaehlelemente(tqXML& xml) {
+void Zaehlelemente(Text& xml) {
     const Zaehler zaehler = Auszaehlen();
     const bool alt = !NeueSchnittstelle();
     const bool nurFehler = testDaten.Modus == u"I";
     const std::int32_t fehler = alt || nurFehler ? zaehler.Fehler : zaehler.Fehler + zaehler.Warnungen;
-    Text elemente = XmlElement(u"Errors", ZahlText(fehler), xml);
+    XmlElement(u"Errors", ZahlText(fehler), xml);
     if (alt && !nurFehler) {
-        elemente += XmlElement(u"Warnings", ZahlText(zaehler.Warnungen), xml);
+        XmlElement(u"Warnings", ZahlText(zaehler.Warnungen), xml);
     }
-    return elemente;
 }
 
-Text TestElement(tqXML& xml) {
+Text TestElement() {
     const Zeitpunkt jetzt = testDaten.Uhr();
     const Text datum = MitNullen(jetzt.Jahr, 4) + u"-" + MitNullen(jetzt.Monat, 2) + u"-" + MitNullen(jetzt.Tag, 2);
     const Text zeit = MitNullen(jetzt.Stunde, 2) + u":" + MitNullen(jetzt.Minute, 2);
     const Text version = testDaten.SchnittstellenId + u"." + MitNullen(testDaten.Revision, 2);
 
-    Text test = u"<Test>";
-    test += XmlElementMitAttribut(u"Project", sia451Datei.ProjektName, u"ID", sia451Datei.ProjektNummer, xml);
-    test += XmlElementMitAttribut(u"Document", sia451Datei.DokumentName, u"ID", sia451Datei.DokumentNummer, xml);
-    test += XmlElement(u"Date", datum, xml);
-    test += XmlElement(u"Time", zeit, xml);
+    Text xml;
+    xml.reserve(1024); // most are shorter
+    xml += u"<Test>";
+    XmlElementMitAttribut(u"Project", sia451Datei.ProjektName, u"ID", sia451Datei.ProjektNummer, xml);
+    XmlElementMitAttribut(u"Document", sia451Datei.DokumentName, u"ID", sia451Datei.DokumentNummer, xml);
+    XmlElement(u"Date", datum, xml);
+    XmlElement(u"Time", zeit, xml);
     if (!testDaten.Modus.empty()) {
-        test += XmlElement(u"Mode", testDaten.Modus, xml);
+        XmlElement(u"Mode", testDaten.Modus, xml);
     }
-    test += Zaehlelemente(xml);
-    test += XmlElementMitAttribut(u"Software", sia451Datei.SoftwareName, u"Manufacturer",
-                                  sia451Datei.SoftwareHersteller, xml);
-    test += XmlElementMitAttribut(u"Fileformat", Kleinbuchstaben(testDaten.Dateiformat), u"Version", version, xml);
-    test += XmlElementMitAttribut(u"Testprogram", u"ZEPHOLT", u"Version", testDaten.Version, xml);
-    return test += u"</Test>";
+    Zaehlelemente(xml);
+    XmlElementMitAttribut(u"Software", sia451Datei.SoftwareName, u"Manufacturer", sia451Datei.SoftwareHersteller, xml);
+    XmlElementMitAttribut(u"Fileformat", Kleinbuchstaben(testDaten.Dateiformat), u"Version", version, xml);
+    XmlElementMitAttribut(u"Testprogram", u"ZEPHOLT", u"Version", testDaten.Version, xml);
+    return xml += u"</Test>";
 }
 
 // False when the run was cancelled meanwhile.
@@ -139,11 +138,10 @@ void ProtokollSchreiben() {
     if (testDaten.Modus == u"I") {
         WarnungenEntfernen();
     }
-    tqXML xml;
     AusgabeDatei ausgabe(testDaten.Fehlerdatei);
     ausgabe.Schreiben(XmlBytes(XmlDeklaration));
     ausgabe.Schreiben("<SIA451>");
-    ausgabe.Schreiben(XmlBytes(TestElement(xml)));
+    ausgabe.Schreiben(XmlBytes(TestElement()));
     if (FehlerAnzahl() > 0) {
         FehlerSortieren();
         ausgabe.Schreiben("<Errors>");

@@ -10,6 +10,7 @@
 #include <iterator>
 #include <limits>
 #include <numeric>
+#include <optional>
 #include <span>
 #include <tuple>
 #include <utility>
@@ -122,8 +123,7 @@ using Raenge = std::array<unsigned char, 256>;
 Raenge RaengeDerCodeseite() {
     std::array<unsigned char, 256> codes;
     std::iota(codes.begin(), codes.end(), static_cast<unsigned char>(0));
-    std::sort(codes.begin() + 0x80, codes.end(),
-              [](unsigned char a, unsigned char b) { return codeseite.Zeichen[a] < codeseite.Zeichen[b]; });
+    std::ranges::sort(codes.begin() + 0x80, codes.end(), {}, [](auto code) { return codeseite.Zeichen[code]; });
     Raenge raenge;
     for (std::size_t rang = 0; rang < codes.size(); ++rang) {
         raenge[codes[rang]] = static_cast<unsigned char>(rang);
@@ -176,7 +176,8 @@ Ordnung OrdnungDerLangen(const unsigned char* zeile) {
     return {Absteigend(zeile) << 32 | Absteigend(zeile + 7), hinten << 40 | Absteigend(zeile + 13) << 8 | ' '};
 }
 
-Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
+// The ranks are made for the first line that needs them.
+Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, std::optional<Raenge>& raenge) {
     if (zeile.IstBreit()) {
         return Gepackt(SpaltenVon(zeile.Zeichen(), zeile.size(), nummer));
     }
@@ -187,8 +188,11 @@ Ordnung OrdnungVon(Feldsicht zeile, std::size_t nummer, const Raenge& raenge) {
     if (((ordnung[0] | ordnung[1]) & JedesHoheBit) == 0) {
         return ordnung; // ASCII is in its order
     }
+    if (!raenge) {
+        raenge = RaengeDerCodeseite();
+    }
     auto spalten = SpaltenVon(zeile.Bytes(), zeile.size(), nummer);
-    std::ranges::transform(spalten, spalten.begin(), [&raenge](unsigned char byte) { return raenge[byte]; });
+    std::ranges::transform(spalten, spalten.begin(), [&raenge](unsigned char byte) { return (*raenge)[byte]; });
     return Gepackt(spalten);
 }
 
@@ -258,7 +262,7 @@ private:
         }
     }
 
-    Raenge m_raenge = RaengeDerCodeseite();
+    std::optional<Raenge> m_raenge;
     Reihenfolge m_ergebnis;
     Strecke m_gleiche = {0, 0};
     bool m_steigend = true; // the keys of m_gleiche ascend
@@ -375,7 +379,7 @@ struct GleicheZeilen {
 
 // All lines in ascending order of their columns; those that are equal in them stand in the order of the file.
 std::vector<GleicheZeilen> NachOrdnung(const Zeilenliste& zeilen) {
-    const Raenge raenge = RaengeDerCodeseite();
+    std::optional<Raenge> raenge;
     std::vector<GleicheZeilen> strecken;
     for (std::uint32_t k = 0; k < zeilen.size(); ++k) {
         BedieneFenster();

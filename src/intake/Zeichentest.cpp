@@ -16,8 +16,8 @@ namespace {
 constexpr std::int32_t Recordlaenge = 256; // columns
 
 struct Bereich {
-    std::int32_t Von;
-    std::int32_t Bis;
+    std::size_t Von;
+    std::size_t Bis;
 };
 
 // The permitted characters as codes of code page 850.
@@ -31,12 +31,6 @@ constexpr Bereich ErlaubteCodesAbRevision11 = {252, 253};
 constexpr TextSicht Sonderzeichen1252 = u"\u20AC\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152"
                                         u"\u017D\u2018\u2019\u201C\u201D\u2022\u2013"
                                         u"\u2014\u02DC\u2122\u0161\u203A\u0153\u017E\u0178";
-
-void CodesAnfuegen(const Bereich& bereich, std::vector<unsigned char>& codes) {
-    for (std::int32_t code = bereich.Von; code <= bereich.Bis; ++code) {
-        codes.push_back(static_cast<unsigned char>(code));
-    }
-}
 
 bool InUtf8() {
     return testDaten.IstE1S || testDaten.Utf8Modus;
@@ -54,7 +48,7 @@ bool NurAscii(Feldsicht spalten) {
     });
 }
 
-// Reports each character of a field that `erlaubt` refuses; it permits printable ASCII.
+// Reports each place of a field that `erlaubt` refuses; it permits printable ASCII.
 template <class Regel>
 void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
     const Feldsicht feld = Feld(testDaten.Record, spalte, laenge);
@@ -62,7 +56,7 @@ void PruefeZeichen(std::int32_t spalte, std::int32_t laenge, Regel erlaubt) {
         return;
     }
     for (std::size_t i = 0; i < feld.size(); ++i) {
-        if (!erlaubt(feld[i])) {
+        if (!erlaubt(feld, i)) {
             FehlerHinzufuegen(2031, spalte);
         }
         ++spalte;
@@ -76,36 +70,47 @@ bool IstErlaubtInUtf8(char16_t zeichen) {
 }
 
 bool IstErlaubt(char16_t zeichen) {
-    return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.IstErlaubt.test(zeichen);
+    return InUtf8() ? IstErlaubtInUtf8(zeichen) : testDaten.ErlaubteZeichen.find(zeichen) != Text::npos;
+}
+
+// The same of a place in a line, from 0.
+bool IstErlaubtAn(Feldsicht feld, std::size_t stelle) {
+    return feld.IstBreit() ? IstErlaubt(feld.Zeichen()[stelle]) : testDaten.VerboteneCodes[feld.Bytes()[stelle]] == 0;
 }
 
 // A record E, D or U: no layout, and any code that one byte of text can have.
 void PruefeFreieZeichen() {
     if (!InUtf8()) {
         const std::int32_t laenge = static_cast<std::int32_t>(testDaten.Record.size());
-        PruefeZeichen(2, laenge, [](char16_t zeichen) { return zeichen >= 32 && zeichen <= 255; });
+        PruefeZeichen(2, laenge,
+                      [](Feldsicht feld, std::size_t stelle) { return feld[stelle] >= 32 && feld[stelle] <= 255; });
+    }
+}
+
+void CodesErlauben(const Bereich& bereich, const Codeseite& seite) {
+    for (std::size_t code = bereich.Von; code <= bereich.Bis; ++code) {
+        testDaten.ErlaubteZeichen.push_back(seite.Zeichen[code]);
+        testDaten.VerboteneCodes[code] = 0;
     }
 }
 
 } // namespace
 
 void ErlaubteZeichenAufbauen() {
-    std::vector<unsigned char> codes;
-    for (const Bereich& bereich : ErlaubteCodes) {
-        CodesAnfuegen(bereich, codes);
-    }
-    if (testDaten.Revision >= 11) {
-        CodesAnfuegen(ErlaubteCodesAbRevision11, codes);
-    }
     const Codeseite seite = Codeseite850();
     testDaten.ErlaubteZeichen.clear();
-    testDaten.IstErlaubt.reset();
-    for (const unsigned char code : codes) {
-        testDaten.ErlaubteZeichen.push_back(seite.Zeichen[code]);
-        testDaten.IstErlaubt.set(seite.Zeichen[code]);
+    testDaten.ErlaubteZeichen.reserve(seite.Zeichen.size());
+    testDaten.VerboteneCodes.fill(1);
+    for (const Bereich& bereich : ErlaubteCodes) {
+        CodesErlauben(bereich, seite);
     }
-    std::ranges::transform(codeseite.Zeichen, testDaten.VerboteneCodes.begin(),
-                           [](char16_t zeichen) { return IstErlaubt(zeichen) ? 0 : 1; });
+    if (testDaten.Revision >= 11) {
+        CodesErlauben(ErlaubteCodesAbRevision11, seite);
+    }
+    if (InUtf8()) { // its codes are its own
+        std::ranges::transform(codeseite.Zeichen, testDaten.VerboteneCodes.begin(),
+                               [](char16_t zeichen) { return IstErlaubtInUtf8(zeichen) ? 0 : 1; });
+    }
 }
 
 bool OhneZeichenbefund(Feldsicht record) {
@@ -115,10 +120,7 @@ bool OhneZeichenbefund(Feldsicht record) {
     const Recordtyp typ = RecordtypVon(record);
     return !typ.Zeilen.empty() &&
            AuffaelligeSpalten(record, *typ.Felder).JedeErfuellt([&record, &typ](std::int32_t spalte) {
-               const auto stelle = static_cast<std::size_t>(spalte - 1);
-               return typ.Felder->Hat(spalte) &&
-                      (record.IstBreit() ? IstErlaubt(record.Zeichen()[stelle])
-                                         : testDaten.VerboteneCodes[record.Bytes()[stelle]] == 0);
+               return typ.Felder->Hat(spalte) && IstErlaubtAn(record, static_cast<std::size_t>(spalte - 1));
            });
 }
 
@@ -152,11 +154,11 @@ void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
         FehlerHinzufuegen(2032, erste);
     }
     testDaten.NaechsteSpalte = spalte + laenge;
-    PruefeZeichen(spalte, laenge, IstErlaubt);
+    PruefeZeichen(spalte, laenge, IstErlaubtAn);
 }
 
 void UnicodeZeichenTest(std::int32_t spalte, std::int32_t laenge) {
-    PruefeZeichen(spalte, laenge, IstErlaubtInUtf8);
+    PruefeZeichen(spalte, laenge, [](Feldsicht feld, std::size_t stelle) { return IstErlaubtInUtf8(feld[stelle]); });
 }
 
 } // namespace zepholt

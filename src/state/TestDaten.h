@@ -11,7 +11,6 @@
 #include "support/Text.h"
 
 #include <array>
-#include <bitset>
 #include <vector>
 
 namespace zepholt {
@@ -44,7 +43,6 @@ struct TestDaten {
 
     // --- The character test
     Text ErlaubteZeichen;                            // what a 451-92 file may hold in its fields
-    std::bitset<65536> IstErlaubt;                   // the same by character
     std::array<unsigned char, 256> VerboteneCodes{}; // by code of the file's code page: 1 where no field may hold it
     std::int32_t NaechsteSpalte = 1;                 // the first column behind the last field tested
     bool UndefinierterRecordTyp = false;             // a line has no layout rows

@@ -3,14 +3,37 @@
 #include "Herausgeber.h"
 #include "state/TestDaten.h"
 
+#include <iterator>
+
 namespace zepholt {
 
 namespace {
 
 // One text of a row in the language, 1 to 3.
-const Text& Spalte(const DialogText& zeile, std::int32_t sprache) {
+TextSicht Spalte(const DialogText& zeile, std::int32_t sprache) {
     return sprache == 1 ? zeile.Deutsch : sprache == 2 ? zeile.Franzoesisch : zeile.Italienisch;
 }
+
+// The rows in their order; an empty one is the caption with the version.
+constexpr DialogText Texte[] = {
+    {u"Schreibt Fehlerprotokoll", u"Journal des erreurs - Transcription en cours", u"Scrittura protocollo errori"},
+    {u"Liest Austauschdatei ein", u"Fichier de transfert - Lecture en cours", u"Lettura file di scambio"},
+    {u"Testet Dokument", u"Document - Test en cours", u"Esecuzione test documento"},
+    {u"Testet VLT-Kapitel", u"Chapitre BRQ - Test en cours", u"Esecuzione test capitolo DXM"},
+    {u"Soll der Test abgebrochen werden?", u"Le test doit-il être interrompu?", u"Il test deve venir interrotto?"},
+    {},
+    {u"Austauschdatei", u"Fichier de transfert", u"File di scambio"},
+    {u"Projekt", u"Projet", u"Progetto"},
+    {u"Dokument", u"Document", u"Documento"},
+    {u"Fortschritt", u"Progression", u"Avanzamento"},
+    {u"Info", u"Info", u"Info"},
+    {u"Abbrechen", u"Interrompre", u"Interruzione"},
+    {},
+    {u"Dieses Programm testet Austauschdateien gemäss UbR'92",
+     u"Ce programme teste les fichiers de transfert selon Ubr'92", u"Questo programma esegue il test secondo Ubr'92"},
+    {u"Programmhersteller", u"Fournisseur du logiciel", u"Produttore del programma"},
+    {u"OK", u"OK", u"OK"},
+};
 
 // What follows the copyright line, three paragraphs by language.
 constexpr TextSicht Rechte[3] = {
@@ -38,34 +61,20 @@ constexpr TextSicht Rechte[3] = {
 void SpracheSetzen(std::int32_t sprache) {
     dialogDeFrIt.DialogSprache = sprache;
     dialogDeFrIt.TextTabelle.clear();
-
-    const Text version = u"ZEPHOLT Version " + testDaten.Version;
-    const Text versione = u"ZEPHOLT Versione " + testDaten.Version;
-    TextHinzufuegen(u"Schreibt Fehlerprotokoll", u"Journal des erreurs - Transcription en cours",
-                    u"Scrittura protocollo errori");
-    TextHinzufuegen(u"Liest Austauschdatei ein", u"Fichier de transfert - Lecture en cours",
-                    u"Lettura file di scambio");
-    TextHinzufuegen(u"Testet Dokument", u"Document - Test en cours", u"Esecuzione test documento");
-    TextHinzufuegen(u"Testet VLT-Kapitel", u"Chapitre BRQ - Test en cours", u"Esecuzione test capitolo DXM");
-    TextHinzufuegen(u"Soll der Test abgebrochen werden?", u"Le test doit-il être interrompu?",
-                    u"Il test deve venir interrotto?");
-    TextHinzufuegen(version, version, versione);
-    TextHinzufuegen(u"Austauschdatei", u"Fichier de transfert", u"File di scambio");
-    TextHinzufuegen(u"Projekt", u"Projet", u"Progetto");
-    TextHinzufuegen(u"Dokument", u"Document", u"Documento");
-    TextHinzufuegen(u"Fortschritt", u"Progression", u"Avanzamento");
-    TextHinzufuegen(u"Info", u"Info", u"Info");
-    TextHinzufuegen(u"Abbrechen", u"Interrompre", u"Interruzione");
-    TextHinzufuegen(version, version, versione);
-    TextHinzufuegen(u"Dieses Programm testet Austauschdateien gemäss UbR'92",
-                    u"Ce programme teste les fichiers de transfert selon Ubr'92",
-                    u"Questo programma esegue il test secondo Ubr'92");
-    TextHinzufuegen(u"Programmhersteller", u"Fournisseur du logiciel", u"Produttore del programma");
-    TextHinzufuegen(u"OK", u"OK", u"OK");
+    dialogDeFrIt.TextTabelle.reserve(std::size(Texte));
+    dialogDeFrIt.Version = u"ZEPHOLT Version " + testDaten.Version;
+    dialogDeFrIt.Versione = u"ZEPHOLT Versione " + testDaten.Version;
+    for (const DialogText& zeile : Texte) {
+        if (zeile.Deutsch.empty()) {
+            TextHinzufuegen(dialogDeFrIt.Version, dialogDeFrIt.Version, dialogDeFrIt.Versione);
+        } else {
+            TextHinzufuegen(zeile.Deutsch, zeile.Franzoesisch, zeile.Italienisch);
+        }
+    }
 }
 
 void TextHinzufuegen(TextSicht deutsch, TextSicht franzoesisch, TextSicht italienisch) {
-    dialogDeFrIt.TextTabelle.push_back({Text(deutsch), Text(franzoesisch), Text(italienisch)});
+    dialogDeFrIt.TextTabelle.push_back({deutsch, franzoesisch, italienisch});
 }
 
 TextSicht Uebersetze(TextSicht text) {

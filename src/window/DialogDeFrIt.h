@@ -10,16 +10,18 @@
 
 namespace zepholt {
 
-// A row of the table.
+// A row of the table. Its texts are the program's own and outlive it.
 struct DialogText {
-    Text Deutsch;
-    Text Franzoesisch;
-    Text Italienisch;
+    TextSicht Deutsch;
+    TextSicht Franzoesisch;
+    TextSicht Italienisch;
 };
 
 struct DialogDeFrIt {
     std::int32_t DialogSprache = 0; // 1 German, 2 French, 3 Italian; anything else: texts stay as they stand
     std::vector<DialogText> TextTabelle;
+    Text Version; // the caption with the version, in German and French
+    Text Versione;
 };
 
 // Written by SpracheSetzen and TextHinzufuegen, made anew by NeuerLauf; InfoText chooses German where nothing is
@@ -29,7 +31,7 @@ inline DialogDeFrIt dialogDeFrIt;
 // Sets the dialog language (1 German, 2 French, 3 Italian) and builds the table. Version must be set before.
 void SpracheSetzen(std::int32_t sprache);
 
-// Adds a row behind the others; of two rows with one German text the first serves.
+// Adds a row behind the others; of two rows with one German text the first serves. The texts aren't copied.
 void TextHinzufuegen(TextSicht deutsch, TextSicht franzoesisch, TextSicht italienisch);
 
 // The text in the dialog language; a text without a row, and any text in German, comes back as it stands. The result
