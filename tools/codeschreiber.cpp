@@ -78,9 +78,10 @@ std::string CodeZeile(const FehlerZeile& zeile, const Steckbrief& brief) {
 
 std::string Codes() {
     std::string json;
+    const std::vector<FehlerZeile> texte = FehlerTexte();
     const std::span<const Steckbrief> briefe = Steckbriefe();
-    for (std::size_t i = 0; i < FehlerZeilenAnzahl(); ++i) {
-        json += (i == 0 ? "\n  " : ",\n  ") + CodeZeile(FehlerZeileAn(i), briefe[i]);
+    for (std::size_t i = 0; i < texte.size(); ++i) {
+        json += (i == 0 ? "\n  " : ",\n  ") + CodeZeile(texte[i], briefe[i]);
     }
     return json;
 }

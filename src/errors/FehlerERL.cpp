@@ -44,7 +44,7 @@ TextSicht FehlerFeld(std::int32_t code) {
 }
 
 bool FehlerBekannt(std::int32_t code) {
-    return FehlerPlatz(code) >= 0;
+    return FehlerLesen(code).has_value();
 }
 
 } // namespace zepholt

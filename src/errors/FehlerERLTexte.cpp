@@ -1152,6 +1152,14 @@ FehlerZeile FehlerZeileAn(std::size_t platz) {
             text(FehlerAngabe::Deutsch), text(FehlerAngabe::Franzoesisch), text(FehlerAngabe::Italienisch)};
 }
 
+std::vector<FehlerZeile> FehlerTexte() {
+    std::vector<FehlerZeile> zeilen;
+    for (std::size_t platz = 0; platz < Zeilen; ++platz) {
+        zeilen.push_back(FehlerZeileAn(platz));
+    }
+    return zeilen;
+}
+
 std::int32_t FehlerPlatz(std::int32_t code) {
     return code >= 0 && code < Codes ? Plaetze[static_cast<std::size_t>(code)] : -1;
 }

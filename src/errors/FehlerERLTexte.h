@@ -3,7 +3,7 @@
 
 #include "support/Text.h"
 
-#include <ranges>
+#include <vector>
 
 namespace zepholt {
 
@@ -24,15 +24,13 @@ std::size_t FehlerZeilenAnzahl();
 FehlerZeile FehlerZeileAn(std::size_t platz);
 
 // All rows in that order.
-inline auto FehlerTexte() {
-    return std::views::iota(std::size_t{0}, FehlerZeilenAnzahl()) | std::views::transform(FehlerZeileAn);
-}
+std::vector<FehlerZeile> FehlerTexte();
+
+// The place of a code's row among them, from 0; -1 when it has none.
+std::int32_t FehlerPlatz(std::int32_t code);
 
 // One text of the row at a place.
 enum class FehlerAngabe { Schwere, Feld, Deutsch, Franzoesisch, Italienisch };
 TextSicht FehlerTextAn(std::size_t platz, FehlerAngabe angabe);
-
-// The place of a code's row among them, from 0; -1 when it has none.
-std::int32_t FehlerPlatz(std::int32_t code);
 
 } // namespace zepholt
