@@ -154,7 +154,11 @@ void FeldZeichenTest(std::int32_t spalte, std::int32_t laenge) {
         FehlerHinzufuegen(2032, erste);
     }
     testDaten.NaechsteSpalte = spalte + laenge;
-    PruefeZeichen(spalte, laenge, IstErlaubtAn);
+    if (InUtf8()) {
+        UnicodeZeichenTest(spalte, laenge);
+    } else {
+        PruefeZeichen(spalte, laenge, IstErlaubtAn);
+    }
 }
 
 void UnicodeZeichenTest(std::int32_t spalte, std::int32_t laenge) {

@@ -63,6 +63,12 @@ TEST_F(SpezialfunktionenTest, WithoutAChapterOfTheLanguageTheFrameIsEmpty) {
     EXPECT_EQ(Ausgabe(u"1", 3), Rahmen(""));
 }
 
+TEST_F(SpezialfunktionenTest, ACollectedFileThatIsGoneGivesTheEmptyFrame) {
+    testDaten.Katalog = Ordner().TextPfad("k.vlt");
+    testDaten.KatalogArt = 2;
+    EXPECT_EQ(Ausgabe(u"1", 1), Rahmen(""));
+}
+
 TEST_F(SpezialfunktionenTest, AFailureOfTheListGivesTheEmptyFrame) {
     SchreibeKopf("N131241.qvm", R"(N="241" V="2013" S="1" A="7" T="Titel" Z="Zusatz")");
     SchreibeKopf("N131abc.qvm", R"(N="1" V="2013" S="1" A="7" T="Titel" Z="Zusatz")");

@@ -1,12 +1,14 @@
 // The driver of a test run: what a watching person is shown, and what a cancel stops.
 #include "run/Test.h"
 
+#include "errors/TestFehler.h"
 #include "hilfen/Funde.h"
 #include "hilfen/KopfSaetze.h"
 #include "hilfen/Testordner.h"
 #include "run/NeuerLauf.h"
 #include "state/SIA451Datei.h"
 #include "state/TestDaten.h"
+#include "support/HilfsFunktionen.h"
 #include "window/DialogDeFrIt.h"
 #include "window/Fenster.h"
 
@@ -137,6 +139,41 @@ TEST_F(TestAusfuehrenTest, CancelInTheLastPhaseLeavesNoProtocol) {
     Laufe({});
     EXPECT_EQ(Anzeige.Phasen.back(), u"Schreibt Fehlerprotokoll");
     EXPECT_FALSE(HatProtokoll());
+}
+
+// Far more findings than one look at the window is apart from the next.
+TEST_F(TestAusfuehrenTest, CancelAmongTheFindingsLeavesNoProtocol) {
+    Anzeige.AbbruchIn = u"Schreibt Fehlerprotokoll";
+    Laufe(std::vector<Text>(20'000, u"U\t"));
+    EXPECT_TRUE(testDaten.Abbruch);
+    EXPECT_EQ(FehlerAnzahl(), 20'000);
+    EXPECT_FALSE(HatProtokoll());
+
+    Anzeige.AbbruchIn.clear();
+    testDaten.Abbruch = false;
+    TestAusfuehren();
+    EXPECT_TRUE(HatProtokoll());
+}
+
+// Codes in any order are looked for ahead of the record in hand; what is found is the same.
+TEST_F(TestAusfuehrenTest, StructureCodesInDescendingOrder) {
+    constexpr std::int32_t Anzahl = 200;
+    std::vector<Text> saetze = {Zeile(u"B0", {{2, u"002"}})};
+    for (std::int32_t i = 0; i < Anzahl; ++i) {
+        const std::int32_t reihenfolge = i == 150 || i == Anzahl - 1 ? 11 : i + 1; // that of the eleventh
+        saetze.push_back(Zeile(u"B2", {{2, u"002"},
+                                       {18, u"C" + ZahlText(999 - i)},
+                                       {75, i == 20 ? Text() : Text(4, u'0') + ZahlText(100 + reihenfolge)},
+                                       {93, u"Haus"}}));
+    }
+    Laufe(saetze);
+    const auto mitReihenfolge = [](std::int32_t zeile) {
+        return std::ranges::count_if(FundeAb(0), [zeile](const Fund& fund) { return fund == Fund{3219, zeile}; });
+    };
+    EXPECT_EQ(mitReihenfolge(152), 1); // behind the eleventh
+    EXPECT_EQ(mitReihenfolge(Anzahl + 1), 2);
+    EXPECT_EQ(std::ranges::count_if(FundeAb(0), [](const Fund& fund) { return fund.Code == 3219; }), 3);
+    EXPECT_EQ(sia451Datei.OGLTabelle.Anzahl(), Anzahl);
 }
 
 } // namespace
