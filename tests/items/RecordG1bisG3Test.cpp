@@ -46,7 +46,8 @@ TEST_F(PruefeG1Test, TheOldestInterfaceKnowsChapters800To899) {
     Erwarte(PruefeG1, Mit(m_satz, {{2, u"800"}}), {{4102}}); // in its range, and a multiple of ten
     Erwarte(PruefeG1, Mit(m_satz, {{2, u"801"}}), {});
     Erwarte(PruefeG1, Mit(m_satz, {{2, u"899"}}), {});
-    EXPECT_EQ(sia451Datei.DokumentKapitel.size(), 2U);
+    Erwarte(PruefeG1, Mit(m_satz, {{2, u"901"}}), {}); // as in every interface
+    EXPECT_EQ(sia451Datei.DokumentKapitel.size(), 3U);
 }
 
 TEST_F(PruefeG1Test, StoresTheChapter) {
