@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -58,6 +59,21 @@ TEST(FeldsichtTest, BothWidthsAnswerAlike) {
         }
         ASSERT_EQ(Streuwert(a.Breit()) == Streuwert(b.Breit()), za == zb);
         ASSERT_EQ(Streuwert(a.Schmal()) == Streuwert(b.Schmal()), za == zb);
+    }
+}
+
+TEST(FeldsichtTest, EveryColumnCountsInAFieldOfAnyLength) {
+    for (std::size_t laenge = 0; laenge <= 70; ++laenge) {
+        std::vector<unsigned char> links(laenge);
+        std::iota(links.begin(), links.end(), static_cast<unsigned char>(' '));
+        std::vector<unsigned char> rechts = links;
+        const auto gleich = [&] { return Feldsicht(links.data(), laenge) == Feldsicht(rechts.data(), laenge); };
+        EXPECT_TRUE(gleich()) << laenge;
+        for (std::size_t spalte = 0; spalte < laenge; ++spalte) {
+            rechts[spalte] ^= 1U;
+            EXPECT_FALSE(gleich()) << laenge << ": " << spalte;
+            rechts[spalte] ^= 1U;
+        }
     }
 }
 
