@@ -123,7 +123,7 @@ using Raenge = std::array<unsigned char, 256>;
 Raenge RaengeDerCodeseite() {
     std::array<unsigned char, 256> codes;
     std::iota(codes.begin(), codes.end(), static_cast<unsigned char>(0));
-    std::ranges::sort(codes.begin() + 0x80, codes.end(), {}, [](auto code) { return codeseite.Zeichen[code]; });
+    std::ranges::sort(std::span(codes).subspan(0x80), {}, [](auto code) { return codeseite.Zeichen[code]; });
     Raenge raenge;
     for (std::size_t rang = 0; rang < codes.size(); ++rang) {
         raenge[codes[rang]] = static_cast<unsigned char>(rang);
