@@ -134,6 +134,27 @@ TEST_F(ProtokollTest, ModeStandsBetweenTimeAndErrors) {
     EXPECT_NE(Protokoll().find("</Time><Mode>E</Mode><Errors>0</Errors><Software "), std::string::npos);
 }
 
+// --- A cancel --------------------------------------------------------------------------------------------------------
+
+// It comes when the head is made. Of many findings only some are written until it is seen, of few all.
+TEST_F(ProtokollTest, ACancelAmongTheFindingsLeavesNoProtocol) {
+    for (const int befunde : {1, 20'000}) {
+        testDaten.Abbruch = false;
+        for (int i = 0; i < befunde; ++i) {
+            Melde({2031, i, 1, 0, 0});
+        }
+        testDaten.Uhr = [] {
+            testDaten.Abbruch = true;
+            return Zeitpunkt{2026, 1, 2, 3, 4};
+        };
+        ProtokollSchreiben();
+        EXPECT_FALSE(m_ordner.Hat("p.xml")) << befunde;
+    }
+    testDaten.Abbruch = false;
+    testDaten.Uhr = [] { return Zeitpunkt{2026, 1, 2, 3, 4}; };
+    EXPECT_TRUE(Protokoll().ends_with("</Errors></SIA451>"));
+}
+
 // --- Counts ----------------------------------------------------------------------------------------------------------
 
 TEST_F(ProtokollTest, CountsByInterfaceAndMode) {

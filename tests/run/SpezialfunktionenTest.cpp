@@ -64,9 +64,11 @@ TEST_F(SpezialfunktionenTest, WithoutAChapterOfTheLanguageTheFrameIsEmpty) {
 }
 
 TEST_F(SpezialfunktionenTest, ACollectedFileThatIsGoneGivesTheEmptyFrame) {
+    Beginne(0);
     testDaten.Katalog = Ordner().TextPfad("k.vlt");
     testDaten.KatalogArt = 2;
-    EXPECT_EQ(Ausgabe(u"1", 1), Rahmen(""));
+    SpezialfunktionAusfuehren(u"1", 1, Ordner().TextPfad("liste.xml"), testDaten.Katalog);
+    EXPECT_EQ(Ordner().Lies("liste.xml"), Rahmen(""));
 }
 
 TEST_F(SpezialfunktionenTest, AFailureOfTheListGivesTheEmptyFrame) {

@@ -1,7 +1,6 @@
 // The driver of a test run: what a watching person is shown, and what a cancel stops.
 #include "run/Test.h"
 
-#include "errors/TestFehler.h"
 #include "hilfen/Funde.h"
 #include "hilfen/KopfSaetze.h"
 #include "hilfen/Testordner.h"
@@ -139,20 +138,6 @@ TEST_F(TestAusfuehrenTest, CancelInTheLastPhaseLeavesNoProtocol) {
     Laufe({});
     EXPECT_EQ(Anzeige.Phasen.back(), u"Schreibt Fehlerprotokoll");
     EXPECT_FALSE(HatProtokoll());
-}
-
-// Far more findings than one look at the window is apart from the next.
-TEST_F(TestAusfuehrenTest, CancelAmongTheFindingsLeavesNoProtocol) {
-    Anzeige.AbbruchIn = u"Schreibt Fehlerprotokoll";
-    Laufe(std::vector<Text>(20'000, u"U\t"));
-    EXPECT_TRUE(testDaten.Abbruch);
-    EXPECT_EQ(FehlerAnzahl(), 20'000);
-    EXPECT_FALSE(HatProtokoll());
-
-    Anzeige.AbbruchIn.clear();
-    testDaten.Abbruch = false;
-    TestAusfuehren();
-    EXPECT_TRUE(HatProtokoll());
 }
 
 // Codes in any order are looked for ahead of the record in hand; what is found is the same.
