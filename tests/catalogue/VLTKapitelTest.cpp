@@ -122,8 +122,8 @@ TEST_F(VLTKapitel, BreitenDerEintraege) {
     }
 }
 
-// A count has 16 bits. The blank behind "<H" and in front of "/>" is the usual form; two are another one, which is read
-// in its own way.
+// A count has 16 bits. The second blank keeps the chapter from being read in the form that catalogue files are written
+// in.
 TEST_F(VLTKapitel, MehrAlsGezaehltWerdenKann) {
     const auto innen = [](const std::string& was, std::size_t anzahl) {
         const std::string kinder = Wiederholt("<" + was + "  N=\"1\"/>", anzahl);

@@ -14,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
 #include <optional>
 
 namespace zepholt {
@@ -295,6 +296,21 @@ TEST_F(VLTKatalog, BeschaedigterKopfBeendetDenLauf) {
         const std::string meldung = fehler.what();
         EXPECT_NE(meldung.find("sammel.vlt"), std::string::npos) << meldung;
         EXPECT_NE(meldung.find("table"), std::string::npos) << meldung;
+    }
+}
+
+// A path in such a message: a character that is no byte stands as a question mark.
+TEST_F(VLTKatalog, MeldungMitZeichenDieKeinByteSind) {
+    const std::filesystem::path ordner = m_ordner.Pfad() / u"k\u00E4\u0142";
+    std::filesystem::create_directories(ordner);
+    testDaten.Katalog = ordner.u16string();
+    std::ofstream(ordner / "N131241.qvm") << "CF11abcd";
+    try {
+        LadeKapitel(241, 2013, 1);
+        FAIL();
+    } catch (const LaufzeitFehler& fehler) {
+        const std::string meldung = fehler.what();
+        EXPECT_NE(meldung.find("k\xE4?"), std::string::npos) << meldung;
     }
 }
 
