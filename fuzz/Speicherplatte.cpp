@@ -92,7 +92,7 @@ void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
     delete platz;
 }
 
-AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad, PlatzZeiger /*erprobt*/) {
     return PlatzZeiger(new Platz{pfad, {}});
 }
 
@@ -107,7 +107,7 @@ bool AusgabeDatei::Einsetzen() {
     return true;
 }
 
-bool DateiAnlegbar(const Text& pfad) {
+bool DateiAnlegbar(const Text& pfad, AusgabeDatei::PlatzZeiger* /*offen*/) {
     return ArtVon(pfad) == DateiArt::Nichts;
 }
 

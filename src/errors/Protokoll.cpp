@@ -138,7 +138,7 @@ void ProtokollSchreiben() {
     if (testDaten.Modus == u"I") {
         WarnungenEntfernen();
     }
-    AusgabeDatei ausgabe(testDaten.Fehlerdatei);
+    AusgabeDatei ausgabe(testDaten.Fehlerdatei, std::move(testDaten.Protokollplatz));
     ausgabe.Schreiben(XmlBytes(XmlDeklaration));
     ausgabe.Schreiben("<SIA451>");
     ausgabe.Schreiben(XmlBytes(TestElement()));

@@ -118,7 +118,7 @@ bool StilleVerlangt(std::span<const Text> argumente) {
 }
 
 bool FehlerdateiNichtAnlegbar() {
-    return !DateiAnlegbar(testDaten.Fehlerdatei);
+    return !DateiAnlegbar(testDaten.Fehlerdatei, &testDaten.Protokollplatz);
 }
 
 std::int32_t ParameterPruefen(std::span<const Text> argumente) {

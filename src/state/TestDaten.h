@@ -28,6 +28,7 @@ struct TestDaten {
     std::int32_t KatalogArt = 0;  // 1 a folder, 2 a file, 0 not set
     Text Modus;                   // mode=: empty, "E" or "I"
     bool Spezialfunktion = false; // Austauschdatei begins with '*'
+    AusgabeDatei::PlatzZeiger Protokollplatz; // what the trial of Fehlerdatei left open for the protocol, or null
 
     // --- The file, filled by the intake
     bool IstE1S = false;                 // the name ends in ".E1S"; nothing else decides

@@ -27,11 +27,21 @@ struct Stelle {
     std::string Name;
 };
 
+std::size_t NamensanfangIn(const std::string& pfad) {
+    return pfad.rfind('/') + 1; // 0 without one
+}
+
+std::string OrdnerVon(const std::string& pfad) {
+    const std::size_t anfang = NamensanfangIn(pfad);
+    return anfang > 0 ? pfad.substr(0, anfang) : "./";
+}
+
+std::string NameVon(const std::string& pfad) {
+    return pfad.substr(NamensanfangIn(pfad));
+}
+
 Stelle StelleVon(const std::string& pfad) {
-    const std::size_t anfang = pfad.rfind('/') + 1; // 0 without one
-    std::string name = pfad.substr(anfang);
-    const std::string ordner = anfang > 0 ? pfad.substr(0, anfang) : "./";
-    return {Oeffne(AT_FDCWD, ordner.c_str(), O_PATH | O_DIRECTORY), std::move(name)};
+    return {Oeffne(AT_FDCWD, OrdnerVon(pfad).c_str(), O_PATH | O_DIRECTORY), NameVon(pfad)};
 }
 
 // What stands under the name itself, a link too. False when nothing does, or nothing can.
@@ -39,6 +49,19 @@ bool LiesNamen(const Stelle& stelle, struct stat& angaben) {
     return Wiederholt([&] {
                return fstatat(stelle.Ordner.Nummer(), stelle.Name.c_str(), &angaben, AT_SYMLINK_NOFOLLOW);
            }) == 0;
+}
+
+bool IstDieselbe(const struct stat& eine, const struct stat& andere) {
+    return eine.st_dev == andere.st_dev && eine.st_ino == andere.st_ino;
+}
+
+// True when the path leads here, still: another folder may have taken its folder's name meanwhile.
+bool IstStelleVon(const Stelle& stelle, const std::string& pfad) {
+    struct stat hier {};
+    struct stat dort {};
+    return stelle.Name == NameVon(pfad) && fstat(stelle.Ordner.Nummer(), &hier) == 0 &&
+           Wiederholt([&] { return fstatat(AT_FDCWD, OrdnerVon(pfad).c_str(), &dort, 0); }) == 0 &&
+           IstDieselbe(hier, dort);
 }
 
 // True when a file may come to stand here: nothing does, an ordinary file that may be written, or a link.
@@ -140,6 +163,7 @@ struct AusgabeDatei::Platz {
     std::optional<Nebenname> Nebenan;   // the file's name so far; none while it has no name at all
     std::optional<Signalsperre> Sperre; // as long as it has one
 
+    explicit Platz(Stelle ort, Griff datei = {}) : Ort(std::move(ort)), Datei(std::move(datei)) {}
     ~Platz() {
         if (Nebenan) {
             unlinkat(Ort.Ordner.Nummer(), Nebenan->Zeichen, 0);
@@ -189,13 +213,16 @@ void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
     delete platz;
 }
 
-AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
-    PlatzZeiger platz(new Platz);
-    platz->Ort = StelleVon(PfadBytes(pfad));
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad, PlatzZeiger erprobt) {
+    const std::string bytes = PfadBytes(pfad);
+    PlatzZeiger platz = std::move(erprobt);
+    if (platz == nullptr || !IstStelleVon(platz->Ort, bytes)) {
+        platz.reset(new Platz(StelleVon(bytes)));
+    }
     if (!platz->Ort.Ordner.Offen() || !IstErsetzbar(platz->Ort)) {
         return nullptr;
     }
-    if (IstSpaeterBenennbar()) {
+    if (!platz->Datei.Offen() && IstSpaeterBenennbar()) {
         platz->Datei = NamenlosAnlegen(platz->Ort);
     }
     return platz->Datei.Offen() || platz->MitNamenAnlegen() ? std::move(platz) : nullptr;
@@ -216,13 +243,16 @@ bool AusgabeDatei::Einsetzen() {
 
 // By a file without a name where the system has one. Else by one under the name itself; what is deleted then is only
 // what was created here, should another file have taken the name meanwhile.
-bool DateiAnlegbar(const Text& pfad) {
-    const Stelle stelle = StelleVon(PfadBytes(pfad));
+bool DateiAnlegbar(const Text& pfad, AusgabeDatei::PlatzZeiger* offen) {
+    Stelle stelle = StelleVon(PfadBytes(pfad));
     struct stat angaben {};
     if (!stelle.Ordner.Offen() || LiesNamen(stelle, angaben) || errno != ENOENT || stelle.Name.empty()) {
         return false;
     }
-    if (NamenlosAnlegen(stelle).Offen()) {
+    if (Griff datei = NamenlosAnlegen(stelle); datei.Offen()) {
+        if (offen != nullptr && IstSpaeterBenennbar()) {
+            offen->reset(new AusgabeDatei::Platz(std::move(stelle), std::move(datei)));
+        }
         return true;
     }
     const Signalsperre sperre;
@@ -231,8 +261,7 @@ bool DateiAnlegbar(const Text& pfad) {
     if (!griff.Offen()) {
         return false;
     }
-    if (fstat(griff.Nummer(), &eigene) == 0 && LiesNamen(stelle, angaben) && eigene.st_dev == angaben.st_dev &&
-        eigene.st_ino == angaben.st_ino) {
+    if (fstat(griff.Nummer(), &eigene) == 0 && LiesNamen(stelle, angaben) && IstDieselbe(eigene, angaben)) {
         unlinkat(stelle.Ordner.Nummer(), stelle.Name.c_str(), 0);
     }
     return true;

@@ -84,7 +84,7 @@ void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
     delete platz;
 }
 
-AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad, PlatzZeiger /*erprobt*/) {
     PlatzZeiger platz(new Platz);
     platz->Datei = zepholt_anlegen(pfad.data(), Laenge(pfad));
     return platz->Datei >= 0 ? std::move(platz) : nullptr;
@@ -98,7 +98,7 @@ bool AusgabeDatei::Einsetzen() {
     return std::exchange(m_platz, nullptr)->Beenden(true);
 }
 
-bool DateiAnlegbar(const Text& pfad) {
+bool DateiAnlegbar(const Text& pfad, AusgabeDatei::PlatzZeiger* /*offen*/) {
     return zepholt_anlegbar(pfad.data(), Laenge(pfad)) == 1;
 }
 

@@ -267,7 +267,7 @@ void AusgabeDatei::PlatzEnde::operator()(Platz* platz) const {
 
 // The name beside the place is short and of its own, whatever the length of the name in the end. A name that is taken
 // is passed over: the process number alone is not unique where a folder is shared between machines.
-AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad) {
+AusgabeDatei::PlatzZeiger AusgabeDatei::Anlegen(const Text& pfad, PlatzZeiger /*erprobt*/) {
     PlatzZeiger platz(new Platz);
     platz->Ziel = SystemPfad(pfad);
     const std::wstring& ziel = platz->Ziel;
@@ -308,7 +308,7 @@ bool AusgabeDatei::Einsetzen() {
 
 // Under the name itself, since only so the system tells whether it is one. What is deleted is the file that was created
 // here and no other, also when the process is ended in between.
-bool DateiAnlegbar(const Text& pfad) {
+bool DateiAnlegbar(const Text& pfad, AusgabeDatei::PlatzZeiger* /*offen*/) {
     const std::wstring system = SystemPfad(pfad);
     if (IstGeraet(system) || GetFileAttributesW(system.c_str()) != INVALID_FILE_ATTRIBUTES) {
         return false;

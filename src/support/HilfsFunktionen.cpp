@@ -92,10 +92,11 @@ bool DateiExistiert(const Text& pfad) {
 }
 
 bool OrdnerExistiert(const Text& pfad) {
-    for (const OrdnerEintrag& eintrag : EintraegeSuchen(pfad)) {
+    const std::vector<OrdnerEintrag> eintraege = EintraegeSuchen(pfad);
+    for (const OrdnerEintrag& eintrag : eintraege) {
         if (eintrag.Art == DateiArt::Ordner) {
             const bool eigener = eintrag.Name.empty() || eintrag.Name == u"." || eintrag.Name == u"..";
-            return eigener || !DateiExistiert(pfad);
+            return eigener || std::ranges::none_of(eintraege, IstOffeneDatei);
         }
         if (IstOffeneDatei(eintrag)) {
             return false;

@@ -18,9 +18,9 @@ Bytes::Bytes(std::size_t anzahl) : m_daten(std::make_unique_for_overwrite<unsign
     WirdGanzGefuellt(m_daten.get(), anzahl);
 }
 
-AusgabeDatei::AusgabeDatei(const Text& pfad) : m_stueck(KleinerPuffer) {
+AusgabeDatei::AusgabeDatei(const Text& pfad, PlatzZeiger erprobt) : m_stueck(KleinerPuffer) {
     m_puffer.reserve(m_stueck);
-    m_platz = Anlegen(pfad);
+    m_platz = Anlegen(pfad, std::move(erprobt));
     m_gut = m_platz != nullptr;
 }
 

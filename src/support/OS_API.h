@@ -94,15 +94,23 @@ private:
 // An output file that comes out complete or not at all: until Abschliessen its bytes lie in a file without a name
 // (where the file system has none such: in one with a name of its own beside the place), and only then they get the
 // name. So the end of the process, by whatever it comes, leaves nothing (where the file needs a name: unless it is
-// killed). What stands under the name by then is
-// replaced: an ordinary file that may be written, or a link, never what it points to; and nothing else. A failure on
-// the way leaves neither file nor remnant, and an older file as it was. Only exhausted memory at the start is thrown.
+// killed). What stands under the name by then is replaced: an ordinary file that may be written, or a link, never what
+// it points to; and nothing else. A failure on the way leaves neither file nor remnant, and an older file as it was.
+// Only exhausted memory at the start is thrown.
 //
 // Nothing is flushed to the disk: that costs several times what a small run takes. A power cut within seconds of a run
 // may take the protocol with it.
 class AusgabeDatei {
 public:
-    explicit AusgabeDatei(const Text& pfad);
+    // The platform's part: the open file and its place. Its end closes and removes what is still open.
+    struct Platz;
+    struct PlatzEnde {
+        void operator()(Platz* platz) const;
+    };
+    using PlatzZeiger = std::unique_ptr<Platz, PlatzEnde>;
+
+    // `erprobt`: what DateiAnlegbar left open, or null. It becomes the file when it is still of this place.
+    explicit AusgabeDatei(const Text& pfad, PlatzZeiger erprobt = nullptr);
     AusgabeDatei(const AusgabeDatei&) = delete;
     AusgabeDatei& operator=(const AusgabeDatei&) = delete;
 
@@ -113,14 +121,9 @@ private:
     void Leeren();
     void Vergroessern();
 
-    // The platform's part: the open file and its place. Its end closes and removes what is still open. None of these
-    // needs memory but the first, which gives null where no file can come to stand.
-    struct Platz;
-    struct PlatzEnde {
-        void operator()(Platz* platz) const;
-    };
-    using PlatzZeiger = std::unique_ptr<Platz, PlatzEnde>;
-    static PlatzZeiger Anlegen(const Text& pfad);
+    // The platform's part too. None of these needs memory but the first, which gives null where no file can come to
+    // stand.
+    static PlatzZeiger Anlegen(const Text& pfad, PlatzZeiger erprobt);
     bool Hinausschreiben(std::string_view bytes); // all or fails
     bool Einsetzen();                             // closes and names
 
@@ -132,8 +135,8 @@ private:
 
 // True when a file can be created at `pfad`. Nothing is left behind, and nothing is deleted but what was created here.
 // What exists already, whatever it is, is neither opened nor deleted and gives false; so does a link that points to
-// nothing.
-bool DateiAnlegbar(const Text& pfad);
+// nothing. `offen` gets what was created, where it has no name, so that the output need not make it again.
+bool DateiAnlegbar(const Text& pfad, AusgabeDatei::PlatzZeiger* offen = nullptr);
 
 // Local date and time.
 struct Zeitpunkt {

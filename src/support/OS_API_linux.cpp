@@ -23,8 +23,13 @@ bool Griff::Schliesse() {
     return !Offen() || close(Abgeben()) == 0 || errno == EINTR;
 }
 
+// What is told on a standard stream that the caller has closed must not get into a file that took its number.
 Griff Oeffne(int ordner, const char* name, int art, mode_t rechte) {
-    return Griff(Wiederholt([=] { return openat(ordner, name, art | O_CLOEXEC, rechte); }));
+    Griff griff(Wiederholt([=] { return openat(ordner, name, art | O_CLOEXEC, rechte); }));
+    if (griff.Offen() && griff.Nummer() <= STDERR_FILENO) {
+        return Griff(fcntl(griff.Nummer(), F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    }
+    return griff;
 }
 
 std::string PfadBytes(const Text& pfad) {
@@ -65,9 +70,10 @@ void SpeicherBehalten() {
 }
 
 Zeitpunkt Jetzt() {
-    const std::time_t jetzt = std::time(nullptr);
+    timespec jetzt{};
+    clock_gettime(CLOCK_REALTIME, &jetzt);
     std::tm ort{};
-    localtime_r(&jetzt, &ort);
+    localtime_r(&jetzt.tv_sec, &ort);
     return {ort.tm_year + 1900, ort.tm_mon + 1, ort.tm_mday, ort.tm_hour, ort.tm_min};
 }
 

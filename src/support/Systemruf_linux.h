@@ -48,6 +48,7 @@ private:
 };
 
 // Opens a name in an open folder, or a path when the folder is AT_FDCWD. `art` and `rechte` as the system takes them.
+// The number is never that of a standard stream.
 Griff Oeffne(int ordner, const char* name, int art, mode_t rechte = 0);
 
 // A path for the system; empty, and so never found, for a text that holds a NUL: the system would stop reading there.

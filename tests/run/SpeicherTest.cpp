@@ -99,6 +99,7 @@ protected:
         ausgang.Status = Programm(static_cast<int>(argumente.size()), argumente.data());
         ausgang.Uebrig = bisZumFehler;
         bisZumFehler = Nie;
+        testDaten.Protokollplatz.reset(); // all that may be open behind a run, until the next or the process's end
         EXPECT_EQ(OffeneDateien(), offen) << gut << ": files and folders are closed";
         ausgang.Gesagt = testing::internal::GetCapturedStderr();
         std::erase(ausgang.Gesagt, '\r');

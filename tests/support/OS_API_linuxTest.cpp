@@ -292,6 +292,97 @@ TEST_F(LinuxTest, EinGetoeteterLaufHinterlaesstNichts) {
     }
 }
 
+// --- The file of the trial becomes the output
+
+// True where the output goes on with the trial's file: no other file without a name is to be had by then.
+TEST_F(LinuxTest, DieDateiDerProbeWirdDieAusgabe) {
+    EXPECT_TRUE(ImKind([&] {
+        AusgabeDatei::PlatzZeiger offen;
+        const bool anlegbar = DateiAnlegbar(Pfad(u"p.xml"), &offen);
+        NamenloseVerbieten();
+        AusgabeDatei datei(Pfad(u"p.xml"), std::move(offen));
+        datei.Schreiben("neu");
+        return anlegbar && Anzahl() == 0 && datei.Abschliessen() && Anzahl() == 1;
+    }));
+    EXPECT_EQ(Inhalt(u"p.xml"), "neu");
+}
+
+TEST_F(LinuxTest, EineProbeOhneAusgabeHinterlaesstNichts) {
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"p.xml"), &offen));
+    EXPECT_NE(offen, nullptr);
+    EXPECT_EQ(Anzahl(), 0);
+    offen.reset();
+    EXPECT_EQ(Anzahl(), 0);
+}
+
+TEST_F(LinuxTest, WoNichtsAnlegbarIstBleibtNichtsOffen) {
+    Datei(u"a", "alt");
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_FALSE(DateiAnlegbar(Pfad(u"a"), &offen));
+    EXPECT_EQ(offen, nullptr);
+    EXPECT_TRUE(ImKind([&] {
+        NamenloseVerbieten();
+        return DateiAnlegbar(Pfad(u"p.xml"), &offen) && offen == nullptr && Anzahl() == 1;
+    }));
+}
+
+// The path as it leads at the end counts, not where it led at the trial.
+TEST_F(LinuxTest, EinAndererOrdnerGleichenNamens) {
+    for (const bool umbenannt : {true, false}) {
+        Ordner(u"o");
+        AusgabeDatei::PlatzZeiger offen;
+        EXPECT_TRUE(DateiAnlegbar(Pfad(u"o/p.xml"), &offen));
+        if (umbenannt) {
+            std::filesystem::rename(System(u"o"), System(u"frueher"));
+        } else {
+            std::filesystem::remove(System(u"o"));
+        }
+        Ordner(u"o");
+        AusgabeDatei datei(Pfad(u"o/p.xml"), std::move(offen));
+        datei.Schreiben("neu");
+        EXPECT_TRUE(datei.Abschliessen());
+        EXPECT_EQ(Inhalt(u"o/p.xml"), "neu");
+        EXPECT_TRUE(!umbenannt || std::filesystem::is_empty(System(u"frueher")));
+        std::filesystem::remove_all(System(u"o"));
+        std::filesystem::remove_all(System(u"frueher"));
+    }
+}
+
+TEST_F(LinuxTest, EinOrdnerDerNachDerProbeVerschwindetIstEinFehlschlag) {
+    Ordner(u"o");
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"o/p.xml"), &offen));
+    std::filesystem::remove(System(u"o"));
+    EXPECT_FALSE(AusgabeDatei(Pfad(u"o/p.xml"), std::move(offen)).Abschliessen());
+    EXPECT_EQ(Anzahl(), 0);
+}
+
+TEST_F(LinuxTest, DieProbeEinesAnderenNamensGiltNicht) {
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"a"), &offen));
+    EXPECT_TRUE(AusgabeDatei(Pfad(u"b"), std::move(offen)).Abschliessen());
+    EXPECT_TRUE(DateiExistiert(Pfad(u"b")));
+    EXPECT_EQ(Anzahl(), 1);
+}
+
+TEST_F(LinuxTest, WasNachDerProbeUnterDenNamenKam) {
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"p.xml"), &offen));
+    Datei(u"p.xml", "another run's protocol");
+    AusgabeDatei datei(Pfad(u"p.xml"), std::move(offen));
+    datei.Schreiben("neu");
+    EXPECT_TRUE(datei.Abschliessen());
+    EXPECT_EQ(Inhalt(u"p.xml"), "neu");
+
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"q.xml"), &offen));
+    Ordner(u"q.xml");
+    EXPECT_FALSE(AusgabeDatei(Pfad(u"q.xml"), std::move(offen)).Abschliessen());
+    EXPECT_EQ(Anzahl(), 2);
+}
+
+// --- Where there is no file without a name
+
 TEST_F(LinuxTest, OhneNamenloseDateienMitEinemNamenDaneben) {
     Datei(u"alt", "alt");
     Verweis("alt", u"verweis");
@@ -473,6 +564,19 @@ TEST(MeldungAusgeben, GibtDieBytesEinesNamensZurueck) {
                                  "e"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "stra\xDF"
                                                       "e\n");
+}
+
+// The numbers of the two streams are free for what is opened next: the folder and the file.
+TEST_F(LinuxTest, MeldungenOhneStandardausgabenKommenInKeineDatei) {
+    EXPECT_TRUE(ImKind([&] {
+        close(STDOUT_FILENO);
+        close(STDERR_FILENO);
+        AusgabeDatei datei(Pfad(u"p.xml"));
+        MeldungAusgeben("a message");
+        datei.Schreiben("neu");
+        return datei.Abschliessen();
+    }));
+    EXPECT_EQ(Inhalt(u"p.xml"), "neu");
 }
 
 TEST(MeldungAusgeben, OhneStandardfehlerGeschiehtNichts) {

@@ -224,6 +224,27 @@ TEST_F(StoerungTest, DieProbeDerFehlerdateiGelingt) {
     EXPECT_EQ(Anzahl(), 0);
 }
 
+TEST_F(StoerungTest, DieDateiDerProbeWirdDieAusgabe) {
+    EXPECT_TRUE(Gestoert([&] {
+        AusgabeDatei::PlatzZeiger offen;
+        const bool anlegbar = DateiAnlegbar(Pfad(u"p.xml"), &offen);
+        ohneNamenlose = true;
+        AusgabeDatei datei(Pfad(u"p.xml"), std::move(offen));
+        datei.Schreiben("neu");
+        return anlegbar && datei.Abschliessen();
+    }));
+    EXPECT_EQ(Inhalt(u"p.xml"), "neu");
+    EXPECT_EQ(gesehen, (Rufe{"openat", "fstatat", "write", "linkat"}));
+}
+
+// Where it can't be named later, the output is one with a name beside its place.
+TEST_F(StoerungTest, EineProbeDieSichNichtBenennenLaesstBleibtNichtOffen) {
+    ohneProc = true;
+    AusgabeDatei::PlatzZeiger offen;
+    EXPECT_TRUE(DateiAnlegbar(Pfad(u"p.xml"), &offen));
+    EXPECT_EQ(offen, nullptr);
+}
+
 TEST_F(StoerungTest, DieProbeLoeschtNurWasSieAngelegtHat) {
     for (const bool namenlos : {true, false}) {
         ohneNamenlose = !namenlos;
