@@ -17,6 +17,21 @@ std::size_t BesondereSuchen(ByteSicht bytes, std::size_t ab) {
 
 } // namespace
 
+Codetafel::Codetafel() : m_bloecke(1) {
+    for (unsigned char code = 1; code < 0x80; ++code) {
+        Setze(code, code);
+    }
+}
+
+void Codetafel::Setze(char16_t zeichen, unsigned char code) {
+    unsigned char& nummer = m_nummern[zeichen >> 8U];
+    if (nummer == 0) {
+        nummer = static_cast<unsigned char>(m_bloecke.size());
+        m_bloecke.emplace_back();
+    }
+    m_bloecke[nummer][zeichen & 0xFFU] = code;
+}
+
 Zeilenleser::Zeilenleser(Zeilenschnitt& schnitt, std::size_t erste)
     : m_puffer(testDaten.Puffer.data(), testDaten.Puffer.size()), m_zeilen(std::move(schnitt.Zeilen())),
       m_besondere(schnitt.ErsteBesondere()) {
@@ -43,28 +58,20 @@ void Zeilenleser::Naechste() {
 }
 
 void Zeilenleser::SchmalSchreiben(std::span<unsigned char> zeile) {
-    CodesAufbauen();
     m_zeichen.resize(zeile.size());
     const std::span zeichen(m_zeichen.data(), Utf8NachUnicode(zeile, m_zeichen.data()));
-    for (const char16_t eines : zeichen) {
+    for (char16_t& eines : zeichen) {
         if (!CodeVergeben(eines)) {
             const auto von = static_cast<std::size_t>(zeile.data() - m_puffer.data());
             Verbreitern(von);
             BreitSchreiben(von, von + zeile.size() + Zeilenliste::Zeilenende);
             return;
         }
+        eines = m_codes[eines];
     }
-    const auto rest = std::ranges::transform(zeichen, zeile.begin(), [this](char16_t z) { return m_codes[z]; }).out;
+    const auto schmal = [](char16_t code) { return static_cast<unsigned char>(code); };
+    const auto rest = std::ranges::transform(zeichen, zeile.begin(), schmal).out;
     std::fill(rest, zeile.end(), '\r');
-}
-
-void Zeilenleser::CodesAufbauen() {
-    if (m_codes.empty()) {
-        m_codes.resize(1 << 16);
-        for (std::size_t code = 0; code < 0x80; ++code) {
-            m_codes[code] = static_cast<unsigned char>(code);
-        }
-    }
 }
 
 // Sees to it that the character has a code; false when there is none left.
@@ -76,7 +83,7 @@ bool Zeilenleser::CodeVergeben(char16_t zeichen) {
         return false;
     }
     codeseite.Zeichen[m_vergeben] = zeichen;
-    m_codes[zeichen] = static_cast<unsigned char>(m_vergeben++);
+    m_codes.Setze(zeichen, static_cast<unsigned char>(m_vergeben++));
     return true;
 }
 

@@ -5,7 +5,25 @@
 #include "intake/Zeilenschnitt.h"
 #include "state/Zeilenliste.h"
 
+#include <array>
+#include <span>
+#include <vector>
+
 namespace zepholt {
+
+// The codes of a code page by character, 0 for none. A file uses few of the 256 blocks of 256 characters: those that it
+// doesn't use share one and cost nothing.
+class Codetafel {
+public:
+    Codetafel(); // ASCII has its own codes
+
+    unsigned char operator[](char16_t zeichen) const { return m_bloecke[m_nummern[zeichen >> 8U]][zeichen & 0xFFU]; }
+    void Setze(char16_t zeichen, unsigned char code);
+
+private:
+    std::array<unsigned char, 256> m_nummern{}; // into m_bloecke; 0: nothing there
+    std::vector<std::array<unsigned char, 256>> m_bloecke;
+};
 
 // Takes the lines of testDaten.Puffer one by one, as Utf8Modus tells: one byte a column, each line where it stands.
 //
@@ -29,7 +47,6 @@ public:
     Zeilenliste& Zeilen() { return m_zeilen; } // those behind Position() as they stand in the file
 
 private:
-    void CodesAufbauen();
     void SchmalSchreiben(std::span<unsigned char> zeile);
     void BreitSchreiben(std::size_t von, std::size_t bis);
     void Verbreitern(std::size_t bis);
@@ -37,11 +54,11 @@ private:
 
     std::span<unsigned char> m_puffer;
     Zeilenliste m_zeilen;
-    std::size_t m_naechste = 0;         // line
-    std::size_t m_besondere;            // the next byte that a line can't keep as it is
-    std::vector<unsigned char> m_codes; // the code of each character in the file's own code page, 0 for none yet
-    std::size_t m_vergeben = 0x80;      // codes that are taken
-    std::vector<char16_t> m_zeichen;    // room for the line in hand
+    std::size_t m_naechste = 0;      // line
+    std::size_t m_besondere;         // the next byte that a line can't keep as it is
+    Codetafel m_codes;               // the file's own code page
+    std::size_t m_vergeben = 0x80;   // codes that are taken
+    std::vector<char16_t> m_zeichen; // room for the line in hand
 };
 
 } // namespace zepholt

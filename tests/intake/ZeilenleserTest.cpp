@@ -4,6 +4,7 @@
 #include "intake/UTF8_Speicherung.h"
 #include "run/NeuerLauf.h"
 #include "state/TestDaten.h"
+#include "support/HilfsFunktionen.h"
 
 #include <gtest/gtest.h>
 
@@ -151,6 +152,21 @@ TEST(ZeilenleserTest, TheHundredAndTwentyNinthCharacter) {
             EXPECT_EQ(testDaten.BreiterPuffer.empty(), anzahl <= 128);
         }
     }
+}
+
+// 128 blocks of 256 characters give one each to the file, all from the same place; ASCII has a block of its own.
+TEST(ZeilenleserTest, CharactersOfAsManyBlocksAsThereAreCodes) {
+    std::string bytes;
+    std::vector<Text> soll;
+    for (int i = 0; i < 128; ++i) {
+        const char16_t zeichen = static_cast<char16_t>(0x01E4 + 0x100 * i);
+        soll.push_back(u'A' + Text(1, zeichen) + u'B');
+        bytes += Utf8Bytes(soll.back()) + "\r\n";
+    }
+    EXPECT_EQ(Lies(bytes, true), soll);
+    EXPECT_TRUE(testDaten.BreiterPuffer.empty());
+    EXPECT_EQ(Lies(bytes + "\xC3\xA4\r\n", true).back(), u"\u00E4");
+    EXPECT_FALSE(testDaten.BreiterPuffer.empty());
 }
 
 TEST(ZeilenleserTest, AnyBytesAsThePlainDecoderReadsThem) {
