@@ -6,6 +6,8 @@
 #include "state/TestDaten.h"
 #include "state/Verweise.h"
 
+#include <algorithm>
+
 namespace zepholt {
 
 namespace {
@@ -57,7 +59,16 @@ void PruefeKennzeichnung(Feldsicht kennzeichnung) {
 // The variable of this number, made when it is the first time that a line names it.
 VariableEintrag& VariableAnlegen(PositionEintrag& position, std::int32_t nummer) {
     VariableEintrag* const vorhandene = SucheVariable(position, nummer);
-    return vorhandene != nullptr ? *vorhandene : sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = nummer});
+    return vorhandene != nullptr
+               ? *vorhandene
+               : sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = static_cast<std::uint8_t>(nummer)});
+}
+
+// Numbers of lines have two digits: a variable has no more than a hundred. Most of them ascend, and the highest tells.
+bool HatZeile(const VariableEintrag& variable, std::int32_t nummer) {
+    return nummer <= variable.HoechsteZeile &&
+           std::ranges::any_of(sia451Datei.Variablenzeilen.Von(variable.Zeilen),
+                               [nummer](const VariablenzeileEintrag& zeile) { return zeile.Nummer == nummer; });
 }
 
 // G3:24d. `variable` as it stands before this line.
@@ -160,11 +171,10 @@ void PruefeG3() {
 
     // The variable stays, also when its line is refused.
     VariableEintrag& variable = VariableAnlegen(*ort->Eintrag, satz.Variable);
-    const auto zeile = static_cast<std::size_t>(satz.Zeile);
-    if (variable.Zeilennummern[zeile]) {
+    if (HatZeile(variable, satz.Zeile)) {
         return FehlerMelden(4303);
     }
-    if (satz.Zeile != 1 && !variable.Zeilennummern[1]) {
+    if (satz.Zeile != 1 && !variable.HatErsteZeile) {
         FehlerMelden(4304);
     }
     if (NeueSchnittstelle() && !satz.AlternativCode.empty()) {
@@ -173,8 +183,10 @@ void PruefeG3() {
     PruefeEinfuegepunkt(variable, satz.Einfuegepunkt);
     PruefeKennzeichnung(satz.Kennzeichnung);
 
-    variable.Einfuegepunkt = satz.Einfuegepunkt; // also with 0: the checks that follow see the last line only
-    variable.Zeilennummern.set(zeile);
+    // Also with 0: the checks that follow see the last line only.
+    variable.Einfuegepunkt = static_cast<std::uint8_t>(satz.Einfuegepunkt);
+    variable.HoechsteZeile = std::max(variable.HoechsteZeile, static_cast<std::uint8_t>(satz.Zeile));
+    variable.HatErsteZeile = variable.HatErsteZeile || satz.Zeile == 1;
     sia451Datei.Variablenzeilen.Anfuegen(variable.Zeilen, {.Zeile = testDaten.ZeilenNr, .Nummer = satz.Zeile});
 }
 

@@ -91,10 +91,11 @@ struct VariablenzeileEintrag {
 };
 
 struct VariableEintrag {
-    std::int32_t Nummer = 0;             // G3:4, 0 is the fixed text of the position
-    std::int32_t Einfuegepunkt = 0;      // G3:24d of the last stored line only
-    Kette Zeilen = {};                   // in sia451Datei.Variablenzeilen
-    std::bitset<100> Zeilennummern = {}; // the values of Nummer in Zeilen
+    std::uint8_t Nummer = 0;        // G3:4, 0 to 99; 0 is the fixed text of the position
+    std::uint8_t Einfuegepunkt = 0; // G3:24d of the last stored line only, 0 to 99
+    std::uint8_t HoechsteZeile = 0; // the highest Nummer in Zeilen
+    bool HatErsteZeile = false;     // a Nummer in Zeilen is 1
+    Kette Zeilen = {};              // in sia451Datei.Variablenzeilen
 };
 
 struct PositionEintrag {
@@ -105,7 +106,7 @@ struct PositionEintrag {
     bool HatPreisVorzeichen = false; // G5:18 was not empty
     Kette Variablen;                 // in sia451Datei.Variablen
     Kette Mengen;                    // in sia451Datei.Mengen
-    std::bitset<100> Reihenfolgen;   // the orders of its assignments or quantities; no position has both
+    std::int32_t Reihenfolgen = -1;  // place in sia451Datei.Reihenfolgen, -1 while it has no order
 };
 
 struct KapitelEintrag {
@@ -242,6 +243,7 @@ struct SIA451Datei {
     Kettenglieder<VariableEintrag> Variablen;
     Kettenglieder<VariablenzeileEintrag> Variablenzeilen;
     Kettenglieder<MengeEintrag> Mengen;
+    std::deque<std::bitset<100>> Reihenfolgen; // of a position's assignments or quantities (none has both), 1 to 99
     NummernIndex KapitelNachNummer;
     Kapitelnummerntexte TexteDerKapitel;
     LetzterOrt ZuletztGesucht;

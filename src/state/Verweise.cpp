@@ -40,6 +40,13 @@ void Nachfuehren(VerweisIndex& index, const Kette& mengen) {
     index.Gelesen = mengen;
 }
 
+// --- Order values
+
+// Those of a position that has some.
+std::bitset<100>& ReihenfolgenVon(const PositionEintrag& position) {
+    return sia451Datei.Reihenfolgen[static_cast<std::size_t>(position.Reihenfolgen)];
+}
+
 // --- Running numbers
 
 // The place of a running number in Laufnummern. New interface: its value, when that is a whole number that digits can
@@ -133,11 +140,18 @@ bool HatMengeMit(std::int32_t kapitel, std::int32_t position, const Verweissatz&
 }
 
 bool ReihenfolgeVergeben(const PositionEintrag& position, std::int32_t reihenfolge) {
-    return reihenfolge != 0 && position.Reihenfolgen.test(static_cast<std::size_t>(reihenfolge));
+    return position.Reihenfolgen != -1 && ReihenfolgenVon(position).test(static_cast<std::size_t>(reihenfolge));
 }
 
 void ReihenfolgeMerken(PositionEintrag& position, std::int32_t reihenfolge) {
-    position.Reihenfolgen.set(static_cast<std::size_t>(reihenfolge));
+    if (reihenfolge == 0) {
+        return;
+    }
+    if (position.Reihenfolgen == -1) {
+        position.Reihenfolgen = static_cast<std::int32_t>(sia451Datei.Reihenfolgen.size());
+        sia451Datei.Reihenfolgen.emplace_back();
+    }
+    ReihenfolgenVon(position).set(static_cast<std::size_t>(reihenfolge));
 }
 
 bool LaufnummerVergeben(Feldsicht nummer) {

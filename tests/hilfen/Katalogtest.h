@@ -81,8 +81,9 @@ protected:
 
     // `einfuegepunkt` is that of the last line.
     void Variable(std::int32_t nummer, const std::vector<Zeilentext>& zeilen = {}, std::int32_t einfuegepunkt = 0) {
-        VariableEintrag& variable = sia451Datei.Variablen.Anfuegen(LetztePosition().Variablen, {.Nummer = nummer});
-        variable.Einfuegepunkt = einfuegepunkt;
+        VariableEintrag& variable =
+            sia451Datei.Variablen.Anfuegen(LetztePosition().Variablen, {.Nummer = static_cast<std::uint8_t>(nummer)});
+        variable.Einfuegepunkt = static_cast<std::uint8_t>(einfuegepunkt);
         for (const auto& [zeile, text] : zeilen) {
             sia451Datei.Variablenzeilen.Anfuegen(variable.Zeilen, {.Zeile = testDaten.ZeilenAnzahl, .Nummer = zeile});
             m_zeilen.Anfuegen(Zeile(u"G3", {{93, text}}));

@@ -1,6 +1,10 @@
 // Chapters, positions and variable lines: what each reports, what it leaves in the tree.
 #include "items/Positionstest.h"
 #include "state/Verweise.h"
+#include "support/HilfsFunktionen.h"
+
+#include <random>
+#include <set>
 
 namespace zepholt {
 namespace {
@@ -358,6 +362,25 @@ TEST_F(PruefeG3Test, ALineStandsOnlyOnceInItsVariable) {
         EXPECT_EQ(Variable().Einfuegepunkt, 7);
         Erwarte(PruefeG3, Satz(u"111001", u"06", u"01"), {}); // the same line of another variable
         Erwarte(PruefeG3, Satz(u"111001", u"05", u"02"), {});
+    }
+}
+
+// All hundred numbers, in any order, and again: against what has come so far.
+TEST_F(PruefeG3Test, LinesInAnyOrder) {
+    std::mt19937 zufall(31);
+    std::uniform_int_distribution<std::int32_t> nummern(0, 99);
+    BeginneMitPosition(Neu);
+    std::set<std::int32_t> bisher;
+    while (bisher.size() < 100) {
+        const std::int32_t nummer = nummern(zufall);
+        const Text zeile = ZahlText(100 + nummer).substr(1);
+        if (!bisher.insert(nummer).second) {
+            Erwarte(PruefeG3, Satz(u"111001", u"05", zeile), {{4303}});
+        } else if (bisher.contains(1)) {
+            Erwarte(PruefeG3, Satz(u"111001", u"05", zeile), {});
+        } else {
+            Erwarte(PruefeG3, Satz(u"111001", u"05", zeile), {{4304}});
+        }
     }
 }
 

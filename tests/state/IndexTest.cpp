@@ -9,8 +9,10 @@
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <iterator>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace zepholt {
 namespace {
@@ -108,13 +110,44 @@ TEST_F(IndexTest, NumbersOfTheWholeRange) {
     EXPECT_EQ(index.Finde(liste, 1), -1);
 }
 
+TEST_F(IndexTest, ListsOfOneStore) {
+    struct Liste {
+        Kette Jetzt;
+        std::vector<Kette> Frueher = {{}};
+        std::vector<std::int32_t> Soll;
+    };
+    Kettenglieder<std::int32_t> vorrat;
+    std::array<Liste, 3> listen;
+    const auto alle = [](auto folge) {
+        std::vector<std::int32_t> zahlen;
+        std::ranges::copy(folge, std::back_inserter(zahlen));
+        return zahlen;
+    };
+    for (std::int32_t schritt = 0; schritt < 100; ++schritt) {
+        Liste& liste = listen[static_cast<std::size_t>(Zahl(0, 2))];
+        ASSERT_EQ(vorrat.Anfuegen(liste.Jetzt, schritt), schritt);
+        liste.Frueher.push_back(liste.Jetzt);
+        liste.Soll.push_back(schritt);
+        ASSERT_EQ(vorrat.LetztesVon(liste.Jetzt), schritt);
+        for (const Liste& eine : listen) {
+            ASSERT_EQ(alle(std::as_const(vorrat).Von(eine.Jetzt)), eine.Soll);
+            for (std::size_t damals = 0; damals < eine.Frueher.size(); ++damals) {
+                const auto ab = eine.Soll.begin() + static_cast<std::ptrdiff_t>(damals);
+                ASSERT_EQ(alle(vorrat.Seit(eine.Frueher[damals], eine.Jetzt)),
+                          std::vector<std::int32_t>(ab, eine.Soll.end()));
+            }
+        }
+    }
+}
+
 TEST_F(IndexTest, Variables) {
     PositionEintrag& position = sia451Datei.DokumentKapitel.emplace_back().Positionen.emplace_back();
     std::vector<VariableEintrag*> variablen;
     for (std::int32_t schritt = 0; schritt < 300; ++schritt) {
         const std::int32_t nummer = Zahl(0, 20);
         if (Zahl(0, 3) == 0) {
-            variablen.push_back(&sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = nummer}));
+            variablen.push_back(
+                &sia451Datei.Variablen.Anfuegen(position.Variablen, {.Nummer = static_cast<std::uint8_t>(nummer)}));
         }
         const std::int32_t erste = Erster(variablen, [nummer](const auto* v) { return v->Nummer == nummer; });
         ASSERT_EQ(SucheVariable(position, nummer), erste == -1 ? nullptr : variablen[static_cast<std::size_t>(erste)]);
