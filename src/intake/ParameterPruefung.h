@@ -18,7 +18,8 @@ std::int32_t ParameterPruefen(std::span<const Text> argumente);
 // the language.
 bool StilleVerlangt(std::span<const Text> argumente);
 
-// True when Fehlerdatei can't be created. No file is left behind.
+// True when Fehlerdatei can't be created. No file is left behind; what the trial made without a name stays open in
+// testDaten.Protokollplatz.
 bool FehlerdateiNichtAnlegbar();
 
 } // namespace zepholt
