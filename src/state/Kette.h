@@ -56,7 +56,6 @@ class Kettenglieder {
             ++*this;
             return bisher;
         }
-        bool operator==(const Zeiger& anderer) const { return m_platz == anderer.m_platz; }
         bool operator==(std::default_sentinel_t /*ende*/) const { return m_platz == -1; }
 
     private:

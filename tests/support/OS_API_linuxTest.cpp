@@ -292,6 +292,26 @@ TEST_F(LinuxTest, EinGetoeteterLaufHinterlaesstNichts) {
     }
 }
 
+// What stands there counts, not what the working folder holds.
+TEST_F(LinuxTest, DerObersteOrdner) {
+    EXPECT_TRUE(ImKind([&] { return chdir(Bytes(u"").c_str()) == 0 && !DateiAnlegbar(u"/etc"); }));
+}
+
+TEST_F(LinuxTest, EinOrdnerDerDenNamenNimmtIstEinFehlschlag) {
+    for (const bool namenlos : {true, false}) {
+        EXPECT_TRUE(ImKind([&] {
+            if (!namenlos) {
+                NamenloseVerbieten();
+            }
+            AusgabeDatei datei(Pfad(u"p.xml"));
+            datei.Schreiben("neu");
+            Ordner(u"p.xml");
+            return !datei.Abschliessen() && Anzahl() == 1;
+        }));
+        EXPECT_TRUE(std::filesystem::remove(System(u"p.xml")));
+    }
+}
+
 // --- The file of the trial becomes the output
 
 // True where the output goes on with the trial's file: no other file without a name is to be had by then.
@@ -527,13 +547,23 @@ TEST_F(LinuxTest, EinVergebenerNameDanebenWirdUebergangen) {
     EXPECT_EQ(Anzahl(), 2);
 }
 
+// All may read and write it but whom the caller's mask forbids to.
 TEST_F(LinuxTest, RechteEinerNeuenDatei) {
-    const mode_t maske = umask(027);
-    EXPECT_TRUE(AusgabeDatei(Pfad(u"a")).Abschliessen());
-    umask(maske);
-    struct stat angaben {};
-    ASSERT_EQ(stat(Bytes(u"a").c_str(), &angaben), 0);
-    EXPECT_EQ(angaben.st_mode & 0777U, 0640U);
+    for (const bool namenlos : {true, false}) {
+        for (const mode_t maske : {mode_t{0}, mode_t{027}}) {
+            EXPECT_TRUE(ImKind([&] {
+                umask(maske);
+                if (!namenlos) {
+                    NamenloseVerbieten();
+                }
+                return AusgabeDatei(Pfad(u"p.xml")).Abschliessen();
+            }));
+            struct stat angaben {};
+            EXPECT_EQ(stat(Bytes(u"p.xml").c_str(), &angaben), 0);
+            EXPECT_EQ(angaben.st_mode & 07777U, 0666U & ~maske) << namenlos;
+            std::filesystem::remove(System(u"p.xml"));
+        }
+    }
 }
 
 // The child starts this program anew; what the parent has drawn reaches it by the environment.
