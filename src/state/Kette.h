@@ -95,9 +95,11 @@ public:
 
     // The entries of a list behind those that it had when it was as `frueher`.
     auto Seit(const Kette& frueher, const Kette& kette) const {
+        if (frueher.empty()) {
+            return Von(kette);
+        }
         const bool gewachsen = frueher.Letztes != kette.Letztes;
-        return Folge<const Vorrat>(m_glieder, frueher.empty() ? kette.Letztes : frueher.Letztes,
-                                   gewachsen ? kette : Kette());
+        return Folge<const Vorrat>(m_glieder, frueher.Letztes, gewachsen ? kette : Kette());
     }
 
     // The last entry of a list that is not empty.

@@ -278,25 +278,26 @@ TEST_F(VLTKatalog, JedesLadenLiestNeu) {
     EXPECT_TRUE(FindeH(222));
 }
 
+// What a damaged chapter tells as it ends the run; empty when it doesn't end it.
+std::string MeldungBeimLaden() {
+    try {
+        LadeKapitel(241, 2013, 1);
+    } catch (const LaufzeitFehler& fehler) {
+        return fehler.what();
+    }
+    return {};
+}
+
 TEST_F(VLTKatalog, BeschaedigterKopfBeendetDenLauf) {
     ImOrdner("N131241.qvm", "CF11abcd");
-    try {
-        LadeKapitel(241, 2013, 1);
-        FAIL();
-    } catch (const LaufzeitFehler& fehler) {
-        const std::string meldung = fehler.what();
-        EXPECT_NE(meldung.find("N131241.qvm"), std::string::npos) << meldung;
-        EXPECT_NE(meldung.find("head"), std::string::npos) << meldung;
-    }
+    const std::string imOrdner = MeldungBeimLaden();
+    EXPECT_NE(imOrdner.find("N131241.qvm"), std::string::npos) << imOrdner;
+    EXPECT_NE(imOrdner.find("head"), std::string::npos) << imOrdner;
+
     AlsSammeldatei(Kopf(2013, 1, 241, 30));
-    try {
-        LadeKapitel(241, 2013, 1);
-        FAIL();
-    } catch (const LaufzeitFehler& fehler) {
-        const std::string meldung = fehler.what();
-        EXPECT_NE(meldung.find("sammel.vlt"), std::string::npos) << meldung;
-        EXPECT_NE(meldung.find("table"), std::string::npos) << meldung;
-    }
+    const std::string alsSammeldatei = MeldungBeimLaden();
+    EXPECT_NE(alsSammeldatei.find("sammel.vlt"), std::string::npos) << alsSammeldatei;
+    EXPECT_NE(alsSammeldatei.find("table"), std::string::npos) << alsSammeldatei;
 }
 
 // A path in such a message: a character that is no byte stands as a question mark.
@@ -305,13 +306,8 @@ TEST_F(VLTKatalog, MeldungMitZeichenDieKeinByteSind) {
     std::filesystem::create_directories(ordner);
     testDaten.Katalog = ordner.u16string();
     std::ofstream(ordner / "N131241.qvm") << "CF11abcd";
-    try {
-        LadeKapitel(241, 2013, 1);
-        FAIL();
-    } catch (const LaufzeitFehler& fehler) {
-        const std::string meldung = fehler.what();
-        EXPECT_NE(meldung.find("k\xE4?"), std::string::npos) << meldung;
-    }
+    const std::string meldung = MeldungBeimLaden();
+    EXPECT_NE(meldung.find("k\xE4?"), std::string::npos) << meldung;
 }
 
 // --- The bar ---------------------------------------------------------------------------------------------------------
